@@ -1,0 +1,3 @@
+#include "kxgui/frame/ModuleEntry.h"
+
+void _Init_ZEL_CAD_CTRLdll() {}
