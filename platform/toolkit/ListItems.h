@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/Export.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tv::ui {
+
+// What is drawn before an item's text.
+struct Swatch {
+    std::optional<std::uint32_t> rgb;   // 0xRRGGBB, a filled square
+    std::vector<double> dashes;         // a linetype sample: lengths, negative for gaps, 0 for dots
+    double lineWidth = 0;               // a lineweight sample, in millimetres
+    friend bool operator==(const Swatch&, const Swatch&) = default;
+    bool empty() const { return !rgb && dashes.empty() && lineWidth == 0; }
+};
+
+struct ListItem {
+    std::wstring text;
+    std::uintptr_t data = 0;
+    Swatch swatch;
+};
+
+// The items a combo box or a list box holds. Searches follow the list controls' habits: they start after the item
+// `start` (-1: from the first), wrap around and ignore case.
+class KXPLATFORM_EXPORT ListItems {
+  public:
+    int count() const { return static_cast<int>(m_items.size()); }
+    bool valid(int index) const { return index >= 0 && index < count(); }
+    const ListItem& at(int index) const { return m_items[static_cast<std::size_t>(index)]; }
+    ListItem& at(int index) { return m_items[static_cast<std::size_t>(index)]; }
+    int insert(int index, std::wstring_view text); // index -1 or past the end: appended
+    bool erase(int index);
+    void clear() { m_items.clear(); }
+    int findPrefix(int start, std::wstring_view prefix) const;
+    int findExact(int start, std::wstring_view text) const;
+    int findData(std::uintptr_t data) const;
+    std::vector<std::wstring> texts() const;
+
+  private:
+    std::vector<ListItem> m_items;
+};
+
+} // namespace tv::ui

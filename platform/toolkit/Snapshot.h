@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/toolkit/Rect.h"
+#include "platform/toolkit/Wnd.h"
+
+#include <optional>
+
+namespace tv::ui {
+
+// What can be said of a control without seeing it.
+struct ControlSnapshot {
+    std::string name;
+    ControlKind kind{};
+    std::wstring label; // the accessible name
+    std::wstring text;
+    bool enabled = true, visible = true, focused = false, isDefault = false;
+    std::optional<int> checked;
+    std::optional<std::string> icon;
+    std::optional<std::vector<std::wstring>> items;
+    std::optional<std::vector<int>> selection;
+    std::optional<std::vector<std::wstring>> columns;
+    std::optional<int> rowCount;
+    std::vector<std::vector<std::wstring>> rows; // from firstRow on
+    int firstRow = 0;
+    int wantedFirst = 0, wantedCount = 20; // in: the range of rows to describe
+    std::vector<ControlSnapshot> children; // of pages and tabs
+};
+
+struct DialogSnapshot {
+    std::string templateName;
+    std::wstring title;
+    CSize size;
+    std::vector<ControlSnapshot> controls;
+};
+
+// Rows of lists are given for [firstRow, firstRow + rowCount).
+KXPLATFORM_EXPORT DialogSnapshot snapshot(const CDialog& dialog, int firstRow = 0, int rowCount = 20);
+// One control a line, for people: failure messages and box texts.
+KXPLATFORM_EXPORT std::string toText(const DialogSnapshot& snapshot);
+
+} // namespace tv::ui

@@ -1,0 +1,118 @@
+#pragma once
+
+#include "platform/Export.h"
+#include "platform/toolkit/Rect.h"
+#include "platform/toolkit/UserAction.h"
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+class CWnd;
+class CDialog;
+
+namespace tv::ui {
+
+// What changed in a window, for the face that shows it.
+enum class Change { text, enabled, visible, rect, items, selection, checked, focus, tooltip, look, label, editing };
+
+// A piece of work that waits for its time. Destroying or re-arming the handle cancels it.
+class KXPLATFORM_EXPORT Timer {
+  public:
+    struct Task {
+        std::function<void()> work; // empty once it ran or was cancelled
+        void run();
+    };
+
+    Timer() = default;
+    explicit Timer(std::shared_ptr<Task> task) : m_task(std::move(task)) {}
+    Timer(Timer&&) noexcept = default;
+    Timer& operator=(Timer&& other) noexcept;
+    ~Timer() { cancel(); }
+
+    bool pending() const { return m_task && m_task->work; }
+    void cancel();
+
+  private:
+    std::shared_ptr<Task> m_task;
+};
+
+// The program waits for a person: in a modal window, for a point in the drawing, or for the next command.
+struct Waiting {
+    CDialog* dialog = nullptr;                           // the modal window, null for the other two
+    std::wstring prompt;                                 // what is asked for, when not a window
+    std::function<bool()> done;                          // true ends the wait
+    std::function<UserResult(const UserAction&)> supply; // answers a request other than a window's; may be empty
+};
+
+// Whoever decides what happens next while the program waits: a test's simulated user or an automation pipe. Without one
+// the face waits for the person in front of it.
+class KXPLATFORM_EXPORT Driver {
+  public:
+    virtual ~Driver() = default;
+    // Called when nothing else is due. Returns false when it has nothing to do for now (a face with an event loop then
+    // sleeps until Toolkit::wake; the headless face treats it as a lost user and ends the wait).
+    virtual bool step(Waiting& waiting) = 0;
+    // The wait can never end: nobody is there to act. Called by the headless face before it ends the window.
+    virtual void lost(Waiting& waiting) = 0;
+};
+
+// The seam between windows and whatever shows them. Windows own their state; a face observes it through `changed` and
+// reports a person's actions through the windows' user path. One toolkit is current at a time; the newest one made
+// takes over and its destruction gives the place back.
+class KXPLATFORM_EXPORT Toolkit {
+  public:
+    Toolkit();
+    virtual ~Toolkit();
+    Toolkit(const Toolkit&) = delete;
+    Toolkit& operator=(const Toolkit&) = delete;
+
+    static Toolkit* current();
+
+    // --- time -----------------------------------------------------------------------------------------------------
+    [[nodiscard]] Timer after(std::chrono::milliseconds delay, std::function<void()> work);
+    // Runs after everything already posted, never inside the event that asked for it.
+    [[nodiscard]] Timer post(std::function<void()> work) { return after(std::chrono::milliseconds(0), std::move(work)); }
+    // As post, for work that outlives its asker.
+    void postDetached(std::function<void()> work);
+    virtual std::chrono::milliseconds now() const = 0;
+
+    // --- windows --------------------------------------------------------------------------------------------------
+    // Shows `dialog` above all others and returns when it has ended.
+    void runModal(CDialog& dialog);
+    // Runs the loop until waiting.done().
+    virtual void wait(Waiting& waiting) = 0;
+    // Modal windows, the topmost last. A window that got out of the way (hidden for a pick) stays in the list.
+    const std::vector<CDialog*>& modalStack() const { return m_modal; }
+    // The window a person can act on: the topmost one, null when there is none or it is hidden.
+    CDialog* topmost() const;
+    // Where windows may be placed.
+    virtual CRect workArea() const { return {0, 0, 1920, 1040}; }
+
+    // --- told by windows ------------------------------------------------------------------------------------------
+    virtual void changed(CWnd& wnd, Change change) = 0;
+    virtual void show(CDialog& dialog) = 0;
+    virtual void hide(CDialog& dialog) = 0;
+
+    // --- the rest of the desk -------------------------------------------------------------------------------------
+    virtual void setClipboardText(const std::wstring& text) = 0;
+    virtual std::wstring clipboardText() const = 0;
+    virtual const char* name() const = 0; // "headless" or "qt"
+
+    void setDriver(Driver* driver) { m_driver = driver; } // not owned; null: a person
+    Driver* driver() const { return m_driver; }
+    // The driver has something to do again.
+    virtual void wake() {}
+
+  protected:
+    virtual void schedule(std::chrono::milliseconds delay, std::shared_ptr<Timer::Task> task) = 0;
+
+  private:
+    Toolkit* m_previous;
+    std::vector<CDialog*> m_modal;
+    Driver* m_driver = nullptr;
+};
+
+} // namespace tv::ui

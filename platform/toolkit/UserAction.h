@@ -1,0 +1,80 @@
+#pragma once
+
+#include "platform/Export.h"
+
+#include <string>
+#include <vector>
+
+namespace tv::ui {
+
+enum class Key {
+    none,
+    character, // KeyEvent::ch holds it
+    enter,
+    escape,
+    tab,
+    space,
+    backspace,
+    del,
+    left,
+    right,
+    up,
+    down,
+    home,
+    end,
+    pageUp,
+    pageDown,
+    f1,
+    f2
+};
+
+struct KeyEvent {
+    Key key = Key::none;
+    wchar_t ch = 0; // the character, upper case for letters pressed with Ctrl or Alt
+    bool ctrl = false, alt = false, shift = false;
+};
+
+// "Ctrl+C", "Alt+P", "Shift+Tab", "Enter", "F1", "a". Key::none when the text names no key.
+KXPLATFORM_EXPORT KeyEvent parseKey(std::wstring_view text);
+
+// What a person can do to a window. Which fields count depends on the kind.
+struct UserAction {
+    enum class Kind {
+        click,
+        type,        // text replaces what the control shows
+        choose,      // index, or text when index is -1
+        check,       // checked: 0, 1, 2 (mixed)
+        selectRows,  // rows
+        cell,        // row, column, cell (and text to edit)
+        header,      // column
+        treeSelect,  // path
+        treeExpand,  // path, checked
+        treeRename,  // path, text
+        treeMenu,    // path
+        menu,        // text: the entry of the open context menu
+        key,         // keyEvent
+        point,       // x, y, z in drawing units
+        closeBox
+    };
+    enum class Cell { click, doubleClick, edit, cancel };
+
+    Kind kind = Kind::click;
+    std::wstring text;
+    int index = -1;
+    int checked = 0;
+    int row = -1, column = -1;
+    Cell cell = Cell::click;
+    std::vector<int> rows;
+    std::vector<std::wstring> path; // texts of the tree items from the root down
+    KeyEvent keyEvent;
+    double x = 0, y = 0, z = 0;
+};
+
+// Whether a person's action was carried out. A refusal changes nothing and says in one sentence why.
+struct [[nodiscard]] UserResult {
+    std::wstring refusal;
+    explicit operator bool() const { return refusal.empty(); }
+    static UserResult done() { return {}; }
+};
+
+} // namespace tv::ui
