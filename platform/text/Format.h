@@ -12,7 +12,8 @@
 namespace tv::text {
 
 namespace detail {
-KXPLATFORM_EXPORT std::wstring vformat(std::wstring_view format, fmt::basic_format_args<fmt::wprintf_context> args);
+KXPLATFORM_EXPORT std::wstring vformat(std::wstring_view format,
+                                       fmt::basic_format_args<fmt::wprintf_context> args);
 
 // What a printf argument is passed as: any text as a view of it, everything else by value.
 template <class T>
@@ -26,9 +27,11 @@ auto printable(const T& value) {
 }
 } // namespace detail
 
-// Fills a printf-style format: %d %u %x %s %c %f %e %g with flags, width and precision, and %%. Length modifiers
-// ("%lg", "%ls") are accepted and change nothing. Never depends on the process locale and never throws: a format that
-// does not fit its arguments gives the format itself, so that a faulty translation still shows as text.
+// Fills a printf-style format: %d %u %x %s %c %f %e %g with flags, width and precision, and %%. Length
+// modifiers
+// ("%lg", "%ls") are accepted and change nothing. Never depends on the process locale and never throws: a
+// format that does not fit its arguments gives the format itself, so that a faulty translation still shows as
+// text.
 template <class... Args>
 std::wstring format(std::wstring_view pattern, const Args&... args) {
     auto store = [&](const auto&... values) {

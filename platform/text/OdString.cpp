@@ -55,7 +55,8 @@ OdString& OdString::trimRight() {
 int OdString::replace(std::wstring_view what, std::wstring_view with) {
     if (what.empty()) return 0;
     int count = 0;
-    for (std::size_t at = m_text.find(what); at != std::wstring::npos; at = m_text.find(what, at + with.size())) {
+    for (std::size_t at = m_text.find(what); at != std::wstring::npos;
+         at = m_text.find(what, at + with.size())) {
         m_text.replace(at, what.size(), with);
         ++count;
     }

@@ -6,6 +6,7 @@
 #include <compare>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 
 // Wide text (one wchar_t per Unicode code point). A value type: copies are independent.
@@ -16,6 +17,12 @@ class KXPLATFORM_EXPORT OdString {
     OdString(const wchar_t* text) : m_text(text ? text : L"") {}
     OdString(std::wstring text) : m_text(std::move(text)) {}
     OdString(std::wstring_view text) : m_text(text) {}
+    // Anything that is a text both ways (VORD_ResourceString), so that neither conversion is preferred.
+    template <class T>
+    requires(std::is_class_v<T>&& std::is_convertible_v<const T&, const wchar_t*>&&
+                 std::is_convertible_v<const T&, std::wstring_view> &&
+             !std::is_base_of_v<OdString, T>) OdString(const T& text)
+        : m_text(static_cast<std::wstring_view>(text)) {}
     // ASCII only: anything else goes through tv::text::fromUtf8 or a code page.
     explicit OdString(const char* ascii);
 
@@ -64,7 +71,9 @@ class KXPLATFORM_EXPORT OdString {
     friend OdString operator+(OdString a, std::wstring_view b) { return a += b; }
     friend bool operator==(const OdString& a, const OdString& b) { return a.m_text == b.m_text; }
     friend bool operator==(const OdString& a, const wchar_t* b) { return a.m_text == b; }
-    friend std::strong_ordering operator<=>(const OdString& a, const OdString& b) { return a.m_text <=> b.m_text; }
+    friend std::strong_ordering operator<=>(const OdString& a, const OdString& b) {
+        return a.m_text <=> b.m_text;
+    }
 
   private:
     std::wstring m_text;

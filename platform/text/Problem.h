@@ -20,10 +20,10 @@ enum ErrorStatus {
     eWasErased,       // the object no longer exists
     eNoDatabase,      // there is no drawing to work on
     eFileNotFound,
-    eFileAccess,      // the file exists but can't be read or written
-    eBadFile,         // the file's contents are damaged
-    eNotHandled,      // this default does not offer the service
-    eCancelled        // the user ended the request
+    eFileAccess, // the file exists but can't be read or written
+    eBadFile,    // the file's contents are damaged
+    eNotHandled, // this default does not offer the service
+    eCancelled   // the user ended the request
 };
 
 } // namespace Tavo

@@ -91,7 +91,8 @@ std::wstring toLower(std::wstring_view text) { return fromIcu(toIcu(text).toLowe
 std::wstring foldCase(std::wstring_view text) {
     if (isAscii(text)) {
         std::wstring out(text);
-        for (wchar_t& c : out) c = asciiFold(c);
+        for (wchar_t& c : out)
+            c = asciiFold(c);
         return out;
     }
     return fromIcu(toIcu(text).foldCase());

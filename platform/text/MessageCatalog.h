@@ -1,0 +1,66 @@
+#pragma once
+
+#include "platform/Export.h"
+#include "platform/text/MessageFile.h"
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+namespace tv::text {
+
+// Wide texts that never move and are never given back; each distinct text is kept once.
+class KXPLATFORM_EXPORT TextPool {
+  public:
+    const wchar_t* keep(std::wstring text) { return m_texts.insert(std::move(text)).first->c_str(); }
+
+  private:
+    std::unordered_set<std::wstring> m_texts;
+};
+
+// The texts of several message files under (section, key). The bytes of the files are kept; a text is made wide
+// the first time it is asked for and then lives in the pool, beyond the catalogue. One open-addressed index
+// over views of the bytes: loading allocates next to nothing and a lookup touches one slot and one key.
+class KXPLATFORM_EXPORT MessageCatalog {
+  public:
+    explicit MessageCatalog(TextPool& pool) : m_pool(&pool) {}
+
+    // Adds a file's texts; where an earlier file has the key too, the later file counts.
+    void add(std::string bytes, const std::function<void(MessageFault, std::int64_t line)>& onFault);
+
+    // The text, or null. Plain keys are in section "".
+    const wchar_t* find(std::string_view section, std::string_view key);
+
+    std::size_t size() const { return m_entries.size(); }
+
+  private:
+    struct Entry {
+        std::string_view key, text;
+        const wchar_t* wide;
+        std::uint32_t section, file;
+    };
+    struct Slot {
+        std::uint32_t hash = 0;
+        std::uint32_t entry = 0; // index + 1 into m_entries; 0 for a free slot
+    };
+
+    Slot& slotFor(std::uint32_t hash, std::uint32_t section, std::string_view key);
+    void reserve(std::size_t count);
+    bool insert(const MessageLine& line);
+    std::uint32_t sectionNumber(std::string_view name);
+
+    TextPool* m_pool;
+    std::deque<std::string> m_files;
+    std::unordered_map<std::string_view, std::uint32_t> m_sections; // "" is 0 and not listed
+    std::string_view m_lastSection;
+    std::uint32_t m_lastSectionNumber = 0;
+    std::vector<Entry> m_entries;
+    std::vector<Slot> m_slots;
+};
+
+} // namespace tv::text
