@@ -16,6 +16,7 @@ struct AngleOptions {
     bool clockwise = false; // angles grow clockwise (ANGDIR 1)
     bool normalize = false; // show within one full turn: 0 <= angle < 360 degrees
     int dimzin = 0;         // +1 drops leading zeros, +2 trailing zeros of the decimals: the values of DIMAZIN
+    int unitmode = 0;       // 1 shows bearings as they can be typed, without blanks (the values of UNITMODE)
 };
 
 // Shows an angle given in radians, counter-clockwise from east.
@@ -31,10 +32,11 @@ KXPLATFORM_EXPORT std::wstring formatAngle(double radians, int aunits, int preci
                                            const AngleOptions& options = {});
 
 // Reads an angle as a CAD user types it and answers radians counter-clockwise from east: 45, 45d,
-// 45d30'15", 45.5d, 45°30', 50g, 0.785r, N45d30'E, N 45 E, N, W. A number without a mark is in the unit type
-// given (surveyor's and deg/min/sec: degrees). Marks and letters in either case, blanks free. Nothing when the
-// text is no such thing, minutes or seconds reach 60, a bearing exceeds 90 degrees, or anything follows. The
-// base angle and the direction of the options are applied the other way round than by formatAngle.
+// 45d30'15", 45.5d, 45d30 (minutes), 50g, 0.785r, N45d30'E, N 45 E, N, W. A number without a mark is in the
+// unit type given (degrees for deg/min/sec and surveyor's). Letters in either case, blanks between the parts
+// are free, a sign stands in front. Nothing when the text is no such thing, minutes or seconds reach 60, only
+// the last part may have decimals and another has, a bearing exceeds 90 degrees, or anything follows. The base
+// angle and the direction of the options are applied the other way round than by formatAngle.
 KXPLATFORM_EXPORT std::optional<double> parseAngle(std::wstring_view text, int aunits,
                                                    const AngleOptions& options = {});
 
