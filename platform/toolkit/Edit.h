@@ -28,7 +28,6 @@ class KXPLATFORM_EXPORT CEdit : public CWnd {
     tv::ui::UserResult userType(std::wstring_view text);
     tv::ui::UserResult perform(const tv::ui::UserAction& action) override;
     bool controlKey(const tv::ui::KeyEvent& key) override;
-    void describe(tv::ui::ControlSnapshot& out) const override;
     void OnSetFocus() override;
     void OnKillFocus() override;
 

@@ -127,8 +127,6 @@ class KXPLATFORM_EXPORT CWnd {
     void takeFocus(); // as a click does, before the handler
     void setTextSilently(std::wstring_view text) { m_text = text; }
 
-    // The object behind posted messages: they die with it.
-    std::shared_ptr<void> lifetime() const { return m_lifetime; }
 
   private:
     friend class CDialog;
