@@ -84,6 +84,7 @@ bool CDialog::create() {
 }
 
 void CDialog::destroy() {
+    OnDestroy();
     m_created = m_running = false;
     m_focus = nullptr;
     m_timers.clear();
@@ -110,6 +111,12 @@ void CDialog::MoveWindow(const CRect& rect) {
     const bool resized = rect.Size() != m_rect.Size();
     CWnd::MoveWindow(rect);
     if (resized && m_created) OnSize(0, rect.Width(), rect.Height());
+}
+
+std::intptr_t CDialog::WindowProc(unsigned message, std::uintptr_t wParam, std::intptr_t lParam) {
+    if (message != sizeMessage) return CWnd::WindowProc(message, wParam, lParam);
+    OnSize(static_cast<unsigned>(wParam), GetWindowRect().Width(), GetWindowRect().Height());
+    return 0;
 }
 
 void CDialog::SetOpacity(double opacity) {
@@ -247,6 +254,7 @@ UserResult CDialog::userResize(CSize size) {
     const CRect& rect = GetWindowRect();
     MoveWindow({rect.left, rect.top, rect.left + std::max(size.cx, m_minimum.cx),
                 rect.top + std::max(size.cy, m_minimum.cy)});
+    OnPlacedByUser(true);
     return UserResult::done();
 }
 
@@ -254,6 +262,7 @@ UserResult CDialog::userMove(CPoint topLeft) {
     if (auto r = acceptsUser(); !r) return r;
     const CSize size = GetWindowRect().Size();
     MoveWindow({topLeft.x, topLeft.y, topLeft.x + size.cx, topLeft.y + size.cy});
+    OnPlacedByUser(false);
     return UserResult::done();
 }
 

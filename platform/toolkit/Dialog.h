@@ -57,6 +57,9 @@ class KXPLATFORM_EXPORT CDialog : public CWnd {
     virtual bool OnHelpInfo() { return false; }
     // An input method starts or stops composing in one of the controls.
     virtual void OnImeComposing(bool) {}
+    // sizeMessage arrives as OnSize with the present size.
+    std::intptr_t WindowProc(unsigned message, std::uintptr_t wParam, std::intptr_t lParam) override;
+    static constexpr unsigned sizeMessage = 0x0005;
 
     // --- the user path --------------------------------------------------------------------------------------------
     tv::ui::UserResult perform(const tv::ui::UserAction& action) override;
@@ -75,6 +78,10 @@ class KXPLATFORM_EXPORT CDialog : public CWnd {
     std::vector<CWnd*> tabOrder() const;
 
   protected:
+    // A person moved or resized the window.
+    virtual void OnPlacedByUser(bool /*resized*/) {}
+    // The run is over; the controls still have what the person left in them.
+    virtual void OnDestroy() {}
     void SetMinimum(CSize size) { m_minimum = size; }
     void SetSizingFrame(bool sizing) { m_sizingFrame = sizing; }
 
