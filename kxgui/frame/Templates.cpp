@@ -1,0 +1,30 @@
+#include "kxgui/frame/Templates.h"
+
+#include "kxgui/frame/ModuleEntry.h"
+
+#include <array>
+
+namespace kx::frame {
+namespace {
+
+constexpr std::array<tv::ui::DialogTemplate, 13> templates{{
+    {IDD_UNITS, "IDD_UNITS", {260, 190}, false},
+    {IDD_UNITS_DIRECTION, "IDD_UNITS_DIRECTION", {150, 170}, false},
+    {IDD_MESSAGE, "IDD_MESSAGE", {267, 192}, false},
+    {IDD_MESSAGE_OPT3, "IDD_MESSAGE_OPT3", {295, 210}, false},
+    {IDD_MULTI_ASK, "IDD_MULTI_ASK", {309, 149}, false},
+    {IDD_ASK_MESSAGE, "IDD_ASK_MESSAGE", {383, 127}, false},
+    {IDD_WINDOW_XBUTTON, "IDD_WINDOW_XBUTTON", {295, 210}, false},
+    {IDD_SINGLE_WINDOW_XBUTTON, "IDD_SINGLE_WINDOW_XBUTTON", {295, 169}, false},
+    {IDD_COLOR, "IDD_COLOR", {300, 240}, false},
+    {IDD_COLOR_INDEX, "IDD_COLOR_INDEX", {280, 180}, false},
+    {IDD_COLOR_TRUE, "IDD_COLOR_TRUE", {280, 180}, false},
+    {IDD_LINETYPE, "IDD_LINETYPE", {300, 190}, true},
+    {IDD_LINEWEIGHT, "IDD_LINEWEIGHT", {170, 200}, true},
+}};
+
+} // namespace
+
+tv::ui::Module libraryModule() { return {"kxGui", false, templates}; }
+
+} // namespace kx::frame

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "kxgui/frame/VORDBaseTooltip.h"
+
+namespace kx::frame {
+
+// Sent to a window when nothing else is under way.
+constexpr unsigned idleMessage = 0x036A;
+// A window is asked for the shape of the cursor above it.
+constexpr unsigned setCursorMessage = 0x0020;
+
+// Switches the hints of a dialog or page on or off, under the product's name as title.
+void enableToolTips(VORDBaseTooltip& tooltip, int enable);
+
+} // namespace kx::frame
