@@ -112,4 +112,34 @@ std::wstring decodeMessageText(std::string_view text) {
     return fromUtf8(plain);
 }
 
+std::string quoteMessageText(std::wstring_view text) {
+    std::string quoted = "\"";
+    for (const char c : toUtf8(text)) {
+        switch (c) {
+        case '\n':
+            quoted += "\\n";
+            break;
+        case '\t':
+            quoted += "\\t";
+            break;
+        case '\r':
+            quoted += "\\r";
+            break;
+        case '\\':
+        case '"':
+            quoted += '\\';
+            [[fallthrough]];
+        default:
+            quoted += c;
+        }
+    }
+    return quoted + '"';
+}
+
+std::wstring unquoteMessageText(std::string_view text) {
+    std::string_view inner = text;
+    const bool quoted = text.starts_with('"') && unquote(inner) && hasOnlyKnownEscapes(inner);
+    return quoted ? decodeMessageText(inner) : fromUtf8(text);
+}
+
 } // namespace tv::text

@@ -48,4 +48,9 @@ KXPLATFORM_EXPORT void parseMessageFile(std::string_view bytes,
 // The wide text of MessageLine::text, escapes resolved.
 KXPLATFORM_EXPORT std::wstring decodeMessageText(std::string_view text);
 
+// A text as it can stand behind an equals sign whatever it contains, and back again. A text that is not
+// completely in quotes comes back as it is.
+KXPLATFORM_EXPORT std::string quoteMessageText(std::wstring_view text);
+KXPLATFORM_EXPORT std::wstring unquoteMessageText(std::string_view text);
+
 } // namespace tv::text

@@ -1,9 +1,10 @@
 #include "platform/text/Unicode.h"
 
+#include "platform/text/IcuText.h"
+
 #include <unicode/locid.h>
 #include <unicode/ucasemap.h>
 #include <unicode/uchar.h>
-#include <unicode/unistr.h>
 #include <unicode/utf8.h>
 
 #include <algorithm>
@@ -11,24 +12,10 @@
 namespace tv::text {
 namespace {
 
-static_assert(sizeof(wchar_t) == 4, "wide text holds one code point per wchar_t");
-
 bool isAscii(std::wstring_view text) {
     for (wchar_t c : text)
         if (static_cast<unsigned>(c) >= 0x80) return false;
     return true;
-}
-
-icu::UnicodeString toIcu(std::wstring_view text) {
-    return icu::UnicodeString::fromUTF32(reinterpret_cast<const UChar32*>(text.data()),
-                                         static_cast<int32_t>(text.size()));
-}
-
-std::wstring fromIcu(const icu::UnicodeString& text) {
-    std::wstring out(static_cast<std::size_t>(text.countChar32()), L'\0');
-    UErrorCode status = U_ZERO_ERROR;
-    text.toUTF32(reinterpret_cast<UChar32*>(out.data()), static_cast<int32_t>(out.size()), status);
-    return out;
 }
 
 wchar_t asciiFold(wchar_t c) { return c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c + 32) : c; }
