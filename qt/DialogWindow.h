@@ -1,0 +1,64 @@
+#pragma once
+
+#include "platform/toolkit/Dialog.h"
+#include "qt/Binder.h"
+
+#include <QDialog>
+
+namespace tv::qt {
+
+// The native window of one dialog while it runs. It passes on what a person does to the window as a whole:
+// keys, the focus, moving, resizing, the close box; what is done to the controls is their bridges' matter.
+class DialogWindow : public QDialog {
+    Q_OBJECT
+  public:
+    DialogWindow(CDialog& dialog, const TemplateLoader& loader, QWidget* owner);
+    ~DialogWindow() override;
+
+    // Puts the window on screen, above the others, or takes it away without ending the dialog.
+    void present();
+    void getOutOfTheWay() { hide(); }
+
+    void changed(CWnd& wnd, ui::Change change);
+    CDialog& dialog() const { return m_dialog; }
+    Bridge* bridgeOf(const CWnd& wnd) const;
+    const std::vector<std::wstring>& problems() const { return m_problems; }
+
+    // Escape is the dialog's matter.
+    void reject() override {}
+
+  protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+    bool event(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    void build(const TemplateLoader& loader);
+    void linkLabels();
+    void showAll();
+    void showFocus();
+    void showNamesLabelledBy(const CWnd& label);
+    // The smallest size at which no text is cut off, and not below the dialog's own.
+    QSize neededSize(int width) const;
+    void applySize();
+    void place();
+    bool keyPressed(QKeyEvent& event);
+    void focusArrived(QObject& object, Qt::FocusReason reason);
+    void composing(QEvent& event);
+    Bridge* bridgeOfWidget(const QObject* object) const;
+
+    CDialog& m_dialog;
+    std::vector<std::unique_ptr<Bridge>> m_bridges;
+    std::vector<std::wstring> m_problems;
+    bool m_settingGeometry = false; // what happens now is ours, not a person's
+    bool m_movingFocus = false;
+    bool m_presented = false;
+    bool m_composing = false;
+    QSize m_set;  // the size last given to the window
+    QPoint m_put; // the place last given to the window's frame
+};
+
+} // namespace tv::qt

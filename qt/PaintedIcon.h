@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QIcon>
+#include <QSizeF>
+
+#include <functional>
+
+class QPainter;
+
+namespace tv::qt {
+
+// An icon painted anew at every size and scale. `paint` draws on a surface of `size` logical units.
+QIcon paintedIcon(QSizeF size, std::function<void(QPainter&)> paint);
+
+} // namespace tv::qt

@@ -1,0 +1,148 @@
+#include "qt/QtToolkit.h"
+
+#include "platform/toolkit/Dialog.h"
+#include "qt/DialogWindow.h"
+#include "qt/TaskQueue.h"
+#include "qt/TemplateLoader.h"
+
+#include <QAbstractEventDispatcher>
+#include <QApplication>
+#include <QClipboard>
+#include <QEventLoop>
+#include <QPixmap>
+#include <QPointer>
+#include <QScreen>
+#include <QThread>
+
+#include <algorithm>
+#include <atomic>
+#include <clocale>
+
+using tv::qt::DialogWindow;
+
+struct QtToolkit::Impl {
+    tv::qt::TaskQueue tasks;
+    tv::qt::TemplateLoader loader;
+    QPointer<QWidget> mainWindow;
+    std::vector<std::unique_ptr<DialogWindow>> windows; // of running dialogs, in the order they came up
+    std::atomic<bool> awake{true};                      // the driver may have something to do
+    QThread* thread = QThread::currentThread();
+
+    DialogWindow* windowOf(const CDialog* dialog) const {
+        for (const auto& window : windows)
+            if (&window->dialog() == dialog) return window.get();
+        return nullptr;
+    }
+
+    // A topmost dialog that got out of the way takes those below along: their modality would block the drawing.
+    void showWindows() const {
+        const bool away = !windows.empty() && !windows.back()->dialog().shown();
+        for (const auto& window : windows) {
+            const bool visible = !away && window->dialog().shown();
+            if (!visible)
+                window->getOutOfTheWay();
+            else if (!window->isVisible())
+                window->present();
+        }
+    }
+};
+
+QtToolkit::QtToolkit() : m(std::make_unique<Impl>()) {
+    // QApplication takes the desktop's number format into the C library, where nobody here wants it.
+    std::setlocale(LC_NUMERIC, "C");
+}
+
+QtToolkit::~QtToolkit() = default;
+
+void QtToolkit::addTemplatePath(const QString& path) { m->loader.addPath(path); }
+
+void QtToolkit::setMainWindow(QWidget* window) { m->mainWindow = window; }
+
+std::chrono::milliseconds QtToolkit::now() const { return m->tasks.now(); }
+
+void QtToolkit::schedule(std::chrono::milliseconds delay, std::shared_ptr<tv::ui::Timer::Task> task) {
+    m->tasks.schedule(delay, std::move(task));
+}
+
+void QtToolkit::wait(tv::ui::Waiting& waiting) {
+    QEventLoop loop;
+    while (!waiting.done()) {
+        loop.processEvents(QEventLoop::AllEvents);
+        if (waiting.done()) break;
+        if (m->tasks.due()) continue;
+        if (driver() && m->awake.exchange(false)) {
+            if (driver()->step(waiting)) m->awake = true;
+            continue;
+        }
+        loop.processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    m->awake = true; // whoever waits outside is asked again
+}
+
+void QtToolkit::wake() {
+    m->awake = true;
+    if (auto* dispatcher = QAbstractEventDispatcher::instance(m->thread)) dispatcher->wakeUp();
+}
+
+CRect QtToolkit::workArea() const {
+    const QScreen* screen = m->mainWindow ? m->mainWindow->screen() : QGuiApplication::primaryScreen();
+    if (!screen) return Toolkit::workArea();
+    const QRect area = screen->availableGeometry();
+    return {area.left(), area.top(), area.left() + area.width(), area.top() + area.height()};
+}
+
+void QtToolkit::show(CDialog& dialog) {
+    QWidget* owner = m->mainWindow;
+    if (const CWnd* wnd = dialog.GetOwner())
+        if (DialogWindow* window = m->windowOf(wnd->dialog())) owner = window;
+    if (owner == m->mainWindow && !m->windows.empty()) owner = m->windows.back().get();
+    auto& window = m->windows.emplace_back(std::make_unique<DialogWindow>(dialog, m->loader, owner));
+    m->awake = true;
+    (void)window;
+    m->showWindows();
+}
+
+void QtToolkit::hide(CDialog& dialog) {
+    const auto at = std::find_if(m->windows.begin(), m->windows.end(),
+                                 [&](const auto& window) { return &window->dialog() == &dialog; });
+    if (at == m->windows.end()) return;
+    // A child window must not be deleted before the one that stands above it is gone: dialogs end from the top
+    // down.
+    const std::unique_ptr<DialogWindow> gone = std::move(*at);
+    m->windows.erase(at);
+    gone->getOutOfTheWay();
+    m->showWindows();
+}
+
+void QtToolkit::changed(CWnd& wnd, tv::ui::Change change) {
+    DialogWindow* window = m->windowOf(wnd.dialog());
+    if (!window) return;
+    window->changed(wnd, change);
+    if (change == tv::ui::Change::visible && wnd.kind() == tv::ui::ControlKind::dialog) m->showWindows();
+}
+
+void QtToolkit::setClipboardText(const std::wstring& text) {
+    QGuiApplication::clipboard()->setText(tv::qt::toQt(text));
+}
+
+std::wstring QtToolkit::clipboardText() const { return QGuiApplication::clipboard()->text().toStdWString(); }
+
+bool QtToolkit::screenshot(const std::filesystem::path& file) const {
+    QWidget* shown = m->mainWindow;
+    if (const CDialog* top = topmost())
+        if (DialogWindow* window = m->windowOf(top)) shown = window;
+    return shown && shown->grab().save(QString::fromStdWString(file.wstring()));
+}
+
+QWidget* QtToolkit::windowOf(const CDialog& dialog) const { return m->windowOf(&dialog); }
+
+QWidget* QtToolkit::widgetOf(const CWnd& control) const {
+    DialogWindow* window = m->windowOf(control.dialog());
+    const tv::qt::Bridge* bridge = window ? window->bridgeOf(control) : nullptr;
+    return bridge ? &bridge->widget() : nullptr;
+}
+
+std::vector<std::wstring> QtToolkit::bindingProblems(const CDialog& dialog) const {
+    const DialogWindow* window = m->windowOf(&dialog);
+    return window ? window->problems() : std::vector<std::wstring>();
+}

@@ -1,0 +1,106 @@
+#include "qt/Theme.h"
+
+#include <QApplication>
+#include <QPalette>
+#include <QStyleFactory>
+
+namespace tv::qt {
+namespace {
+
+struct Colors {
+    QRgb window, base, alternate, button, text, disabledText, placeholder, highlight, highlightedText, link,
+        visited, tip, tipText, light, midlight, mid, dark, shadow;
+};
+
+constexpr Colors lightColors{.window = 0xfff3f3f3,
+                             .base = 0xffffffff,
+                             .alternate = 0xfff5f7fa,
+                             .button = 0xfff6f6f6,
+                             .text = 0xff1b1b1b,
+                             .disabledText = 0xff7d7d7d,
+                             .placeholder = 0xff6b6b6b,
+                             .highlight = 0xff1f5fbf,
+                             .highlightedText = 0xffffffff,
+                             .link = 0xff0b57d0,
+                             .visited = 0xff6b3fa0,
+                             .tip = 0xffffffe1,
+                             .tipText = 0xff1b1b1b,
+                             .light = 0xffffffff,
+                             .midlight = 0xffe6e6e6,
+                             .mid = 0xffb8b8b8,
+                             .dark = 0xff9a9a9a,
+                             .shadow = 0xff6a6a6a};
+
+constexpr Colors darkColors{.window = 0xff2b2d30,
+                            .base = 0xff1e1f22,
+                            .alternate = 0xff26282b,
+                            .button = 0xff3a3d41,
+                            .text = 0xffe8e8e8,
+                            .disabledText = 0xff949494,
+                            .placeholder = 0xffa0a0a0,
+                            .highlight = 0xff2f65b8,
+                            .highlightedText = 0xffffffff,
+                            .link = 0xff7fb4ff,
+                            .visited = 0xffc3a2ff,
+                            .tip = 0xff3a3d41,
+                            .tipText = 0xfff0f0f0,
+                            .light = 0xff4a4d52,
+                            .midlight = 0xff42454a,
+                            .mid = 0xff1f2023,
+                            .dark = 0xff17181a,
+                            .shadow = 0xff000000};
+
+QPalette paletteOf(const Colors& c) {
+    QPalette palette;
+    const auto set = [&](QPalette::ColorRole role, QRgb color) {
+        palette.setColor(role, QColor::fromRgb(color));
+    };
+    set(QPalette::Window, c.window);
+    set(QPalette::Base, c.base);
+    set(QPalette::AlternateBase, c.alternate);
+    set(QPalette::Button, c.button);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        set(role, c.text);
+        palette.setColor(QPalette::Disabled, role, QColor::fromRgb(c.disabledText));
+    }
+    set(QPalette::BrightText, c.highlightedText);
+    set(QPalette::PlaceholderText, c.placeholder);
+    set(QPalette::Highlight, c.highlight);
+    set(QPalette::HighlightedText, c.highlightedText);
+    set(QPalette::Link, c.link);
+    set(QPalette::LinkVisited, c.visited);
+    set(QPalette::ToolTipBase, c.tip);
+    set(QPalette::ToolTipText, c.tipText);
+    set(QPalette::Light, c.light);
+    set(QPalette::Midlight, c.midlight);
+    set(QPalette::Mid, c.mid);
+    set(QPalette::Dark, c.dark);
+    set(QPalette::Shadow, c.shadow);
+    // A selection in a disabled list: the disabled text must stay readable on it.
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor::fromRgb(c.midlight));
+    palette.setColor(QPalette::Disabled, QPalette::HighlightedText, QColor::fromRgb(c.text));
+    return palette;
+}
+
+// Asked before the first theme is applied, when the palette still is the desktop's.
+bool systemIsDark() {
+    static const bool dark = QApplication::palette().color(QPalette::Window).lightness() <
+                             QApplication::palette().color(QPalette::WindowText).lightness();
+    return dark;
+}
+
+} // namespace
+
+QPalette themePalette(Theme theme) {
+    const bool desktopDark = systemIsDark();
+    const bool dark = theme == Theme::dark || (theme == Theme::system && desktopDark);
+    return paletteOf(dark ? darkColors : lightColors);
+}
+
+void applyTheme(Theme theme) {
+    const QPalette palette = themePalette(theme);
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setPalette(palette);
+}
+
+} // namespace tv::qt
