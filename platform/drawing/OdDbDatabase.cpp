@@ -1,0 +1,283 @@
+#include "platform/drawing/OdDbDatabase.h"
+
+#include "platform/drawing/dxf/DxfReader.h"
+#include "platform/drawing/dxf/HeaderSection.h"
+#include "platform/drawing/dxf/RecordStore.h"
+#include "platform/text/AtomicFile.h"
+#include "platform/text/Format.h"
+#include "platform/text/ReadFile.h"
+#include "platform/text/ResourceString.h"
+#include "platform/text/Unicode.h"
+
+#include <algorithm>
+#include <new>
+#include <system_error>
+
+using namespace tv::dwg;
+
+namespace {
+
+tv::Problem refusal(Tavo::ErrorStatus status, const std::wstring& file, const wchar_t* pattern) {
+    tv::Problem problem;
+    problem.status = status;
+    problem.file = file;
+    problem.sentence = tv::text::format(pattern, file);
+    return problem;
+}
+
+std::wstring wideName(const std::filesystem::path& file) { return tv::text::fromUtf8(file.native()); }
+
+} // namespace
+
+struct OdDbDatabase::Impl {
+    explicit Impl(RecordStore& store) : header(store) {}
+
+    // Reactors may come and go while they are being told.
+    template <class Tell>
+    void tell(Tell&& tellOne) {
+        const std::vector<OdDbDatabaseReactor*> now = reactors;
+        for (OdDbDatabaseReactor* reactor : now)
+            if (std::find(reactors.begin(), reactors.end(), reactor) != reactors.end()) tellOne(*reactor);
+    }
+
+    HeaderSection header;
+    std::vector<OdDbDatabaseReactor*> reactors;
+};
+
+OdDbDatabase::OdDbDatabase() = default;
+
+OdDbDatabase::~OdDbDatabase() {
+    if (m_impl) m_impl->tell([&](OdDbDatabaseReactor& reactor) { reactor.goodbye(*this); });
+}
+
+OdDbDatabase::OpenResult OdDbDatabase::open(const std::filesystem::path& file) {
+    std::string bytes;
+    if (tv::Problem problem = tv::readFile(file, bytes)) return {nullptr, {std::move(problem)}};
+    return openBytes(std::move(bytes), file);
+}
+
+OdDbDatabase::OpenResult OdDbDatabase::openBytes(std::string bytes, const std::filesystem::path& name) try {
+    ReadResult read = readDxf(std::move(bytes), wideName(name));
+    OpenResult result{nullptr, std::move(read.problems)};
+    if (!read.store) return result;
+    const OdDbDatabasePtr database(new OdDbDatabase);
+    database->m_store = std::move(read.store);
+    database->m_impl = std::make_unique<Impl>(*database->m_store);
+    database->m_file = name;
+    database->m_damaged = !result.problems.empty();
+    if (database->m_damaged) database->m_damagedFile = name;
+    database->m_store->setListener([raw = database.get()](ChangeKind kind, RecordId id) {
+        raw->recordChanged(static_cast<int>(kind), id);
+    });
+    result.database = database;
+    return result;
+} catch (const std::bad_alloc&) {
+    return {
+        nullptr,
+        {refusal(Tavo::eFileAccess, wideName(name),
+                 VORD_ResourceString("IDS_TAVO_DXF_NO_MEMORY", L"도면 \"%s\"을(를) 열 메모리가 부족합니다."))}};
+}
+
+void OdDbDatabase::recordChanged(int kind, RecordId id) {
+    const Record& record = m_store->record(id);
+    const OdDbObjectId object(this, id);
+    if (record.type == kTypeHeaderVar) {
+        if (static_cast<ChangeKind>(kind) != ChangeKind::kReplaced) m_impl->header.forget();
+        const std::string name = m_impl->header.nameOf(id);
+        if (name == "ACADVER" || name == "DWGCODEPAGE") learnVersion(*m_store);
+        const std::wstring wide(name.begin(), name.end());
+        m_impl->tell([&](OdDbDatabaseReactor& reactor) { reactor.headerSysVarChanged(*this, wide); });
+        return;
+    }
+    if (record.type == kTypeSection || record.type == kTypeEndSec) {
+        m_impl->header.forget();
+        return;
+    }
+    m_impl->tell([&](OdDbDatabaseReactor& reactor) {
+        switch (static_cast<ChangeKind>(kind)) {
+        case ChangeKind::kReplaced:
+            reactor.objectModified(*this, object);
+            break;
+        case ChangeKind::kInserted:
+            reactor.objectAppended(*this, object);
+            break;
+        case ChangeKind::kRemoved:
+            reactor.objectErased(*this, object);
+            break;
+        }
+    });
+}
+
+// --- files ---
+
+tv::Problem OdDbDatabase::save() {
+    if (m_file.empty())
+        return refusal(Tavo::eInvalidInput, {},
+                       VORD_ResourceString("IDS_TAVO_DXF_SAVE_NO_NAME",
+                                           L"도면을 저장할 수 없습니다: 아직 파일 이름이 없습니다."));
+    return write(m_file);
+}
+
+tv::Problem OdDbDatabase::saveAs(const std::filesystem::path& file) {
+    tv::Problem problem = write(file);
+    if (!problem) m_file = file;
+    return problem;
+}
+
+tv::Problem OdDbDatabase::write(const std::filesystem::path& file) {
+    std::error_code ignored;
+    if (m_damaged && (file == m_damagedFile || std::filesystem::equivalent(file, m_damagedFile, ignored)))
+        return refusal(
+            Tavo::eReadOnly, wideName(file),
+            VORD_ResourceString("IDS_TAVO_DXF_SAVE_DAMAGED",
+                                L"도면 \"%s\"을(를) 저장할 수 없습니다: 손상된 채 열린 도면이므로 다른 "
+                                L"이름으로 저장하십시오."));
+    tv::Problem problem = tv::writeFileAtomically(file, [this](tv::FileSink& sink) {
+        bool good = true;
+        m_store->forEachSpan([&](std::string_view part) { good = good && sink.write(part); });
+        return good;
+    });
+    if (!problem) m_store->undoLog().markSaved();
+    return problem;
+}
+
+std::string OdDbDatabase::bytes() const {
+    std::string out;
+    m_store->forEachSpan([&](std::string_view part) { out += part; });
+    return out;
+}
+
+OdDb::DxfVersion OdDbDatabase::version() const { return m_store->format().version; }
+
+OdString OdDbDatabase::versionText() const {
+    const auto value = headerVar(L"ACADVER");
+    return value ? value->asText().value_or(OdString()) : OdString();
+}
+
+OdString OdDbDatabase::codePage() const {
+    const DxfFormat& format = m_store->format();
+    return format.utf8 ? OdString(L"UTF-8")
+                       : OdString(std::wstring(format.codePage.begin(), format.codePage.end()));
+}
+
+bool OdDbDatabase::isBinary() const { return m_store->format().encoding != Encoding::kText; }
+
+// --- header variables ---
+
+std::optional<HeaderValue> OdDbDatabase::headerVar(std::wstring_view name) const {
+    return m_impl->header.value(plainVariableName(name));
+}
+
+tv::Problem OdDbDatabase::setHeaderVar(std::wstring_view name, const HeaderValue& value) {
+    // A name that can't be one is reported as it was given.
+    const std::string plain = plainVariableName(name);
+    return m_impl->header.set(plain.empty() ? tv::text::toUtf8(name) : plain, value);
+}
+
+std::vector<OdString> OdDbDatabase::headerVarNames() const {
+    std::vector<OdString> out;
+    for (const std::string& name : m_impl->header.names())
+        out.emplace_back(std::wstring(name.begin(), name.end()));
+    return out;
+}
+
+// --- objects ---
+
+std::size_t OdDbDatabase::objectCount() const {
+    std::size_t count = 0;
+    for (OdDbObjectId id = firstObject(); !id.isNull(); id = nextObject(id))
+        ++count;
+    return count;
+}
+
+OdDbObjectId OdDbDatabase::getOdDbObjectId(OdDbHandle handle) const {
+    const RecordId id = m_store->findHandle(handle.value());
+    return id == kNoRecord ? OdDbObjectId() : idOf(id);
+}
+
+OdDbObjectId OdDbDatabase::firstObject() const { return nextObject(idOf(RecordStore::kHead)); }
+
+OdDbObjectId OdDbDatabase::nextObject(OdDbObjectId after) const {
+    for (RecordId id = m_store->next(after.record()); id != kNoRecord; id = m_store->next(id)) {
+        const Record& record = m_store->record(id);
+        if (!(record.flags & (kStructure | kHeaderVariable)) && record.section != Section::kClasses)
+            return idOf(id);
+    }
+    return {};
+}
+
+OdDbObjectId OdDbDatabase::idOf(RecordId id) const { return {const_cast<OdDbDatabase*>(this), id}; }
+
+OdDbObjectId OdDbDatabase::tableId(std::string_view name) const {
+    const RecordId id = m_store->table(name);
+    return id == kNoRecord ? OdDbObjectId() : idOf(id);
+}
+
+OdDbObjectId OdDbDatabase::getLayerTableId() const { return tableId("LAYER"); }
+OdDbObjectId OdDbDatabase::getLinetypeTableId() const { return tableId("LTYPE"); }
+OdDbObjectId OdDbDatabase::getTextStyleTableId() const { return tableId("STYLE"); }
+OdDbObjectId OdDbDatabase::getDimStyleTableId() const { return tableId("DIMSTYLE"); }
+OdDbObjectId OdDbDatabase::getRegAppTableId() const { return tableId("APPID"); }
+OdDbObjectId OdDbDatabase::getViewTableId() const { return tableId("VIEW"); }
+OdDbObjectId OdDbDatabase::getViewportTableId() const { return tableId("VPORT"); }
+OdDbObjectId OdDbDatabase::getUcsTableId() const { return tableId("UCS"); }
+
+// Drawings before R13 have no table of blocks; the section of their definitions stands for it.
+OdDbObjectId OdDbDatabase::getBlockTableId() const {
+    if (const OdDbObjectId table = tableId("BLOCK_RECORD"); !table.isNull()) return table;
+    const RecordId section = m_store->section(Section::kBlocks);
+    return section == kNoRecord ? OdDbObjectId() : idOf(section);
+}
+
+OdDbObjectId OdDbDatabase::getNamedObjectsDictionaryId() const {
+    const RecordId section = m_store->section(Section::kObjects);
+    if (section == kNoRecord) return {};
+    const RecordId first = m_store->next(section);
+    if (first == kNoRecord || m_store->typeName(first) != "DICTIONARY") return {};
+    return idOf(first);
+}
+
+// --- undo ---
+
+void OdDbDatabase::startUndoRecord(std::wstring_view name) {
+    if (!m_store->replaying()) m_store->undoLog().start(name);
+}
+
+void OdDbDatabase::endUndoRecord() {
+    if (!m_store->replaying()) m_store->undoLog().end();
+}
+
+bool OdDbDatabase::isUndoRecording() const { return m_store->undoLog().recording(); }
+
+bool OdDbDatabase::undo() {
+    if (!m_store->undo()) return false;
+    m_impl->tell([&](OdDbDatabaseReactor& reactor) { reactor.undoFinished(*this); });
+    return true;
+}
+
+bool OdDbDatabase::redo() {
+    if (!m_store->redo()) return false;
+    m_impl->tell([&](OdDbDatabaseReactor& reactor) { reactor.redoFinished(*this); });
+    return true;
+}
+
+bool OdDbDatabase::hasUndo() const { return m_store->undoLog().nextUndo() != nullptr; }
+bool OdDbDatabase::hasRedo() const { return m_store->undoLog().nextRedo() != nullptr; }
+
+OdString OdDbDatabase::undoName() const {
+    const UndoLog::Step* step = m_store->undoLog().nextUndo();
+    return step ? OdString(step->name) : OdString();
+}
+
+OdString OdDbDatabase::redoName() const {
+    const UndoLog::Step* step = m_store->undoLog().nextRedo();
+    return step ? OdString(step->name) : OdString();
+}
+
+bool OdDbDatabase::changed() const { return m_store->undoLog().changed(); }
+
+void OdDbDatabase::addReactor(OdDbDatabaseReactor* reactor) {
+    if (reactor) m_impl->reactors.push_back(reactor);
+}
+
+void OdDbDatabase::removeReactor(OdDbDatabaseReactor* reactor) { std::erase(m_impl->reactors, reactor); }

@@ -1,0 +1,155 @@
+#pragma once
+
+#include "platform/Export.h"
+#include "platform/drawing/HeaderValue.h"
+#include "platform/drawing/OdDb.h"
+#include "platform/drawing/OdDbDatabaseReactor.h"
+#include "platform/drawing/OdDbObjectId.h"
+#include "platform/text/OdString.h"
+#include "platform/text/Problem.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+class OdDbDatabase;
+class OdDbDictionary;
+using OdDbDatabasePtr = std::shared_ptr<OdDbDatabase>;
+
+namespace tv::dwg {
+class RecordStore;
+}
+
+// A drawing in memory. The file's bytes are kept as they were read; an edit replaces the lines it concerns and
+// nothing else, so that saving an unedited drawing writes the same bytes, and undoing every edit gives them
+// back. Used on one thread. Ids, objects and iterators made by a database are valid as long as it lives.
+class KXPLATFORM_EXPORT OdDbDatabase {
+  public:
+    struct OpenResult {
+        OdDbDatabasePtr database;          // null when nothing of the file could be read
+        std::vector<tv::Problem> problems; // one sentence per fault found, in file order
+    };
+
+    // Reads a DXF file, text or binary, of any version. A damaged file opens as far as it goes and is then
+    // damaged().
+    static OpenResult open(const std::filesystem::path& file);
+    // The same from bytes in memory; `name` stands in the sentences and becomes the fileName().
+    static OpenResult openBytes(std::string bytes, const std::filesystem::path& name = {});
+    // A minimal complete drawing that other programs open. R13 and R14 are made as R2000.
+    static OdDbDatabasePtr create(OdDb::DxfVersion version = OdDb::DxfVersion::kR2018);
+
+    ~OdDbDatabase();
+    OdDbDatabase(const OdDbDatabase&) = delete;
+    OdDbDatabase& operator=(const OdDbDatabase&) = delete;
+
+    // Writes to fileName(). Refused for a drawing without a file name and for a damaged one. A failed save
+    // leaves the old file whole and changed() as it was.
+    tv::Problem save();
+    // Writes to `file` and, when that went well, makes it the fileName(). Allowed for a damaged drawing unless
+    // `file` is the damaged file itself; what could not be understood is written as it was read.
+    tv::Problem saveAs(const std::filesystem::path& file);
+    // The bytes save() would write.
+    std::string bytes() const;
+
+    const std::filesystem::path& fileName() const { return m_file; }
+    // True when reading found faults that may mean lost contents; such a drawing isn't saved over its own file.
+    bool damaged() const { return m_damaged; }
+    // The version by $ACADVER, and its text ("AC1032", empty when the file says nothing).
+    OdDb::DxfVersion version() const;
+    OdString versionText() const;
+    // The code page texts are written in: $DWGCODEPAGE before R2007 ("ANSI_1252" when missing), "UTF-8" from
+    // then on.
+    OdString codePage() const;
+    bool isBinary() const;
+
+    // --- header variables. Names are taken with or without the dollar sign, ignoring case. ---
+    std::optional<tv::dwg::HeaderValue> headerVar(std::wstring_view name) const;
+    // Changes the value's lines only. The value's group code may be 0: then the file's own, or the usual one,
+    // is taken. A variable the drawing lacks is inserted where its version usually has it, with a HEADER
+    // section made when there is none. Answers a problem, and changes nothing, for an unknown variable, a value
+    // of another type than the variable's and a variable the drawing's version can't hold.
+    tv::Problem setHeaderVar(std::wstring_view name, const tv::dwg::HeaderValue& value);
+    // All variables of the file in file order, names without dollar sign.
+    std::vector<OdString> headerVarNames() const;
+
+    // --- objects ---
+    // Objects with a record of their own: entities with their sub-entities, table records, tables, dictionaries
+    // ...
+    std::size_t objectCount() const;
+    // First object in file order with that handle; null id when there is none.
+    OdDbObjectId getOdDbObjectId(OdDbHandle handle) const;
+    // First and next object in file order; null id at the end. Section and table marks are left out.
+    OdDbObjectId firstObject() const;
+    OdDbObjectId nextObject(OdDbObjectId id) const;
+    // Main entities in file order, without allocating (see OdDbEntity.h).
+
+    // Null ids for tables the file lacks.
+    OdDbObjectId getLayerTableId() const;
+    OdDbObjectId getLinetypeTableId() const;
+    OdDbObjectId getTextStyleTableId() const;
+    OdDbObjectId getDimStyleTableId() const;
+    OdDbObjectId getBlockTableId() const;
+    OdDbObjectId getRegAppTableId() const;
+    OdDbObjectId getViewTableId() const;
+    OdDbObjectId getViewportTableId() const;
+    OdDbObjectId getUcsTableId() const;
+    // The root of the named objects, null when the file has none.
+    OdDbObjectId getNamedObjectsDictionaryId() const;
+
+    // --- undo: one mechanism for every change ---
+    // Everything between start and end is one step. Calls nest; the outermost name counts. A record in which
+    // nothing changed leaves no trace. A change outside any record is a step of its own.
+    void startUndoRecord(std::wstring_view name);
+    void endUndoRecord();
+    bool isUndoRecording() const;
+    // False when there is nothing to undo, or inside an open record.
+    bool undo();
+    bool redo();
+    bool hasUndo() const;
+    bool hasRedo() const;
+    // The name of the step undo() or redo() would take, empty when there is none.
+    OdString undoName() const;
+    OdString redoName() const;
+    // True when the contents differ from what was last opened or saved, by count of steps.
+    bool changed() const;
+
+    // Reactors are not owned and must be removed before they die.
+    void addReactor(OdDbDatabaseReactor* reactor);
+    void removeReactor(OdDbDatabaseReactor* reactor);
+
+    // The records underneath, for the object classes of this room.
+    tv::dwg::RecordStore& store() { return *m_store; }
+    const tv::dwg::RecordStore& store() const { return *m_store; }
+
+  private:
+    struct Impl;
+    OdDbDatabase();
+    tv::Problem write(const std::filesystem::path& file);
+    void recordChanged(int kind, tv::dwg::RecordId record);
+    OdDbObjectId idOf(tv::dwg::RecordId record) const;
+    OdDbObjectId tableId(std::string_view name) const;
+
+    std::unique_ptr<tv::dwg::RecordStore> m_store;
+    std::unique_ptr<Impl> m_impl;
+    std::filesystem::path m_file;
+    std::filesystem::path m_damagedFile;
+    bool m_damaged = false;
+};
+
+// Brackets a scope with startUndoRecord and endUndoRecord.
+class OdDbUndoScope {
+  public:
+    OdDbUndoScope(OdDbDatabase& database, std::wstring_view name) : m_database(database) {
+        m_database.startUndoRecord(name);
+    }
+    ~OdDbUndoScope() { m_database.endUndoRecord(); }
+    OdDbUndoScope(const OdDbUndoScope&) = delete;
+    OdDbUndoScope& operator=(const OdDbUndoScope&) = delete;
+
+  private:
+    OdDbDatabase& m_database;
+};

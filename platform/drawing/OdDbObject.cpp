@@ -1,0 +1,139 @@
+#include "platform/drawing/OdDbObject.h"
+
+#include "platform/drawing/OdDbDatabase.h"
+#include "platform/drawing/dxf/OwnTags.h"
+#include "platform/drawing/dxf/RecordEditor.h"
+#include "platform/drawing/dxf/RecordStore.h"
+#include "platform/drawing/dxf/XData.h"
+
+#include <algorithm>
+
+using namespace tv::dwg;
+
+OdDbObject::~OdDbObject() = default;
+
+OdString OdDbObject::isA() const {
+    const std::string_view name = database()->store().typeName(m_id.record());
+    return OdString(std::wstring(name.begin(), name.end()));
+}
+
+OdDbObjectId OdDbObject::ownerId() const {
+    if (const OdDbObjectId owner = idAt(330); !owner.isNull()) return owner;
+    const RecordId owner = database()->store().record(m_id.record()).owner;
+    return owner == kNoRecord ? OdDbObjectId() : OdDbObjectId(database(), owner);
+}
+
+Tavo::ErrorStatus OdDbObject::erase() {
+    if (const auto status = checkWrite(); status != Tavo::eOk) return status;
+    RecordStore& store = database()->store();
+    if (store.record(m_id.record()).flags & kStructure) return Tavo::eNotHandled;
+    const OdDbUndoScope step(*database(), database()->isUndoRecording() ? L"" : L"ERASE");
+    const bool main = !(store.record(m_id.record()).flags & kSubEntity);
+    for (RecordId id = store.next(m_id.record());
+         main && id != kNoRecord && (store.record(id).flags & kSubEntity);) {
+        const RecordId following = store.next(id);
+        store.remove(id);
+        id = following;
+    }
+    return store.remove(m_id.record()) ? Tavo::eOk : Tavo::eReadOnly;
+}
+
+OdResBufPtr OdDbObject::xData(std::wstring_view appName) const { return readXData(format(), tags(), appName); }
+
+Tavo::ErrorStatus OdDbObject::setXData(const OdResBuf* chain) {
+    if (const auto status = checkWrite(); status != Tavo::eOk) return status;
+    RecordStore& store = database()->store();
+    RecordEditor record(format(), store.text(m_id.record()));
+    if (const auto status = replaceXData(record, chain); status != Tavo::eOk) return status;
+    if (record.edited()) store.replace(m_id.record(), record.bytes());
+    return Tavo::eOk;
+}
+
+OdDbObjectId OdDbObject::extensionDictionary() const {
+    TagCursor cursor = tags();
+    bool inside = false;
+    for (Tag tag; cursor.next(tag) && tag.code != 1001;) {
+        if (tag.code == 102) inside = trimmed(tag.value) == "{ACAD_XDICTIONARY";
+        if (inside && tag.code == 360) {
+            const auto handle = handleOf(format(), tag);
+            return handle ? database()->getOdDbObjectId(*handle) : OdDbObjectId();
+        }
+    }
+    return {};
+}
+
+TagCursor OdDbObject::tags() const { return database()->store().tags(m_id.record()); }
+
+const DxfFormat& OdDbObject::format() const { return database()->store().format(); }
+
+std::optional<Tag> OdDbObject::find(int code) const {
+    OwnTags own(format(), database()->store().text(m_id.record()));
+    for (Tag tag; own.next(tag);)
+        if (tag.code == code) return tag;
+    return std::nullopt;
+}
+
+double OdDbObject::realAt(int code, double otherwise) const {
+    const auto tag = find(code);
+    return tag ? realOf(format(), *tag).value_or(otherwise) : otherwise;
+}
+
+int OdDbObject::integerAt(int code, int otherwise) const {
+    const auto tag = find(code);
+    if (!tag) return otherwise;
+    const auto value = integerOf(format(), *tag);
+    return value && *value >= INT32_MIN && *value <= INT32_MAX ? static_cast<int>(*value) : otherwise;
+}
+
+OdString OdDbObject::textAt(int code) const {
+    const auto tag = find(code);
+    return tag ? textOf(format(), *tag) : OdString();
+}
+
+OdDbHandle OdDbObject::handleAt(int code) const {
+    const auto tag = find(code);
+    return tag ? handleOf(format(), *tag).value_or(OdDbHandle()) : OdDbHandle();
+}
+
+OdDbObjectId OdDbObject::idAt(int code) const { return database()->getOdDbObjectId(handleAt(code)); }
+
+Tavo::ErrorStatus OdDbObject::checkWrite() const {
+    if (isErased()) return Tavo::eWasErased;
+    if (m_mode != OdDb::kForWrite) return Tavo::eNotOpenForWrite;
+    return database()->store().replaying() ? Tavo::eReadOnly : Tavo::eOk;
+}
+
+Tavo::ErrorStatus OdDbObject::setAt(int code, const Value& value, std::initializer_list<int> behind) {
+    if (const auto status = checkWrite(); status != Tavo::eOk) return status;
+    RecordStore& store = database()->store();
+    RecordEditor record(format(), store.text(m_id.record()));
+    const std::vector<std::size_t> own = ownTags(record);
+    const auto there =
+        std::find_if(own.begin(), own.end(), [&](std::size_t i) { return record.code(i) == code; });
+    if (there != own.end()) {
+        if (!record.set(*there, value)) return Tavo::eWrongType;
+    } else {
+        std::size_t place = own.empty() ? record.size() : own.back() + 1;
+        for (auto i = own.rbegin(); i != own.rend(); ++i)
+            if (std::find(behind.begin(), behind.end(), record.code(*i)) != behind.end()) {
+                place = *i + 1;
+                break;
+            }
+        if (!record.insert(place, code, value)) return Tavo::eWrongType;
+    }
+    if (record.edited()) store.replace(m_id.record(), record.bytes());
+    return Tavo::eOk;
+}
+
+Tavo::ErrorStatus OdDbObject::removeAt(int code) {
+    if (const auto status = checkWrite(); status != Tavo::eOk) return status;
+    RecordStore& store = database()->store();
+    RecordEditor record(format(), store.text(m_id.record()));
+    for (const std::size_t i : ownTags(record))
+        if (record.code(i) == code) {
+            record.erase(i);
+            store.replace(m_id.record(), record.bytes());
+            break;
+        }
+    return Tavo::eOk;
+}

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "platform/Export.h"
+#include "platform/drawing/OdDbObjectId.h"
+#include "platform/drawing/OdResBuf.h"
+#include "platform/drawing/dxf/DxfTags.h"
+#include "platform/text/OdString.h"
+#include "platform/text/Problem.h"
+
+#include <initializer_list>
+#include <optional>
+#include <string_view>
+
+class OdDbDatabase;
+
+// An opened object. It holds no values of its own: each call reads the record as it is then, so that two
+// objects opened on one id always agree, also after an undo. A setter writes at once (eNotOpenForWrite for an
+// object opened for reading, eWasErased, eReadOnly while an undo is replayed) and changes only the tags it
+// concerns.
+class KXPLATFORM_EXPORT OdDbObject {
+  public:
+    OdDbObject(OdDbObjectId id, OdDb::OpenMode mode) : m_id(id), m_mode(mode) {}
+    virtual ~OdDbObject();
+    OdDbObject(const OdDbObject&) = delete;
+    OdDbObject& operator=(const OdDbObject&) = delete;
+
+    OdDbObjectId objectId() const { return m_id; }
+    OdDbDatabase* database() const { return m_id.database(); }
+    OdDbHandle handle() const { return m_id.handle(); }
+    bool isWriteEnabled() const { return m_mode == OdDb::kForWrite; }
+    // The name of the record's type in the file ("LINE").
+    OdString isA() const;
+    bool isErased() const { return m_id.isErased(); }
+    // By group code 330, else the table or block the record stands in; null when neither says.
+    virtual OdDbObjectId ownerId() const;
+    // Takes the record, with the sub-entities that belong to it, out of the drawing. Undo brings it back.
+    virtual Tavo::ErrorStatus erase();
+
+    // The extended data of one application as a chain that begins with its 1001 buffer; null when there is
+    // none. An empty name gives the data of all applications.
+    OdResBufPtr xData(std::wstring_view appName = {}) const;
+    // Replaces the data of every application whose 1001 stands in the chain; a 1001 alone takes its data away.
+    // The applications should be registered (see OdDbRegAppTable).
+    Tavo::ErrorStatus setXData(const OdResBuf* chain);
+    OdDbObjectId extensionDictionary() const;
+
+    // The tags of the record as they stand in the file.
+    tv::dwg::TagCursor tags() const;
+    const tv::dwg::DxfFormat& format() const;
+
+    // First value with that group code among the object's own tags: not in groups of group code 102, embedded
+    // objects or extended data.
+    std::optional<tv::dwg::Tag> find(int code) const;
+    double realAt(int code, double otherwise = 0) const;
+    int integerAt(int code, int otherwise = 0) const;
+    OdString textAt(int code) const;
+    OdDbHandle handleAt(int code) const;
+    OdDbObjectId idAt(int code) const;
+
+  protected:
+    Tavo::ErrorStatus checkWrite() const;
+    // Changes that tag's value or, when the object has no such tag, adds it behind the last of the tags
+    // `behind`, or at the end of the object's own tags.
+    Tavo::ErrorStatus setAt(int code, const tv::dwg::Value& value, std::initializer_list<int> behind = {});
+    Tavo::ErrorStatus removeAt(int code);
+
+  private:
+    OdDbObjectId m_id;
+    OdDb::OpenMode m_mode;
+};
