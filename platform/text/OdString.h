@@ -28,6 +28,7 @@ class KXPLATFORM_EXPORT OdString {
 
     const wchar_t* c_str() const { return m_text.c_str(); }
     operator const wchar_t*() const { return m_text.c_str(); }
+    operator std::wstring_view() const { return m_text; }
     const std::wstring& wstr() const { return m_text; }
     std::wstring_view view() const { return m_text; }
 

@@ -1,0 +1,105 @@
+#include "kxgui/controls/VORDCobxBase.h"
+
+#include "platform/host/TavoInterfaces.h"
+#include "platform/host/TavoSysvarManager.h"
+#include "platform/text/Unicode.h"
+
+VORDCobxBase::VORDCobxBase(CWnd& parent, const char* name) : CComboBox(parent, name) {}
+
+void VORDCobxBase::ScheduleUpdate() {
+    updatePending = 1;
+    SetUpdateTimer();
+}
+
+void VORDCobxBase::ScheduleSelect(const char* name, int index) {
+    selectPending = 1;
+    if (name) pendingSelectName = tv::text::fromUtf8(name);
+    else pendingSelectIndex = index;
+    SetUpdateTimer();
+}
+
+void VORDCobxBase::ScheduleEnabled(int enable) {
+    if (!IsWindow()) return;
+    enablePending = 1;
+    pendingEnable = enable;
+    SetUpdateTimer();
+}
+
+void VORDCobxBase::SetUpdateTimer() {
+    if (timerId) KillTimer(timerId);
+    timerId = 0;
+    int active = 0;
+    if (getSysvarManagerInterface(getTavoInterfaces())) tvedGetVar(L"CMDACTIVE", active, nullptr);
+    timerId = SetTimer(updateTimer, (active & automatedCommand) ? automatedUpdateDelay : updateDelay);
+}
+
+void VORDCobxBase::OnTimer(unsigned id) {
+    if (id != updateTimer) return CComboBox::OnTimer(id);
+    KillTimer(updateTimer);
+    timerId = 0;
+    if (selectPending) selectPendingEntry();
+    if (enablePending) {
+        EnableWindow(pendingEnable != 0);
+        enablePending = 0;
+    }
+    if (updatePending) {
+        refillSafely();
+        updatePending = 0;
+    }
+}
+
+void VORDCobxBase::selectPendingEntry() {
+    if (!pendingSelectName.empty()) {
+        for (int i = 0; i < GetCount(); ++i)
+            if (GetLBText(i) == pendingSelectName) {
+                SetCurSel(i);
+                break;
+            }
+    } else {
+        SetCurSel(pendingSelectIndex);
+    }
+    pendingSelectName.clear();
+    pendingSelectIndex = -1;
+    selectPending = 0;
+}
+
+void VORDCobxBase::refillSafely() {
+    try {
+        RefillList();
+    } catch (...) {
+        // The list stays as far as it got; the next drawing event refills it.
+    }
+}
+
+void VORDCobxBase::PostUpdate() { PostMessage(updateMessage); }
+
+std::intptr_t VORDCobxBase::WindowProc(unsigned message, std::uintptr_t wParam, std::intptr_t lParam) {
+    if (message != updateMessage) return CComboBox::WindowProc(message, wParam, lParam);
+    OnUpdate();
+    return 0;
+}
+
+void VORDCobxBase::OnUpdate() { refillSafely(); }
+
+int VORDCobxBase::SetCurSel(int index) {
+    curSel = lastSel = index;
+    if (CComboBox::GetCurSel() != index) CComboBox::SetCurSel(index);
+    return index;
+}
+
+int VORDCobxBase::SelectString(int start, const wchar_t* text, bool ignoreCase) {
+    for (int from = start;;) {
+        const int found = FindString(from, text);
+        if (found < 0 || found <= from) return -1;
+        const std::wstring entry = GetLBText(found);
+        if (ignoreCase ? tv::text::equalNoCase(entry, text) : entry == text) return SetCurSel(found);
+        from = found;
+    }
+}
+
+OdDbDatabasePtr VORDCobxBase::checkCurrentDatabase() const { return tvedWorkingDatabase(); }
+
+OdDbDatabasePtr VORDCobxBase::prepareUpdateList() {
+    ResetContent();
+    return IsWindow() ? checkCurrentDatabase() : nullptr;
+}
