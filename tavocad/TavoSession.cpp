@@ -1,0 +1,205 @@
+#include "tavocad/TavoSession.h"
+
+#include "platform/drawing/OdDbDatabase.h"
+#include "kxgui/frame/Messages.h"
+#include "platform/host/TavoCommandLine.h"
+#include "platform/host/TavoInterfaces.h"
+#include "platform/host/TavoSysvarManager.h"
+#include "platform/host/embedded/EmbeddedHost.h"
+#include "platform/text/Format.h"
+#include "platform/text/MessageManager.h"
+#include "platform/text/ResourceString.h"
+#include "platform/text/Unicode.h"
+#include "platform/toolkit/Dialog.h"
+#include "tavocad/Languages.h"
+#include "tavocad/NearNames.h"
+#include "tavocad/commands/Commands.h"
+
+#include <stdexcept>
+
+using tv::text::format;
+
+namespace {
+
+// UNDO and REDO run as commands, inside an undo record of their own, in which a drawing takes no step. The record is
+// empty: ending it leaves no trace.
+std::optional<OdString> stepOutsideRecord(OdDbDatabase& database, OdString (OdDbDatabase::*name)() const,
+                                          bool (OdDbDatabase::*step)()) {
+    const bool recording = database.isUndoRecording();
+    if (recording) database.endUndoRecord();
+    std::optional<OdString> taken = (database.*name)();
+    if (!(database.*step)()) taken.reset();
+    if (recording) database.startUndoRecord(L"");
+    return taken;
+}
+
+} // namespace
+
+TavoSession::TavoSession(std::unique_ptr<tv::SettingsStore> settings)
+    : m_points(std::make_unique<PointRequests>()), m_host(std::make_unique<tv::host::EmbeddedHost>(std::move(settings))) {
+    m_host->setPointInput(m_points.get());
+    registerCommands(*this);
+}
+
+TavoSession::~TavoSession() = default;
+
+TavoInterfaces& TavoSession::host() { return *m_host; }
+
+TavoDocument* TavoSession::document() const { return m_host->documentManager()->currentDocument(); }
+
+void TavoSession::print(const tv::Problem& problem) {
+    if (problem) m_host->commandLine()->print(problem.sentence);
+}
+
+// --- commands --------------------------------------------------------------------------------------------------------
+
+void TavoSession::addCommand(CommandSpec spec) {
+    TavoCommands& commands = *m_host->commands();
+    bool added = commands.add(spec.name, spec.function) == Tavo::eOk;
+    for (const wchar_t* alias : spec.aliases) added = commands.addAlias(alias, spec.name) == Tavo::eOk && added;
+    if (!added) throw std::logic_error("command defined twice: " + tv::text::toUtf8(spec.name));
+    m_commands.push_back(std::move(spec));
+}
+
+OdString TavoSession::commandName(const OdString& word) {
+    std::wstring_view name = word.view();
+    while (!name.empty() && (name.front() == L'_' || name.front() == L'-' || name.front() == L'\''))
+        name.remove_prefix(1);
+    return tv::text::toUpper(name);
+}
+
+int TavoSession::enterLine(const OdString& line) {
+    OdString text = line;
+    text.trim();
+    if (m_points->waiting()) {
+        if (const auto result = m_points->supplyText(text.view()); !result) m_host->commandLine()->print(result.refusal);
+        return RTNORM;
+    }
+    if (text.isEmpty()) return m_lastCommand.isEmpty() ? RTNORM : runCommand(m_lastCommand);
+    const int blank = text.find(L' ');
+    const OdString word = blank < 0 ? text : text.left(blank);
+    OdString rest = blank < 0 ? OdString() : text.mid(blank + 1);
+    rest.trim();
+    const OdString name = commandName(word);
+    if (m_host->commands()->has(name)) return runCommand(name, rest);
+    if (m_host->sysvarManager()->type(name) != TavoSysvarType::kNone) return runCommand(L"SETVAR", text);
+    m_host->commandLine()->print(unknownCommand(word));
+    return RTERROR;
+}
+
+int TavoSession::runCommand(const OdString& name, const OdString& arguments) {
+    if (!m_host->commands()->running().empty()) {
+        m_host->commandLine()->print(
+            format(VORD_ResourceString("IDS_TAVO_COMMAND_RUNNING",
+                                       L"다른 명령이 실행 중이므로 %s 명령을 시작할 수 없습니다."),
+                   name));
+        return RTERROR;
+    }
+    m_arguments = arguments;
+    m_lastCommand = name;
+    const int result = m_host->commands()->run(name);
+    m_arguments.empty();
+    m_commandEnded.emit(name, result);
+    return result;
+}
+
+OdString TavoSession::unknownCommand(const OdString& word) const {
+    std::vector<std::wstring> names;
+    for (const OdString& name : m_host->commands()->names()) names.push_back(name.wstr());
+    const auto near = nearNames(commandName(word).view(), names);
+    if (near.empty())
+        return format(VORD_ResourceString("IDS_TAVO_UNKNOWN_COMMAND",
+                                          L"\"%s\"은(는) 명령이나 시스템 변수가 아닙니다. HELP를 입력하면 명령을 볼 수 있습니다."),
+                      word);
+    return format(VORD_ResourceString("IDS_TAVO_UNKNOWN_COMMAND_NEAR",
+                                      L"\"%s\"은(는) 명령이나 시스템 변수가 아닙니다. 비슷한 명령: %s."),
+                  word, joined(near));
+}
+
+// --- documents -------------------------------------------------------------------------------------------------------
+
+tv::Problem TavoSession::open(const std::filesystem::path& file) {
+    std::vector<tv::Problem> problems;
+    if (m_host->documentManager()->openDocument(file, problems)) {
+        for (const tv::Problem& problem : problems) print(problem);
+        return {};
+    }
+    if (!problems.empty()) return problems.front();
+    const std::wstring name = tv::text::fromUtf8(file.string());
+    return {Tavo::eBadFile,
+            format(VORD_ResourceString("IDS_TAVO_NOT_OPENED", L"도면 \"%s\"을(를) 열지 못했습니다."), name), name};
+}
+
+tv::Problem TavoSession::save(const std::filesystem::path& file) {
+    TavoDocument* current = document();
+    if (!current)
+        return {Tavo::eNoDatabase, VORD_ResourceString("IDS_TAVO_NO_DRAWING", L"열려 있는 도면이 없습니다.").c_str(), {}};
+    return m_host->documentManager()->saveDocument(current, file);
+}
+
+std::optional<OdString> TavoSession::undo() {
+    if (!document()) return std::nullopt;
+    return stepOutsideRecord(*document()->database(), &OdDbDatabase::undoName, &OdDbDatabase::undo);
+}
+
+std::optional<OdString> TavoSession::redo() {
+    if (!document()) return std::nullopt;
+    return stepOutsideRecord(*document()->database(), &OdDbDatabase::redoName, &OdDbDatabase::redo);
+}
+
+bool TavoSession::closeAsking(TavoDocument* document) {
+    if (document->isModified()) {
+        const std::wstring question = format(
+            VORD_ResourceString("IDS_TAVO_SAVE_CHANGES",
+                                L"도면 \"%s\"에 저장하지 않은 변경 내용이 있습니다\n저장하시겠습니까? 저장하지 않으면 변경 내용을 잃게 됩니다."),
+            document->name());
+        constexpr unsigned yesNoCancelWarning = 0x33;
+        const unsigned answer = MessageDlg(question.c_str(), m_host->productName(), yesNoCancelWarning);
+        if (answer != IDYES && answer != IDNO) return false;
+        if (answer == IDYES) {
+            std::filesystem::path file;
+            if (document->path().empty()) {
+                const auto asked = askFile ? askFile(FileQuestion::save) : std::nullopt;
+                if (!asked) return false;
+                file = *asked;
+            }
+            if (const auto problem = m_host->documentManager()->saveDocument(document, file)) {
+                print(problem);
+                return false;
+            }
+        }
+    }
+    m_host->documentManager()->closeDocument(document);
+    return true;
+}
+
+// --- the program -----------------------------------------------------------------------------------------------------
+
+void TavoSession::setLanguage(const UiLanguage& language) {
+    VORD_MSGFunction::SetCurrentLanguageId(language.id);
+    if (!VORD_MSGFunction::LoadFile())
+        for (const tv::Problem& problem : VORD_MSGFunction::problems()) print(problem);
+    m_host->settings()->setString(settingsSection, L"Language", language.code);
+}
+
+const UiLanguage& TavoSession::rememberedLanguage() {
+    const auto stored = m_host->settings()->getString(settingsSection, L"Language");
+    const UiLanguage* language = stored ? uiLanguage(*stored) : nullptr;
+    return language ? *language : systemUiLanguage();
+}
+
+const UiLanguage& TavoSession::language() {
+    const UiLanguage* current = uiLanguage(VORD_MSGFunction::GetCurrentLanguageId());
+    return current ? *current : uiLanguages().front();
+}
+
+OdString TavoSession::unknownLanguage(const OdString& code) {
+    return format(VORD_ResourceString("IDS_TAVO_UNKNOWN_LANGUAGE",
+                                      L"\"%s\"(이)라는 언어는 없습니다. 가능한 값: kr, en, jp, rs, ch."),
+                  code);
+}
+
+void TavoSession::requestQuit() {
+    m_quit = true;
+    quitting.emit();
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+class TavoSession;
+
+// Every command of the program, one function and file per subject.
+void registerCommands(TavoSession& session);
+
+void registerUnitsCommand(TavoSession& session);
+void registerPropertyCommands(TavoSession& session); // COLOR, LINETYPE, LWEIGHT
+void registerFileCommands(TavoSession& session);     // NEW, OPEN, SAVE, SAVEAS, CLOSE, QUIT
+void registerUndoCommands(TavoSession& session);     // U, UNDO, REDO
+void registerSetVarCommand(TavoSession& session);
+void registerHelpCommands(TavoSession& session); // HELP, LANGUAGE, ZOOM

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QStringList>
+
+class QStringListModel;
+
+// The line commands are typed into. Up and Down go through what was entered before, Escape empties the line or, when it is
+// empty, asks for a cancel. Words are completed at their start.
+class CommandEdit : public QLineEdit {
+    Q_OBJECT
+  public:
+    explicit CommandEdit(QWidget* parent);
+    void setWords(const QStringList& words);
+
+  signals:
+    void entered(const QString& line);
+    void cancelled();
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    void enter();
+    void showHistory(int step);
+    QStringListModel* m_words;
+    QStringList m_history;
+    int m_at = 0; // index into the history; its size: the new line
+    QString m_draft;
+};

@@ -1,0 +1,203 @@
+#include "tavocad/window/MainWindow.h"
+
+#include "platform/drawing/OdDbDatabase.h"
+#include "platform/host/TavoCommandLine.h"
+#include "platform/host/TavoInterfaces.h"
+#include "platform/host/TavoSysvarManager.h"
+#include "platform/host/TavoUnits.h"
+#include "platform/text/MessageManager.h"
+#include "platform/text/ResourceString.h"
+#include "tavocad/TavoSession.h"
+#include "tavocad/window/CommandEdit.h"
+#include "tavocad/window/DrawingView.h"
+#include "tavocad/window/QtText.h"
+#include "tavocad/window/SceneKeeper.h"
+
+#include <QCloseEvent>
+#include <QDockWidget>
+#include <QGridLayout>
+#include <QLabel>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QStatusBar>
+#include <QTimer>
+
+namespace {
+constexpr int shownLines = 5000;
+
+QString droppedDrawing(const QMimeData* data) {
+    const QList<QUrl> urls = data->urls();
+    return urls.size() == 1 && urls.front().isLocalFile() ? urls.front().toLocalFile() : QString();
+}
+} // namespace
+
+MainWindow::MainWindow(TavoSession& session) : m_session(session) {
+    setObjectName(QStringLiteral("TavoCAD"));
+    setAcceptDrops(true);
+    resize(1100, 760);
+    buildPanes();
+    buildMenus();
+    observe();
+    retranslate();
+    updateWords();
+    m_command->setFocus();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::buildPanes() {
+    m_view = new DrawingView(this);
+    setCentralWidget(m_view);
+
+    auto* dock = new QDockWidget(this);
+    dock->setObjectName(QStringLiteral("CommandLine"));
+    dock->setFeatures(QDockWidget::NoDockWidgetFeatures);
+    dock->setTitleBarWidget(new QWidget(dock));
+    auto* pane = new QWidget(dock);
+    auto* layout = new QGridLayout(pane);
+    layout->setContentsMargins(6, 0, 6, 4);
+    layout->setSpacing(4);
+    m_history = new QPlainTextEdit(pane);
+    m_history->setReadOnly(true);
+    m_history->setMaximumBlockCount(shownLines);
+    m_history->setMinimumHeight(m_history->fontMetrics().lineSpacing() * 3);
+    m_prompt = new QLabel(pane);
+    m_command = new CommandEdit(pane);
+    m_prompt->setBuddy(m_command);
+    layout->addWidget(m_history, 0, 0, 1, 2);
+    layout->addWidget(m_prompt, 1, 0);
+    layout->addWidget(m_command, 1, 1);
+    dock->setWidget(pane);
+    addDockWidget(Qt::BottomDockWidgetArea, dock);
+    resizeDocks({dock}, {m_history->fontMetrics().lineSpacing() * 7 + m_command->sizeHint().height()}, Qt::Vertical);
+
+    m_position = new QLabel(this);
+    statusBar()->addWidget(m_position);
+    m_texts.push_back([this] {
+        m_view->setAccessibleName(toQt(VORD_ResourceString("IDS_TAVO_WIN_DRAWING_AREA", L"도면 영역")));
+        m_history->setAccessibleName(toQt(VORD_ResourceString("IDS_TAVO_WIN_HISTORY", L"명령 기록")));
+        m_command->setAccessibleName(toQt(VORD_ResourceString("IDS_TAVO_WIN_COMMAND_LINE", L"명령행")));
+        m_position->setAccessibleName(toQt(VORD_ResourceString("IDS_TAVO_WIN_POSITION", L"좌표")));
+    });
+}
+
+void MainWindow::observe() {
+    auto* keeper = new SceneKeeper(m_session, this);
+    connect(keeper, &SceneKeeper::sceneMade, this, [this](const auto& scene, bool fresh) {
+        m_view->setScene(scene);
+        if (fresh) m_view->zoomExtents();
+        showTitle();
+    });
+    connect(m_command, &CommandEdit::entered, this, &MainWindow::enter);
+    connect(m_command, &CommandEdit::cancelled, this, [this] { m_session.points().cancel(); });
+    connect(m_view, &DrawingView::pickCancelled, this, [this] { m_session.points().cancel(); });
+    connect(m_view, &DrawingView::picked, this,
+            [this](double x, double y) { static_cast<void>(m_session.points().supply({x, y, 0})); });
+    connect(m_view, &DrawingView::pointed, this, &MainWindow::showPosition);
+
+    TavoInterfaces& host = m_session.host();
+    for (const OdString& line : host.commandLine()->lines()) m_history->appendPlainText(toQt(line.view()));
+    m_subscriptions.push_back(
+        host.commandLine()->onLine([this](const OdString& line) { m_history->appendPlainText(toQt(line.view())); }));
+    m_subscriptions.push_back(host.documentManager()->onDocumentEvent([this](auto, auto*) { showTitle(); }));
+    m_subscriptions.push_back(m_session.onCommandEnded([this](const OdString&, int) { showTitle(); }));
+    m_subscriptions.push_back(host.sysvarManager()->onSysvarChanged(
+        [this](const OdString&, const OdDbDatabasePtr&) { showPosition(m_x, m_y); }));
+    m_subscriptions.push_back(m_session.zoomExtents.connect([this] { m_view->zoomExtents(); }));
+    m_subscriptions.push_back(m_session.points().onWaiting([this](bool waiting) {
+        if (waiting) {
+            const auto base = m_session.points().base();
+            m_view->beginPick(base ? std::optional(OdGePoint2d{base->x, base->y}) : std::nullopt);
+        } else {
+            m_view->endPick();
+        }
+        showPrompt();
+    }));
+    m_languageHandle = VORD_MSGFunction::onLanguageChanged([this] { retranslate(); });
+}
+
+void MainWindow::retranslate() {
+    for (const auto& text : m_texts) text();
+    showPrompt();
+    showTitle();
+    showPosition(m_x, m_y);
+}
+
+void MainWindow::run(std::function<void()> work) {
+    QTimer::singleShot(0, this, std::move(work));
+}
+
+void MainWindow::enter(const QString& line) {
+    const QString prompt = m_prompt->text();
+    m_history->appendPlainText(prompt + QLatin1Char(' ') + line);
+    run([this, text = fromQt(line)] { m_session.enterLine(text); });
+}
+
+void MainWindow::updateWords() {
+    QStringList words;
+    for (const OdString& name : m_session.host().commands()->names()) words.append(toQt(name.view()));
+    for (const OdString& name : m_session.host().sysvarManager()->names()) words.append(toQt(name.view()));
+    m_command->setWords(words);
+}
+
+// --- what the window shows -------------------------------------------------------------------------------------------
+
+void MainWindow::showPrompt() {
+    const OdString asked = m_session.points().prompt();
+    m_prompt->setText(asked.isEmpty() ? toQt(VORD_ResourceString("IDS_TAVO_WIN_PROMPT", L"명령:")) : toQt(asked.view()));
+}
+
+void MainWindow::showTitle() {
+    const QString product = toQt(m_session.host().productName().view());
+    TavoDocument* document = m_session.document();
+    setWindowModified(document && document->isModified());
+    setWindowTitle(document ? toQt(document->name().view()) + QStringLiteral("[*] - ") + product : product);
+    const OdDbDatabasePtr database = document ? document->database() : nullptr;
+    m_undo->setEnabled(database && database->hasUndo());
+    m_redo->setEnabled(database && database->hasRedo());
+}
+
+void MainWindow::showPosition(double x, double y) {
+    m_x = x;
+    m_y = y;
+    TavoInterfaces& host = m_session.host();
+    int lunits = 2, luprec = 4, dimzin = 0, unitmode = 0;
+    tvedGetVar(L"LUNITS", lunits, nullptr);
+    tvedGetVar(L"LUPREC", luprec, nullptr);
+    tvedGetVar(L"DIMZIN", dimzin, nullptr);
+    tvedGetVar(L"UNITMODE", unitmode, nullptr);
+    const tv::host::LengthOptions options{dimzin & 3, unitmode};
+    m_position->setText(toQt(host.units()->formatLinear(x, lunits, luprec, options).view()) + QStringLiteral(", ") +
+                        toQt(host.units()->formatLinear(y, lunits, luprec, options).view()));
+}
+
+// --- events ----------------------------------------------------------------------------------------------------------
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    if (m_session.quitRequested()) return;
+    event->ignore();
+    run([this] { m_session.runCommand(L"QUIT"); });
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (!droppedDrawing(event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    const QString file = droppedDrawing(event->mimeData());
+    if (file.isEmpty()) return;
+    event->acceptProposedAction();
+    run([this, file = fromQt(file)] { m_session.runCommand(L"OPEN", file); });
+}
+
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+    const QString text = event->text();
+    if (text.isEmpty() || !text.front().isPrint()) return QMainWindow::keyPressEvent(event);
+    m_command->setFocus();
+    m_command->insert(text);
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && m_view) m_view->update();
+}
