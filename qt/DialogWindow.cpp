@@ -11,9 +11,11 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLayout>
+#include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include <cstdio>
 
@@ -117,18 +119,16 @@ void DialogWindow::changed(CWnd& wnd, ui::Change change) {
         setWindowOpacity(m_dialog.opacity());
         break;
     case ui::Change::rect:
-        if (!m_settingGeometry && m_presented) {
-            applySize();
-            place();
-        }
+        if (!m_presented || m_dialog.GetWindowRect() == m_known) break;
+        if (m_dialog.GetWindowRect().Size() != m_known.Size()) applySize();
+        place();
         break;
     default:
         break;
     }
 }
 
-// --- size and place
-// ----------------------------------------------------------------------------------------------------
+// --- size and place ------------------------------------------------------------------------------------------
 
 QSize DialogWindow::neededSize(int width) const {
     QSize least(m_dialog.minimumSize().cx, m_dialog.minimumSize().cy);
@@ -143,7 +143,7 @@ QSize DialogWindow::neededSize(int width) const {
 void DialogWindow::applySize() {
     const QScopedValueRollback ours(m_settingGeometry, true);
     layout()->activate();
-    const CRect& rect = m_dialog.GetWindowRect();
+    const CRect rect = m_known = m_dialog.GetWindowRect();
     const QSize least = neededSize(rect.Width());
     if (m_dialog.sizingFrame()) {
         m_set = QSize(rect.Width(), rect.Height()).expandedTo(least);
@@ -159,7 +159,8 @@ void DialogWindow::applySize() {
 // Where the dialog wants to be, moved back onto the screen when the layout made it larger than it thought.
 void DialogWindow::place() {
     const QScopedValueRollback ours(m_settingGeometry, true);
-    QPoint at(m_dialog.GetWindowRect().left, m_dialog.GetWindowRect().top);
+    m_known = m_dialog.GetWindowRect();
+    QPoint at(m_known.left, m_known.top);
     if (const QScreen* on = screen()) {
         const QRect area = on->availableGeometry();
         at.setX(std::max(area.left(), std::min(at.x(), area.right() + 1 - m_set.width())));
@@ -206,16 +207,17 @@ void DialogWindow::moveEvent(QMoveEvent* event) {
     const QPoint at = frameGeometry().topLeft();
     if (m_settingGeometry || !m_presented || !isVisible() || at == m_put) return;
     m_put = at;
-    const QScopedValueRollback ours(m_settingGeometry, true);
-    (void)m_dialog.userMove({at.x(), at.y()});
+    m_known = m_known.OffsetBy({at.x() - m_known.left, at.y() - m_known.top});
+    if (!m_dialog.userMove({at.x(), at.y()})) m_known = m_dialog.GetWindowRect();
 }
 
 void DialogWindow::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
     if (m_settingGeometry || !m_presented || !isVisible() || event->size() == m_set) return;
     m_set = event->size();
-    const QScopedValueRollback ours(m_settingGeometry, true);
-    (void)m_dialog.userResize({m_set.width(), m_set.height()});
+    m_known.right = m_known.left + m_set.width();
+    m_known.bottom = m_known.top + m_set.height();
+    if (!m_dialog.userResize({m_set.width(), m_set.height()})) applySize();
 }
 
 void DialogWindow::closeEvent(QCloseEvent* event) {
@@ -223,8 +225,57 @@ void DialogWindow::closeEvent(QCloseEvent* event) {
     (void)m_dialog.userClose();
 }
 
-// --- keys and focus
-// ----------------------------------------------------------------------------------------------------
+// --- dragging by the body ------------------------------------------------------------------------------------
+
+namespace {
+
+Qt::Edges edgesOf(HitTest hit) {
+    switch (hit) {
+    case HitTest::left:
+        return Qt::LeftEdge;
+    case HitTest::right:
+        return Qt::RightEdge;
+    case HitTest::top:
+        return Qt::TopEdge;
+    case HitTest::bottom:
+        return Qt::BottomEdge;
+    case HitTest::topLeft:
+        return Qt::TopEdge | Qt::LeftEdge;
+    case HitTest::topRight:
+        return Qt::TopEdge | Qt::RightEdge;
+    case HitTest::bottomLeft:
+        return Qt::BottomEdge | Qt::LeftEdge;
+    case HitTest::bottomRight:
+        return Qt::BottomEdge | Qt::RightEdge;
+    case HitTest::client:
+    case HitTest::caption:
+        return {};
+    }
+    return {};
+}
+
+} // namespace
+
+// Only what no control wanted arrives here.
+void DialogWindow::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton || !windowHandle()) return;
+    const QPoint at = event->position().toPoint();
+    const CRect& rect = m_dialog.GetWindowRect();
+    const HitTest hit = m_dialog.OnNcHitTest({rect.left + at.x(), rect.top + at.y()});
+    if (hit == HitTest::caption) {
+        if (!windowHandle()->startSystemMove()) m_dragFrom = at;
+    } else if (hit != HitTest::client) {
+        windowHandle()->startSystemResize(edgesOf(hit));
+    }
+}
+
+void DialogWindow::mouseMoveEvent(QMouseEvent* event) {
+    if (m_dragFrom) move(event->globalPosition().toPoint() - *m_dragFrom - (geometry().topLeft() - pos()));
+}
+
+void DialogWindow::mouseReleaseEvent(QMouseEvent*) { m_dragFrom.reset(); }
+
+// --- keys and focus ------------------------------------------------------------------------------------------
 
 void DialogWindow::keyPressEvent(QKeyEvent* event) {
     event->ignore();

@@ -5,6 +5,8 @@
 
 #include <QDialog>
 
+#include <optional>
+
 namespace tv::qt {
 
 // The native window of one dialog while it runs. It passes on what a person does to the window as a whole:
@@ -34,6 +36,9 @@ class DialogWindow : public QDialog {
     void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
     void build(const TemplateLoader& loader);
@@ -57,8 +62,11 @@ class DialogWindow : public QDialog {
     bool m_movingFocus = false;
     bool m_presented = false;
     bool m_composing = false;
-    QSize m_set;  // the size last given to the window
-    QPoint m_put; // the place last given to the window's frame
+    // What the window manager says later is news only when it differs from these.
+    QSize m_set;                      // the window's size as it is known
+    QPoint m_put;                     // the place of its frame as it is known
+    CRect m_known;                    // the dialog's rectangle they stand for
+    std::optional<QPoint> m_dragFrom; // of the pointer within the window, while it drags the window by its body
 };
 
 } // namespace tv::qt
