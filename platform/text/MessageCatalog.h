@@ -36,21 +36,30 @@ class KXPLATFORM_EXPORT MessageCatalog {
     // The text, or null. Plain keys are in section "".
     const wchar_t* find(std::string_view section, std::string_view key);
 
-    std::size_t size() const { return m_entries.size(); }
+    std::size_t size() const { return m_sources.size(); }
 
   private:
-    struct Entry {
-        std::string_view key, text;
-        const wchar_t* wide;
-        std::uint32_t section, file;
+    // A lookup reads a slot and then one record: this head, followed by the key's bytes. The keys are copied so
+    // that all of them together stay in the processor's cache, which the files with their texts would not.
+    struct Record {
+        const wchar_t* wide; // null until first asked for
+        std::uint32_t keySize;
+        std::uint32_t section;
+        std::uint32_t source; // index into m_sources
     };
     struct Slot {
         std::uint32_t hash = 0;
-        std::uint32_t entry = 0; // index + 1 into m_entries; 0 for a free slot
+        std::uint32_t record = 0; // position in m_records + 1; 0 for a free slot
+    };
+    struct Source {
+        std::string_view text;
+        std::size_t file;
     };
 
+    Record recordOf(const Slot& slot) const;
+    void putRecord(const Slot& slot, const Record& record);
     Slot& slotFor(std::uint32_t hash, std::uint32_t section, std::string_view key);
-    void reserve(std::size_t count);
+    void makeRoom(std::size_t count);
     bool insert(const MessageLine& line);
     std::uint32_t sectionNumber(std::string_view name);
 
@@ -59,8 +68,9 @@ class KXPLATFORM_EXPORT MessageCatalog {
     std::unordered_map<std::string_view, std::uint32_t> m_sections; // "" is 0 and not listed
     std::string_view m_lastSection;
     std::uint32_t m_lastSectionNumber = 0;
-    std::vector<Entry> m_entries;
-    std::vector<Slot> m_slots;
+    std::vector<Source> m_sources;
+    std::string m_records;
+    std::vector<Slot> m_slots; // a power of two, about a third of them free or more
 };
 
 } // namespace tv::text

@@ -54,16 +54,16 @@ bool unquote(std::string_view& text) {
     return true;
 }
 
-bool isText(std::string_view line) {
-    const bool ascii = std::all_of(line.begin(), line.end(), [](char c) { return c > 0; });
-    return ascii || (line.find('\0') == std::string_view::npos && isUtf8(line));
-}
-
 } // namespace
 
 void parseMessageFile(std::string_view bytes, const std::function<bool(const MessageLine&)>& onLine,
                       const std::function<void(MessageFault, std::int64_t)>& onFault) {
     if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);
+    // Asked of the whole file first: nearly always that settles it for every line.
+    const bool allText = isUtf8(bytes) && bytes.find('\0') == std::string_view::npos;
+    auto isText = [allText](std::string_view line) {
+        return allText || (isUtf8(line) && line.find('\0') == std::string_view::npos);
+    };
     MessageLine entry{};
     bool sectionKnown = true; // false behind a faulty section line: whose texts follow is not known
     while (!bytes.empty()) {
