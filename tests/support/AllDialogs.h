@@ -1,0 +1,81 @@
+#pragma once
+
+#include "kxgui/frame/AskMessageDlg.h"
+#include "kxgui/frame/MessageDlg.h"
+#include "kxgui/frame/MessageDlgOpt3.h"
+#include "kxgui/frame/MultiAskDlg.h"
+#include "kxgui/frame/UnitsDirDlg.h"
+#include "kxgui/frame/UnitsDlg.h"
+#include "kxgui/frame/WindowXbuttonMessageDlg.h"
+#include "platform/frx/TaskDialog.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+// One dialog with contents a user would see, for checks that go through every registered template. A template embedded as
+// a page belongs to the dialog that shows it.
+struct SampleDialog {
+    std::string templateName;
+    std::function<void()> run; // constructs it and runs it modally
+    std::vector<std::string> pages;
+};
+
+inline std::vector<SampleDialog> allDialogs() {
+    std::vector<SampleDialog> all;
+    const auto add = [&](const char* name, std::function<void()> run, std::vector<std::string> pages = {}) {
+        all.push_back({name, std::move(run), std::move(pages)});
+    };
+    add("IDD_TASK_DIALOG", [] {
+        CTaskDialogVE(nullptr, L"도면 단위", L"단위를 바꾸시겠습니까?", L"이 도면의 치수는 그대로 남습니다.",
+                      zel::frx::taskOK | zel::frx::taskYes | zel::frx::taskNo | zel::frx::taskRetry | zel::frx::taskCancel,
+                      zel::frx::taskIconWarning)
+            .DoModal();
+    });
+    add("IDD_UNITS", [] {
+        OdDbDatabasePtr none;
+        T_UNITS_D data{2, 4, 0, 0, false, 4, 0.0};
+        CUnitsDlg dialog(none, 0.0, nullptr);
+        dialog.SetData(data);
+        dialog.DoModal();
+    });
+    add("IDD_UNITS_DIRECTION", [] { CUnitsDirDlg(1, 4, 0.5, 0, nullptr).DoModal(); });
+    add("IDD_MESSAGE", [] {
+        CMessageDlg dialog(nullptr);
+        dialog.SetCaption(L"도면층");
+        dialog.SetTitle(L"도면층을 병합하시겠습니까?");
+        dialog.SetSubTitle(L"병합한 도면층은 도면에서 없어집니다.");
+        dialog.SetBtnTitle1(L"병합");
+        dialog.SetBtnTitle2(L"그대로 두기");
+        dialog.DoModal();
+    });
+    add("IDD_MESSAGE_OPT3", [] {
+        CMessageDlgOpt3 dialog(nullptr);
+        dialog.SetCaption(L"도면");
+        dialog.SetTitle(L"변경 사항을 어떻게 하시겠습니까?");
+        dialog.SetBtnTitle(0, L"저장\n변경 사항을 파일에 씁니다.");
+        dialog.SetBtnTitle(1, L"저장 안 함\n변경 사항을 버립니다.");
+        dialog.SetBtnTitle(2, L"취소\n도면으로 돌아갑니다.");
+        dialog.DoModal();
+    });
+    add("IDD_MULTI_ASK", [] {
+        CMultiAskDlg(L"블록", L"같은 이름의 블록이 있습니다.", {L"바꾸기", L"이름 바꿔 추가", L"건너뛰기"}, {10, 20, 30}, nullptr)
+            .DoModal();
+    });
+    add("IDD_ASK_MESSAGE", [] {
+        CAskMessageDlg dialog;
+        dialog.setMsg(L"외부 참조가 바뀌었습니다. 다시 읽으시겠습니까?");
+        dialog.DoModal();
+    });
+    add("IDD_WINDOW_XBUTTON", [] {
+        CWindowXbuttonMessageDlg dialog(nullptr);
+        dialog.SetWindowName(L"평면도");
+        dialog.DoModal();
+    });
+    add("IDD_SINGLE_WINDOW_XBUTTON", [] {
+        CSingleWindowXbuttonMessageDlg dialog(nullptr);
+        dialog.SetWindowName(L"평면도");
+        dialog.DoModal();
+    });
+    return all;
+}

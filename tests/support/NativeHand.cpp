@@ -1,0 +1,311 @@
+#include "tests/support/NativeHand.h"
+
+#include "platform/toolkit/Button.h"
+#include "platform/toolkit/Choice.h"
+#include "platform/toolkit/ComboBox.h"
+#include "platform/toolkit/ListBox.h"
+#include "platform/toolkit/ListCtrl.h"
+#include "platform/toolkit/SliderCtrl.h"
+#include "platform/toolkit/SwatchGrid.h"
+#include "platform/toolkit/TabCtrl.h"
+#include "platform/toolkit/TreeCtrl.h"
+#include "qt/controls/KxDrawArea.h"
+#include "qt/controls/KxSwatchGrid.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTableView>
+#include <QTest>
+#include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
+#include <QWindow>
+
+using tv::ui::Key;
+using tv::ui::KeyEvent;
+using tv::ui::UserAction;
+using tv::ui::UserResult;
+
+namespace native {
+
+void click(QWidget& widget, int x, int y, bool twice, bool ctrl) {
+    QWidget* top = widget.window();
+    const QPoint at = widget.mapTo(top, QPoint(x, y));
+    const Qt::KeyboardModifiers with = ctrl ? Qt::ControlModifier : Qt::NoModifier;
+    if (!top->windowHandle()) return;
+    if (twice)
+        QTest::mouseDClick(top->windowHandle(), Qt::LeftButton, with, at);
+    else
+        QTest::mouseClick(top->windowHandle(), Qt::LeftButton, with, at);
+}
+
+namespace {
+
+int qtKey(const KeyEvent& key) {
+    switch (key.key) {
+    case Key::enter:
+        return Qt::Key_Return;
+    case Key::escape:
+        return Qt::Key_Escape;
+    case Key::tab:
+        return key.shift ? Qt::Key_Backtab : Qt::Key_Tab;
+    case Key::space:
+        return Qt::Key_Space;
+    case Key::backspace:
+        return Qt::Key_Backspace;
+    case Key::del:
+        return Qt::Key_Delete;
+    case Key::left:
+        return Qt::Key_Left;
+    case Key::right:
+        return Qt::Key_Right;
+    case Key::up:
+        return Qt::Key_Up;
+    case Key::down:
+        return Qt::Key_Down;
+    case Key::home:
+        return Qt::Key_Home;
+    case Key::end:
+        return Qt::Key_End;
+    case Key::pageUp:
+        return Qt::Key_PageUp;
+    case Key::pageDown:
+        return Qt::Key_PageDown;
+    case Key::f1:
+        return Qt::Key_F1;
+    case Key::f2:
+        return Qt::Key_F2;
+    case Key::character:
+        return QChar(static_cast<char16_t>(key.ch)).toUpper().unicode();
+    case Key::none:
+        break;
+    }
+    return 0;
+}
+
+void strike(QWidget& window, int key, Qt::KeyboardModifiers with, const QString& text) {
+    // To whom the window system would give it, popups first.
+    const auto target = [&]() -> QWidget* {
+        QWidget* at = QApplication::activePopupWidget() ? QApplication::activePopupWidget() : &window;
+        return at->focusWidget() ? at->focusWidget() : at;
+    };
+    QKeyEvent ask(QEvent::ShortcutOverride, key, with, text);
+    ask.ignore();
+    QApplication::sendEvent(target(), &ask);
+    QKeyEvent press(QEvent::KeyPress, key, with, text);
+    QApplication::sendEvent(target(), &press);
+    QKeyEvent release(QEvent::KeyRelease, key, with, text);
+    QApplication::sendEvent(target(), &release);
+}
+
+} // namespace
+
+void key(QWidget& window, const KeyEvent& key) {
+    Qt::KeyboardModifiers with;
+    with.setFlag(Qt::ControlModifier, key.ctrl);
+    with.setFlag(Qt::AltModifier, key.alt);
+    with.setFlag(Qt::ShiftModifier, key.shift);
+    QString text;
+    if (key.key == Key::space) text = QStringLiteral(" ");
+    if (key.key == Key::character && !key.ctrl && !key.alt) text = QString::fromWCharArray(&key.ch, 1);
+    strike(window, qtKey(key), with, text);
+}
+
+void type(QWidget& window, const QString& text) {
+    strike(window, Qt::Key_A, Qt::ControlModifier, {});
+    if (text.isEmpty()) strike(window, Qt::Key_Delete, {}, {});
+    for (const QChar ch : text)
+        strike(window, ch.toUpper().unicode(), {}, QString(ch));
+}
+
+} // namespace native
+
+namespace {
+
+void clickItem(QAbstractItemView& view, const QModelIndex& index, bool twice = false, bool ctrl = false) {
+    view.scrollTo(index);
+    const QPoint at = view.visualRect(index).center();
+    native::click(*view.viewport(), at.x(), at.y(), twice, ctrl);
+}
+
+void press(QWidget& window, Key which, int times = 1) {
+    for (int i = 0; i < times; ++i)
+        native::key(window, {which});
+}
+
+void editText(QWidget& window, const std::wstring& text) {
+    press(window, Key::f2);
+    QWidget* editor = QApplication::focusWidget();
+    for (QLineEdit* line : window.findChildren<QLineEdit*>())
+        if (line->isVisible() && qobject_cast<QAbstractItemView*>(line->parentWidget()->parentWidget()))
+            editor = line;
+    if (!editor) return;
+    editor->setFocus();
+    native::type(window, QString::fromStdWString(text));
+    press(window, Key::enter);
+}
+
+QTreeWidgetItem* itemOf(QTreeWidget& tree, int id) {
+    for (QTreeWidgetItemIterator it(&tree); *it; ++it)
+        if ((*it)->data(0, Qt::UserRole).toInt() == id) return *it;
+    return nullptr;
+}
+
+bool chooseInCombo(CComboBox& combo, QComboBox& box, const UserAction& action) {
+    const int index = tv::ui::chosenItem(combo.items(), action);
+    if (index < 0) return false;
+    native::click(box, box.width() - 8, box.height() / 2);
+    if (!box.view()->isVisible()) return true;
+    box.view()->setFocus();
+    press(*box.window(), Key::home);
+    press(*box.window(), Key::down, index);
+    press(*box.window(), Key::enter);
+    return true;
+}
+
+bool actOnTree(CTreeCtrl& control, QTreeWidget& tree, const UserAction& action) {
+    QTreeWidgetItem* item = itemOf(tree, control.find(action.path));
+    if (!item) return false;
+    clickItem(tree, tree.indexFromItem(item));
+    switch (action.kind) {
+    case UserAction::Kind::treeSelect:
+        return true;
+    case UserAction::Kind::treeExpand:
+        press(*tree.window(), action.checked ? Key::right : Key::left);
+        return true;
+    case UserAction::Kind::treeRename:
+        if (!control.item(control.find(action.path))->renamable) return false;
+        editText(*tree.window(), action.text);
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool actOnTable(CListCtrl& control, QTableView& table, const UserAction& action) {
+    const auto at = [&](int row, int column) { return table.model()->index(row, column); };
+    switch (action.kind) {
+    case UserAction::Kind::header:
+        native::click(*table.horizontalHeader()->viewport(),
+                      table.horizontalHeader()->sectionViewportPosition(action.column) + 10, 6);
+        return true;
+    case UserAction::Kind::selectRows:
+        for (std::size_t i = 0; i < action.rows.size(); ++i)
+            clickItem(table, at(action.rows[i], 0), false, i > 0);
+        return true;
+    case UserAction::Kind::cell:
+        if (!at(action.row, action.column).isValid()) return false;
+        clickItem(table, at(action.row, action.column));
+        if (action.cell == UserAction::Cell::doubleClick) clickItem(table, at(action.row, action.column), true);
+        if (action.cell != UserAction::Cell::edit) return true;
+        if (!control.cell(action.row, action.column).editable) return false;
+        editText(*table.window(), action.text);
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+bool NativeHand::send(CWnd& wnd, QWidget& widget, const UserAction& action) {
+    using enum UserAction::Kind;
+    const int middle = widget.height() / 2;
+    switch (wnd.kind()) {
+    case tv::ui::ControlKind::dialog:
+        if (action.kind == key)
+            native::key(widget, action.keyEvent);
+        else if (action.kind == closeBox)
+            widget.windowHandle()->close();
+        else
+            return false;
+        return true;
+    case tv::ui::ControlKind::button:
+    case tv::ui::ControlKind::commandButton:
+        if (action.kind != click) return false;
+        native::click(widget, widget.width() / 2, middle);
+        return true;
+    case tv::ui::ControlKind::checkBox: {
+        auto& box = static_cast<CCheckBox&>(wnd);
+        if (action.kind != click && action.kind != check) return false;
+        do
+            native::click(widget, 8, middle);
+        while (action.kind == check && box.GetCheck() != action.checked && box.triState());
+        return true;
+    }
+    case tv::ui::ControlKind::radioButton:
+        if (action.kind != click && !(action.kind == check && action.checked == 1)) return false;
+        native::click(widget, 8, middle);
+        return true;
+    case tv::ui::ControlKind::edit:
+        if (action.kind != UserAction::Kind::type && action.kind != click) return false;
+        native::click(widget, widget.width() / 2, middle);
+        if (action.kind == UserAction::Kind::type)
+            native::type(*widget.window(), QString::fromStdWString(action.text));
+        return true;
+    case tv::ui::ControlKind::comboBox:
+        if (action.kind == choose)
+            return chooseInCombo(static_cast<CComboBox&>(wnd), static_cast<QComboBox&>(widget), action);
+        if (action.kind != UserAction::Kind::type || !static_cast<CComboBox&>(wnd).editable()) return false;
+        native::click(widget, 10, middle);
+        native::type(*widget.window(), QString::fromStdWString(action.text));
+        return true;
+    case tv::ui::ControlKind::listBox: {
+        auto& list = static_cast<QListWidget&>(widget);
+        const int index = tv::ui::chosenItem(static_cast<CListBox&>(wnd).items(), action);
+        if (action.kind != choose || index < 0) return false;
+        clickItem(list, list.model()->index(index, 0));
+        return true;
+    }
+    case tv::ui::ControlKind::list:
+        return actOnTable(static_cast<CListCtrl&>(wnd), static_cast<QTableView&>(widget), action);
+    case tv::ui::ControlKind::tree:
+        return actOnTree(static_cast<CTreeCtrl&>(wnd), static_cast<QTreeWidget&>(widget), action);
+    case tv::ui::ControlKind::tab: {
+        QTabBar* bar = static_cast<QTabWidget&>(widget).tabBar();
+        if (action.kind != choose || action.index < 0 || action.index >= bar->count()) return false;
+        const QPoint at = bar->tabRect(action.index).center();
+        native::click(*bar, at.x(), at.y());
+        return true;
+    }
+    case tv::ui::ControlKind::slider: {
+        auto& slider = static_cast<CSliderCtrl&>(wnd);
+        if (action.kind != choose || action.index < slider.minimum() || action.index > slider.maximum())
+            return false;
+        widget.setFocus(Qt::MouseFocusReason);
+        const int steps = action.index - slider.GetPos();
+        press(*widget.window(), steps > 0 ? Key::right : Key::left, std::abs(steps));
+        return true;
+    }
+    case tv::ui::ControlKind::swatchGrid: {
+        auto& grid = static_cast<tv::qt::KxSwatchGrid&>(widget);
+        if (action.kind != choose || action.index < 0) return false;
+        const QPoint at = grid.cellRect(action.index).center();
+        native::click(grid, at.x(), at.y());
+        return true;
+    }
+    case tv::ui::ControlKind::drawArea: {
+        if (action.kind != point) return false;
+        const QPointF at = static_cast<tv::qt::KxDrawArea&>(widget).toPixels().map(QPointF(action.x, action.y));
+        native::click(widget, qRound(at.x()), qRound(at.y()));
+        return true;
+    }
+    default:
+        return false;
+    }
+}
+
+UserResult NativeHand::act(CWnd& wnd, const UserAction& action) {
+    CDialog* dialog = wnd.dialog();
+    QWidget* widget =
+        static_cast<CWnd*>(dialog) == &wnd ? m_toolkit.windowOf(*dialog) : m_toolkit.widgetOf(wnd);
+    const bool reachable =
+        widget && widget->isVisible() && widget->isEnabled() && m_toolkit.topmost() == dialog;
+    const bool sent = widget && send(wnd, *widget, action);
+    return reachable && sent ? UserResult::done() : wnd.perform(action);
+}
