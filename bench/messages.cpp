@@ -1,15 +1,15 @@
 // Loading and looking up ten thousand texts, each beside what it is measured against:
 // loading / reading the file's bytes, and one lookup / one find in an unordered_map of the same keys.
+#include "bench/Ratio.h"
 #include "platform/text/MessageManager.h"
 #include "platform/text/ReadFile.h"
 
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <initializer_list>
+#include <malloc.h>
 #include <random>
 #include <string>
 #include <unistd.h>
@@ -80,52 +80,10 @@ void lookUp(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * keyCount);
 }
 
-// Remembers the best time of each measurement for the ratios.
-class Reporter : public benchmark::ConsoleReporter {
-  public:
-    void ReportRuns(const std::vector<Run>& runs) override {
-        ConsoleReporter::ReportRuns(runs);
-        for (const Run& run : runs) {
-            if (run.run_type != Run::RT_Iteration) continue;
-            const double time = run.GetAdjustedCPUTime();
-            double& best = m_best.try_emplace(run.run_name.function_name, time).first->second;
-            best = std::min(best, time);
-        }
-    }
-    bool has(const std::string& name) const { return m_best.count(name) > 0; }
-    // Of the repetition the rest of the machine disturbed least.
-    double best(const std::string& name) const { return m_best.at(name); }
-
-  private:
-    std::unordered_map<std::string, double> m_best;
-};
-
 } // namespace
 
 int main(int argc, char** argv) {
-    using Measured = void(benchmark::State&);
-    for (auto [name, function] : std::initializer_list<std::pair<const char*, Measured*>>{
-             {"readBytes", readBytes}, {"load", load}, {"find", find}, {"lookUp", lookUp}})
-        benchmark::RegisterBenchmark(name, function)
-            ->Unit(benchmark::kMicrosecond)
-            ->MinTime(0.02)
-            ->Repetitions(15);
-    // Both sides of a ratio are measured in turns, so that what else the machine does hits both alike.
-    std::vector<char*> arguments(argv, argv + argc);
-    std::string interleaved = "--benchmark_enable_random_interleaving=true";
-    arguments.insert(arguments.begin() + 1, interleaved.data());
-    argc = static_cast<int>(arguments.size());
-    benchmark::Initialize(&argc, arguments.data());
-    if (benchmark::ReportUnrecognizedArguments(argc, arguments.data())) return 2;
-    Reporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    auto holds = [&](const char* name, const char* against, double limit) {
-        if (!reporter.has(name) || !reporter.has(against)) return true;
-        const double ratio = reporter.best(name) / reporter.best(against);
-        std::printf("ratio %s / %s: %.2f (at most %.0f)\n", name, against, ratio, limit);
-        return ratio <= limit;
-    };
-    const bool loading = holds("load", "readBytes", 10);
-    const bool looking = holds("lookUp", "find", 2);
-    return loading && looking ? 0 : 1;
+    return bench::run(argc, argv,
+                      {{"readBytes", readBytes}, {"load", load}, {"find", find}, {"lookUp", lookUp}},
+                      {{"load", "readBytes", 10}, {"lookUp", "find", 2}});
 }
