@@ -1,8 +1,11 @@
 #include "platform/drawing/OdDbDatabase.h"
 
+#include "platform/drawing/OdDbEntity.h"
+#include "platform/drawing/OdDbLayerTable.h"
 #include "platform/drawing/dxf/DxfReader.h"
 #include "platform/drawing/dxf/HeaderSection.h"
 #include "platform/drawing/dxf/RecordStore.h"
+#include "platform/drawing/dxf/TableNames.h"
 #include "platform/text/AtomicFile.h"
 #include "platform/text/Format.h"
 #include "platform/text/ReadFile.h"
@@ -27,10 +30,17 @@ tv::Problem refusal(Tavo::ErrorStatus status, const std::wstring& file, const wc
 
 std::wstring wideName(const std::filesystem::path& file) { return tv::text::fromUtf8(file.native()); }
 
+OdDbEntityRange entitiesOf(const OdDbDatabase& database, bool paper) {
+    const RecordId section = database.store().section(Section::kEntities);
+    if (section == kNoRecord) return {};
+    return {const_cast<OdDbDatabase&>(database), section,
+            paper ? OdDbEntityRange::kPaper : OdDbEntityRange::kModel};
+}
+
 } // namespace
 
 struct OdDbDatabase::Impl {
-    explicit Impl(RecordStore& store) : header(store) {}
+    explicit Impl(RecordStore& store) : header(store), names(store) {}
 
     // Reactors may come and go while they are being told.
     template <class Tell>
@@ -41,6 +51,7 @@ struct OdDbDatabase::Impl {
     }
 
     HeaderSection header;
+    TableNames names;
     std::vector<OdDbDatabaseReactor*> reactors;
 };
 
@@ -91,8 +102,11 @@ void OdDbDatabase::recordChanged(int kind, RecordId id) {
     }
     if (record.type == kTypeSection || record.type == kTypeEndSec) {
         m_impl->header.forget();
+        m_impl->names.clear();
         return;
     }
+    if (record.section == Section::kTables || record.section == Section::kBlocks)
+        m_impl->names.recordChanged(static_cast<ChangeKind>(kind), id);
     m_impl->tell([&](OdDbDatabaseReactor& reactor) {
         switch (static_cast<ChangeKind>(kind)) {
         case ChangeKind::kReplaced:
@@ -107,6 +121,8 @@ void OdDbDatabase::recordChanged(int kind, RecordId id) {
         }
     });
 }
+
+TableNames& OdDbDatabase::tableNames() { return m_impl->names; }
 
 // --- files ---
 
@@ -206,11 +222,18 @@ OdDbObjectId OdDbDatabase::nextObject(OdDbObjectId after) const {
     return {};
 }
 
+OdDbEntityRange OdDbDatabase::modelSpace() const { return entitiesOf(*this, false); }
+OdDbEntityRange OdDbDatabase::paperSpace() const { return entitiesOf(*this, true); }
+
 OdDbObjectId OdDbDatabase::idOf(RecordId id) const { return {const_cast<OdDbDatabase*>(this), id}; }
 
 OdDbObjectId OdDbDatabase::tableId(std::string_view name) const {
     const RecordId id = m_store->table(name);
     return id == kNoRecord ? OdDbObjectId() : idOf(id);
+}
+
+std::shared_ptr<OdDbLayerTable> OdDbDatabase::layers(OdDb::OpenMode mode) const {
+    return getLayerTableId().open<OdDbLayerTable>(mode);
 }
 
 OdDbObjectId OdDbDatabase::getLayerTableId() const { return tableId("LAYER"); }

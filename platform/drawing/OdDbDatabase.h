@@ -18,11 +18,14 @@
 
 class OdDbDatabase;
 class OdDbDictionary;
+class OdDbEntityRange;
+class OdDbLayerTable;
 using OdDbDatabasePtr = std::shared_ptr<OdDbDatabase>;
 
 namespace tv::dwg {
 class RecordStore;
-}
+class TableNames;
+} // namespace tv::dwg
 
 // A drawing in memory. The file's bytes are kept as they were read; an edit replaces the lines it concerns and
 // nothing else, so that saving an unedited drawing writes the same bytes, and undoing every edit gives them
@@ -86,9 +89,14 @@ class KXPLATFORM_EXPORT OdDbDatabase {
     OdDbObjectId firstObject() const;
     OdDbObjectId nextObject(OdDbObjectId id) const;
     // Main entities in file order, without allocating (see OdDbEntity.h).
+    OdDbEntityRange modelSpace() const;
+    OdDbEntityRange paperSpace() const;
+    // Main entities in file order, without allocating (see OdDbEntity.h).
 
     // Null ids for tables the file lacks.
     OdDbObjectId getLayerTableId() const;
+    // The same, opened; null when the file lacks it.
+    std::shared_ptr<OdDbLayerTable> layers(OdDb::OpenMode mode = OdDb::kForRead) const;
     OdDbObjectId getLinetypeTableId() const;
     OdDbObjectId getTextStyleTableId() const;
     OdDbObjectId getDimStyleTableId() const;
@@ -124,6 +132,7 @@ class KXPLATFORM_EXPORT OdDbDatabase {
     // The records underneath, for the object classes of this room.
     tv::dwg::RecordStore& store() { return *m_store; }
     const tv::dwg::RecordStore& store() const { return *m_store; }
+    tv::dwg::TableNames& tableNames();
 
   private:
     struct Impl;

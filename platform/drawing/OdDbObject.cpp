@@ -10,6 +10,20 @@
 
 using namespace tv::dwg;
 
+namespace {
+
+std::vector<std::size_t> partOf(const RecordEditor& record, OdDbObject::Part part) {
+    std::vector<std::size_t> own = ownTags(record);
+    if (part == OdDbObject::Part::kWhole) return own;
+    int marks = 0;
+    const auto end = std::find_if(own.begin(), own.end(),
+                                  [&](std::size_t i) { return record.code(i) == 100 && ++marks == 2; });
+    own.erase(end, own.end());
+    return own;
+}
+
+} // namespace
+
 OdDbObject::~OdDbObject() = default;
 
 OdString OdDbObject::isA() const {
@@ -66,10 +80,13 @@ TagCursor OdDbObject::tags() const { return database()->store().tags(m_id.record
 
 const DxfFormat& OdDbObject::format() const { return database()->store().format(); }
 
-std::optional<Tag> OdDbObject::find(int code) const {
+std::optional<Tag> OdDbObject::find(int code, Part part) const {
     OwnTags own(format(), database()->store().text(m_id.record()));
-    for (Tag tag; own.next(tag);)
+    int marks = 0;
+    for (Tag tag; own.next(tag);) {
+        if (tag.code == 100 && ++marks == 2 && part == Part::kCommon) break;
         if (tag.code == code) return tag;
+    }
     return std::nullopt;
 }
 
@@ -103,11 +120,12 @@ Tavo::ErrorStatus OdDbObject::checkWrite() const {
     return database()->store().replaying() ? Tavo::eReadOnly : Tavo::eOk;
 }
 
-Tavo::ErrorStatus OdDbObject::setAt(int code, const Value& value, std::initializer_list<int> behind) {
+Tavo::ErrorStatus OdDbObject::setAt(int code, const Value& value, std::initializer_list<int> behind,
+                                    Part part) {
     if (const auto status = checkWrite(); status != Tavo::eOk) return status;
     RecordStore& store = database()->store();
     RecordEditor record(format(), store.text(m_id.record()));
-    const std::vector<std::size_t> own = ownTags(record);
+    const std::vector<std::size_t> own = partOf(record, part);
     const auto there =
         std::find_if(own.begin(), own.end(), [&](std::size_t i) { return record.code(i) == code; });
     if (there != own.end()) {
@@ -125,11 +143,11 @@ Tavo::ErrorStatus OdDbObject::setAt(int code, const Value& value, std::initializ
     return Tavo::eOk;
 }
 
-Tavo::ErrorStatus OdDbObject::removeAt(int code) {
+Tavo::ErrorStatus OdDbObject::removeAt(int code, Part part) {
     if (const auto status = checkWrite(); status != Tavo::eOk) return status;
     RecordStore& store = database()->store();
     RecordEditor record(format(), store.text(m_id.record()));
-    for (const std::size_t i : ownTags(record))
+    for (const std::size_t i : partOf(record, part))
         if (record.code(i) == code) {
             record.erase(i);
             store.replace(m_id.record(), record.bytes());

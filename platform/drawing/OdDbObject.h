@@ -48,9 +48,11 @@ class KXPLATFORM_EXPORT OdDbObject {
     tv::dwg::TagCursor tags() const;
     const tv::dwg::DxfFormat& format() const;
 
-    // First value with that group code among the object's own tags: not in groups of group code 102, embedded
-    // objects or extended data.
-    std::optional<tv::dwg::Tag> find(int code) const;
+    // The part of an entity that all entities share: what stands before its second subclass mark.
+    enum class Part : std::uint8_t { kWhole, kCommon };
+    // First tag with that group code among the object's own: not in groups of group code 102, embedded objects
+    // or extended data. The functions below give its value, or `otherwise` when it is missing or unreadable.
+    std::optional<tv::dwg::Tag> find(int code, Part part = Part::kWhole) const;
     double realAt(int code, double otherwise = 0) const;
     int integerAt(int code, int otherwise = 0) const;
     OdString textAt(int code) const;
@@ -61,8 +63,9 @@ class KXPLATFORM_EXPORT OdDbObject {
     Tavo::ErrorStatus checkWrite() const;
     // Changes that tag's value or, when the object has no such tag, adds it behind the last of the tags
     // `behind`, or at the end of the object's own tags.
-    Tavo::ErrorStatus setAt(int code, const tv::dwg::Value& value, std::initializer_list<int> behind = {});
-    Tavo::ErrorStatus removeAt(int code);
+    Tavo::ErrorStatus setAt(int code, const tv::dwg::Value& value, std::initializer_list<int> behind = {},
+                            Part part = Part::kWhole);
+    Tavo::ErrorStatus removeAt(int code, Part part = Part::kWhole);
 
   private:
     OdDbObjectId m_id;

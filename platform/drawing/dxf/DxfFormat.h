@@ -1,8 +1,10 @@
 #pragma once
 
 #include "platform/drawing/OdDb.h"
+#include "platform/text/CodePage.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace tv::dwg {
@@ -23,6 +25,8 @@ struct DxfFormat {
     OdDb::DxfVersion version = OdDb::DxfVersion::kUnknown;
     std::string codePage = "ANSI_1252"; // as declared by the file
     bool utf8 = false;                  // texts are UTF-8 (R2007 and later)
+    // Of the declared name; nothing when nobody knows that name.
+    std::optional<tv::text::CodePage> page;
 };
 
 } // namespace tv::dwg

@@ -334,6 +334,7 @@ void learnVersion(RecordStore& store) {
             else if (valueKind(value.code) == ValueKind::kInt16 && value.value.starts_with(' '))
                 format.padIntegers = true;
         }
+    format.page = tv::text::CodePage::find(format.codePage);
     format.utf8 = format.version >= OdDb::DxfVersion::kR2007;
 }
 

@@ -1,11 +1,32 @@
 #include "platform/drawing/dxf/DxfTags.h"
 #include "platform/text/Unicode.h"
 
+#include <algorithm>
+
 namespace tv::dwg {
 namespace {
 
-std::wstring fromPage(const DxfFormat&, std::string_view raw) { return text::fromUtf8(raw); }
-std::string toPage(const DxfFormat&, std::wstring_view text) { return text::toUtf8(text); }
+// Files from R2007 on hold UTF-8 whatever code page they declare. A text that isn't is read by the declared one
+// after all; a file that declares nothing known is UTF-8 where it can be.
+tv::text::CodePage pageFor(const DxfFormat& format, std::string_view raw) {
+    const bool utf8 = format.utf8 || !format.page || format.version == OdDb::DxfVersion::kUnknown;
+    if (utf8 && (!format.page || text::isUtf8(raw))) return tv::text::CodePage::utf8();
+    return *format.page;
+}
+
+bool isAscii(std::string_view raw) {
+    return std::none_of(raw.begin(), raw.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+}
+
+std::wstring fromPage(const DxfFormat& format, std::string_view raw) {
+    if (isAscii(raw) && raw.find('\\') == std::string_view::npos) return std::wstring(raw.begin(), raw.end());
+    return pageFor(format, raw).decode(raw).text;
+}
+
+std::string toPage(const DxfFormat& format, std::wstring_view text) {
+    const bool utf8 = format.utf8 || !format.page;
+    return (utf8 ? tv::text::CodePage::utf8() : *format.page).encode(text).bytes;
+}
 
 } // namespace
 

@@ -1,0 +1,417 @@
+#include "platform/drawing/EntityGeometry.h"
+
+#include "platform/drawing/OdDbDatabase.h"
+#include "platform/drawing/OdDbEntity.h"
+#include "platform/drawing/dxf/OwnTags.h"
+#include "platform/drawing/dxf/RecordStore.h"
+
+#include <cmath>
+#include <numbers>
+#include <string_view>
+
+namespace tv::dwg {
+namespace {
+
+double radians(double degrees) { return degrees * std::numbers::pi / 180; }
+
+// Walks an entity's own tags once, handing each to a reader.
+class Reader {
+  public:
+    explicit Reader(OdDbObjectId id)
+        : m_format(id.database()->store().format()), m_own(m_format, id.database()->store().text(id.record())) {
+    }
+    bool next() { return m_own.next(m_tag); }
+    int code() const { return m_tag.code; }
+    double real() const {
+        const auto value = realOf(m_format, m_tag);
+        return value && std::isfinite(*value) ? *value : 0;
+    }
+    int integer() const {
+        const auto value = integerOf(m_format, m_tag);
+        return value && *value >= INT32_MIN && *value <= INT32_MAX ? static_cast<int>(*value) : 0;
+    }
+    OdString text() const { return textOf(m_format, m_tag); }
+    // Takes the tag when it is a coordinate of the point whose first one has that code.
+    bool point(int first, OdGePoint3d& into) const {
+        if (m_tag.code == first)
+            into.x = real();
+        else if (m_tag.code == first + 10)
+            into.y = real();
+        else if (m_tag.code == first + 20)
+            into.z = real();
+        else
+            return false;
+        return true;
+    }
+    bool vector(int first, OdGeVector3d& into) const {
+        OdGePoint3d as{into.x, into.y, into.z};
+        if (!point(first, as)) return false;
+        into = {as.x, as.y, as.z};
+        return true;
+    }
+
+  private:
+    const DxfFormat& m_format;
+    OwnTags m_own;
+    Tag m_tag;
+};
+
+EntityGeometry line(Reader in) {
+    LineGeometry out;
+    while (in.next())
+        if (!in.point(10, out.start)) in.point(11, out.end);
+    return out;
+}
+
+EntityGeometry point(Reader in) {
+    PointGeometry out;
+    while (in.next())
+        in.point(10, out.position);
+    return out;
+}
+
+EntityGeometry circle(Reader in) {
+    CircleGeometry out;
+    while (in.next()) {
+        if (in.point(10, out.center) || in.vector(210, out.normal)) continue;
+        if (in.code() == 40) out.radius = in.real();
+    }
+    return out;
+}
+
+EntityGeometry arc(Reader in) {
+    ArcGeometry out;
+    while (in.next()) {
+        if (in.point(10, out.center) || in.vector(210, out.normal)) continue;
+        if (in.code() == 40) out.radius = in.real();
+        if (in.code() == 50) out.startAngle = radians(in.real());
+        if (in.code() == 51) out.endAngle = radians(in.real());
+    }
+    return out;
+}
+
+EntityGeometry ellipse(Reader in) {
+    EllipseGeometry out;
+    out.endParameter = 2 * std::numbers::pi;
+    while (in.next()) {
+        if (in.point(10, out.center) || in.vector(11, out.majorAxis) || in.vector(210, out.normal)) continue;
+        if (in.code() == 40) out.ratio = in.real();
+        if (in.code() == 41) out.startParameter = in.real();
+        if (in.code() == 42) out.endParameter = in.real();
+    }
+    return out;
+}
+
+EntityGeometry solid(Reader in) {
+    SolidGeometry out;
+    OdGePoint3d last;
+    bool hasLast = false;
+    while (in.next()) {
+        if (in.point(10, out.corners[0]) || in.point(11, out.corners[1]) || in.point(12, out.corners[3]) ||
+            in.vector(210, out.normal))
+            continue;
+        hasLast |= in.point(13, last);
+    }
+    // A triangle may leave its fourth corner out.
+    out.corners[2] = hasLast ? last : out.corners[3];
+    return out;
+}
+
+EntityGeometry lightPolyline(Reader in) {
+    PolylineGeometry out;
+    double width = 0;
+    double elevation = 0;
+    while (in.next()) {
+        if (in.vector(210, out.normal)) continue;
+        PolylineVertex* const vertex = out.vertices.empty() ? nullptr : &out.vertices.back();
+        switch (in.code()) {
+        case 10:
+            out.vertices.push_back({{in.real(), 0, elevation}, width, width, 0});
+            break;
+        case 20:
+            if (vertex) vertex->position.y = in.real();
+            break;
+        case 38:
+            elevation = in.real();
+            break;
+        case 40:
+            if (vertex) vertex->startWidth = in.real();
+            break;
+        case 41:
+            if (vertex) vertex->endWidth = in.real();
+            break;
+        case 42:
+            if (vertex) vertex->bulge = in.real();
+            break;
+        case 43:
+            width = in.real();
+            break;
+        case 70:
+            out.closed = (in.integer() & 1) != 0;
+            break;
+        default:
+            break;
+        }
+    }
+    return out;
+}
+
+EntityGeometry polyline(OdDbObjectId id) {
+    PolylineGeometry out;
+    double startWidth = 0;
+    double endWidth = 0;
+    int flags = 0;
+    OdGePoint3d elevation;
+    for (Reader in(id); in.next();) {
+        if (in.vector(210, out.normal) || in.point(10, elevation)) continue;
+        if (in.code() == 40) startWidth = in.real();
+        if (in.code() == 41) endWidth = in.real();
+        if (in.code() == 70) flags = in.integer();
+    }
+    out.closed = (flags & 1) != 0;
+    out.is3d = (flags & 8) != 0;
+    if (flags & (16 | 64)) return out;
+    for (const OdDbObjectId sub : subEntities(id)) {
+        PolylineVertex vertex{{0, 0, elevation.z}, startWidth, endWidth, 0};
+        int kind = 0;
+        for (Reader in(sub); in.next();) {
+            if (in.point(10, vertex.position)) continue;
+            if (in.code() == 40) vertex.startWidth = in.real();
+            if (in.code() == 41) vertex.endWidth = in.real();
+            if (in.code() == 42) vertex.bulge = in.real();
+            if (in.code() == 70) kind = in.integer();
+        }
+        // The control points of a fitted curve frame it and are no part of it.
+        const bool frame = (kind & 16) != 0;
+        if (id.database()->store().record(sub.record()).type == kTypeVertex && !frame)
+            out.vertices.push_back(vertex);
+    }
+    return out;
+}
+
+EntityGeometry text(Reader in, bool attribute) {
+    TextGeometry out;
+    OdGePoint3d alignment;
+    bool aligned = false;
+    while (in.next()) {
+        if (in.point(10, out.position) || in.vector(210, out.normal)) continue;
+        if (in.point(11, alignment)) {
+            aligned = true;
+            continue;
+        }
+        switch (in.code()) {
+        case 1:
+            out.text = in.text();
+            break;
+        case 7:
+            out.style = in.text();
+            break;
+        case 40:
+            out.height = in.real();
+            break;
+        case 41:
+            out.widthFactor = in.real();
+            break;
+        case 50:
+            out.rotation = radians(in.real());
+            break;
+        case 51:
+            out.oblique = radians(in.real());
+            break;
+        case 70:
+            out.invisible = attribute && (in.integer() & 1) != 0;
+            break;
+        case 71:
+            out.backwards = (in.integer() & 2) != 0;
+            out.upsideDown = (in.integer() & 4) != 0;
+            break;
+        case 72:
+            out.horizontal = in.integer();
+            break;
+        case 73:
+            if (!attribute) out.vertical = in.integer();
+            break;
+        case 74:
+            if (attribute) out.vertical = in.integer();
+            break;
+        default:
+            break;
+        }
+    }
+    if (aligned && (out.horizontal != 0 || out.vertical != 0)) out.alignment = alignment;
+    return out;
+}
+
+EntityGeometry multilineText(Reader in) {
+    MTextGeometry out;
+    std::wstring contents;
+    OdGeVector3d direction;
+    bool directed = false;
+    while (in.next()) {
+        if (in.point(10, out.position) || in.vector(210, out.normal)) continue;
+        if (in.vector(11, direction)) {
+            directed = true;
+            continue;
+        }
+        switch (in.code()) {
+        case 1:
+        case 3:
+            contents += in.text().view();
+            break;
+        case 7:
+            out.style = in.text();
+            break;
+        case 40:
+            out.height = in.real();
+            break;
+        case 41:
+            out.width = in.real();
+            break;
+        case 50:
+            out.rotation = in.real(); // radians here, unlike everywhere else
+            directed = false;
+            break;
+        case 71:
+            out.attachment = in.integer();
+            break;
+        default:
+            break;
+        }
+    }
+    if (directed) out.rotation = std::atan2(direction.y, direction.x);
+    out.plain = plainMText(contents);
+    out.contents = OdString(std::move(contents));
+    return out;
+}
+
+EntityGeometry insert(Reader in) {
+    InsertGeometry out;
+    while (in.next()) {
+        if (in.point(10, out.position) || in.vector(210, out.normal)) continue;
+        switch (in.code()) {
+        case 2:
+            out.block = in.text();
+            break;
+        case 41:
+            out.scale.x = in.real();
+            break;
+        case 42:
+            out.scale.y = in.real();
+            break;
+        case 43:
+            out.scale.z = in.real();
+            break;
+        case 44:
+            out.columnSpacing = in.real();
+            break;
+        case 45:
+            out.rowSpacing = in.real();
+            break;
+        case 50:
+            out.rotation = radians(in.real());
+            break;
+        case 70:
+            out.columns = in.integer();
+            break;
+        case 71:
+            out.rows = in.integer();
+            break;
+        default:
+            break;
+        }
+    }
+    return out;
+}
+
+} // namespace
+
+EntityGeometry geometryOf(OdDbObjectId entity) {
+    if (entity.isErased()) return {};
+    const std::string_view type = entity.database()->store().typeName(entity.record());
+    if (type == "LINE") return line(Reader(entity));
+    if (type == "POINT") return point(Reader(entity));
+    if (type == "CIRCLE") return circle(Reader(entity));
+    if (type == "ARC") return arc(Reader(entity));
+    if (type == "ELLIPSE") return ellipse(Reader(entity));
+    if (type == "LWPOLYLINE") return lightPolyline(Reader(entity));
+    if (type == "POLYLINE") return polyline(entity);
+    if (type == "SOLID" || type == "TRACE") return solid(Reader(entity));
+    if (type == "TEXT") return text(Reader(entity), false);
+    if (type == "ATTRIB" || type == "ATTDEF") return text(Reader(entity), true);
+    if (type == "MTEXT") return multilineText(Reader(entity));
+    if (type == "INSERT") return insert(Reader(entity));
+    return {};
+}
+
+OdString plainMText(std::wstring_view contents) {
+    std::wstring out;
+    for (std::size_t i = 0; i < contents.size(); ++i) {
+        const wchar_t c = contents[i];
+        if (c == L'{' || c == L'}') continue;
+        if (c != L'\\' || i + 1 == contents.size()) {
+            out.push_back(c);
+            continue;
+        }
+        const wchar_t code = contents[++i];
+        switch (code) {
+        case L'P':
+        case L'N':
+            out.push_back(L'\n');
+            break;
+        case L'~':
+            out.push_back(L' ');
+            break;
+        case L'\\':
+        case L'{':
+        case L'}':
+            out.push_back(code);
+            break;
+        case L'L':
+        case L'l':
+        case L'O':
+        case L'o':
+        case L'K':
+        case L'k':
+            break;
+        case L'S': // a stacked fraction: its halves with the sign between them, ^ as a slash
+            for (++i; i < contents.size() && contents[i] != L';'; ++i)
+                out.push_back(contents[i] == L'^' || contents[i] == L'#' ? L'/' : contents[i]);
+            break;
+        case L'A':
+        case L'C':
+        case L'c':
+        case L'f':
+        case L'F':
+        case L'H':
+        case L'p':
+        case L'Q':
+        case L'T':
+        case L'W':
+            while (i < contents.size() && contents[i] != L';')
+                ++i;
+            break;
+        default:
+            out.push_back(L'\\');
+            out.push_back(code);
+        }
+    }
+    return OdString(std::move(out));
+}
+
+// The x axis is square to the normal and to the world's z axis, or to its y axis where the normal almost is the
+// z axis.
+OdGePoint3d toWorld(const OdGePoint3d& p, const OdGeVector3d& normal) {
+    const double length = normal.length();
+    if (length == 0 || (normal.x == 0 && normal.y == 0 && normal.z > 0)) return p;
+    const OdGeVector3d z{normal.x / length, normal.y / length, normal.z / length};
+    constexpr double kNear = 1.0 / 64;
+    OdGeVector3d x = std::abs(z.x) < kNear && std::abs(z.y) < kNear ? OdGeVector3d{z.z, 0, -z.x}
+                                                                    : OdGeVector3d{-z.y, z.x, 0};
+    const double xLength = x.length();
+    x = {x.x / xLength, x.y / xLength, x.z / xLength};
+    const OdGeVector3d y{z.y * x.z - z.z * x.y, z.z * x.x - z.x * x.z, z.x * x.y - z.y * x.x};
+    return {p.x * x.x + p.y * y.x + p.z * z.x, p.x * x.y + p.y * y.y + p.z * z.y,
+            p.x * x.z + p.y * y.z + p.z * z.z};
+}
+
+} // namespace tv::dwg
