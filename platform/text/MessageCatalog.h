@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/Export.h"
 #include "platform/text/MessageFile.h"
 
 #include <cstdint>
@@ -15,7 +14,7 @@
 namespace tv::text {
 
 // Wide texts that never move and are never given back; each distinct text is kept once.
-class KXPLATFORM_EXPORT TextPool {
+class TextPool {
   public:
     const wchar_t* keep(std::wstring text) { return m_texts.insert(std::move(text)).first->c_str(); }
 
@@ -26,7 +25,7 @@ class KXPLATFORM_EXPORT TextPool {
 // The texts of several message files under (section, key). The bytes of the files are kept; a text is made wide
 // the first time it is asked for and then lives in the pool, beyond the catalogue. One open-addressed index
 // over views of the bytes: loading allocates next to nothing and a lookup touches one slot and one key.
-class KXPLATFORM_EXPORT MessageCatalog {
+class MessageCatalog {
   public:
     explicit MessageCatalog(TextPool& pool) : m_pool(&pool) {}
 

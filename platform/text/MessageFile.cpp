@@ -59,8 +59,9 @@ bool unquote(std::string_view& text) {
 void parseMessageFile(std::string_view bytes, const std::function<bool(const MessageLine&)>& onLine,
                       const std::function<void(MessageFault, std::int64_t)>& onFault) {
     if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);
-    // Asked of the whole file first: nearly always that settles it for every line.
+    // Asked of the whole file first: often that settles it for every line.
     const bool allText = isUtf8(bytes) && bytes.find('\0') == std::string_view::npos;
+    const bool noEscapes = bytes.find('\\') == std::string_view::npos;
     auto isText = [allText](std::string_view line) {
         return allText || (isUtf8(line) && line.find('\0') == std::string_view::npos);
     };
@@ -96,7 +97,7 @@ void parseMessageFile(std::string_view bytes, const std::function<bool(const Mes
             onFault(MessageFault::EmptyKey, entry.line);
         else if (!unquote(entry.text))
             onFault(MessageFault::OpenQuote, entry.line);
-        else if (!hasOnlyKnownEscapes(entry.text))
+        else if (!noEscapes && !hasOnlyKnownEscapes(entry.text))
             onFault(MessageFault::UnknownEscape, entry.line);
         else if (sectionKnown && !onLine(entry))
             onFault(MessageFault::DuplicateKey, entry.line);

@@ -73,6 +73,11 @@ const wchar_t* CNativeRCMsgMgr::GetVal(const wchar_t* dialogName, const wchar_t*
     return text ? text : m_pool.keep(defaultText ? defaultText : L"");
 }
 
+const wchar_t* CNativeRCMsgMgr::textFor(const char* key, const wchar_t* defaultText) {
+    const wchar_t* text = m_catalog.find({}, key);
+    return text ? text : defaultText;
+}
+
 void CNativeRCMsgMgr::addFile(File file) {
     const auto same = std::find_if(m_files.begin(), m_files.end(), [&](const File& known) {
         return file.base.empty() ? known.path == file.path : known.base == file.base;

@@ -24,10 +24,7 @@ class KXPLATFORM_EXPORT CNativeRCMsgMgr {
     const wchar_t* GetVal(const wchar_t* dialogName, const wchar_t* controlName, const wchar_t* defaultText);
 
     // The text of a plain key, or `defaultText` itself. Use VORD_ResourceString instead.
-    const wchar_t* textFor(const char* key, const wchar_t* defaultText) {
-        const wchar_t* text = m_catalog.find({}, key);
-        return text ? text : defaultText;
-    }
+    const wchar_t* textFor(const char* key, const wchar_t* defaultText);
 
     CNativeRCMsgMgr(const CNativeRCMsgMgr&) = delete;
     CNativeRCMsgMgr& operator=(const CNativeRCMsgMgr&) = delete;

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 
 namespace tv::text {
 namespace {
@@ -23,18 +24,26 @@ bool isAscii(std::wstring_view text) {
 constexpr std::size_t lookBehind = 3;
 constexpr std::size_t blockSize = 128;
 
-// Whether each byte of the block may stand behind the three before it. Without a branch in the loop, so that
-// the compiler makes it one for many bytes at a time: whole drawings and message files go through here.
+// Whether each byte of the block may stand behind the three before it. Two loops without branches, which the
+// compiler makes loops over many bytes at a time: whole drawings and message files go through here. The second
+// is needed only for blocks with the rare leading bytes.
 bool isBlockUtf8(const std::uint8_t* p) {
-    std::uint8_t wrong = 0;
+    std::uint8_t wrong = 0, rare = 0;
     for (std::size_t i = 0; i < blockSize; ++i) {
         const std::uint8_t c = p[i], p1 = *(p + i - 1), p2 = *(p + i - 2), p3 = *(p + i - 3);
         const std::uint8_t follows = (c & 0xC0) == 0x80;
         const std::uint8_t expected = (p1 >= 0xC0) | (p2 >= 0xE0) | (p3 >= 0xF0);
-        const std::uint8_t overlong = ((p1 == 0xE0) & (c < 0xA0)) | ((p1 == 0xF0) & (c < 0x90));
-        const std::uint8_t beyond = ((p1 == 0xED) & (c > 0x9F)) | ((p1 == 0xF4) & (c > 0x8F));
-        const std::uint8_t never = (c == 0xC0) | (c == 0xC1) | (c > 0xF4);
-        wrong |= (follows ^ expected) | overlong | beyond | never;
+        const std::uint8_t surrogate = (p1 == 0xED) & (c >= 0xA0);
+        wrong |= (follows ^ expected) | surrogate;
+        rare |= ((c & 0xFE) == 0xC0) | (p1 == 0xE0) | (p1 >= 0xF0);
+    }
+    if (wrong || !rare) return wrong == 0;
+    for (std::size_t i = 0; i < blockSize; ++i) {
+        const std::uint8_t c = p[i], p1 = *(p + i - 1);
+        const std::uint8_t overlong =
+            ((c & 0xFE) == 0xC0) | ((p1 == 0xE0) & (c < 0xA0)) | ((p1 == 0xF0) & (c < 0x90));
+        const std::uint8_t beyond = (p1 > 0xF4) | ((p1 == 0xF4) & (c >= 0x90));
+        wrong |= overlong | beyond;
     }
     return wrong == 0;
 }
@@ -82,15 +91,19 @@ std::string toUtf8(std::wstring_view text) {
 }
 
 bool isUtf8(std::string_view bytes) {
-    std::array<std::uint8_t, lookBehind + blockSize> block{};
-    // One block more when the text ends with a block, so that a sequence cut off there meets a byte that ends
-    // it.
+    // The first block is checked in a copy that has zeros before it; so is the last, which always has a zero
+    // behind it that ends a sequence cut off there. Those between are checked where they are.
+    std::array<std::uint8_t, lookBehind + blockSize> copy{};
     for (std::size_t at = 0; at <= bytes.size(); at += blockSize) {
-        const std::string_view part = bytes.substr(at, blockSize);
-        std::copy(block.end() - lookBehind, block.end(), block.begin());
-        std::copy(part.begin(), part.end(), block.begin() + lookBehind);
-        std::fill(block.begin() + lookBehind + part.size(), block.end(), std::uint8_t{0});
-        if (!isBlockUtf8(block.data() + lookBehind)) return false;
+        const auto* block = reinterpret_cast<const std::uint8_t*>(bytes.data()) + at;
+        if (at == 0 || bytes.size() - at < blockSize) {
+            const std::string_view part = bytes.substr(at, blockSize);
+            copy.fill(0);
+            part.copy(reinterpret_cast<char*>(copy.data()) + lookBehind, part.size());
+            if (at > 0) std::memcpy(copy.data(), block - lookBehind, lookBehind);
+            block = copy.data() + lookBehind;
+        }
+        if (!isBlockUtf8(block)) return false;
     }
     return true;
 }

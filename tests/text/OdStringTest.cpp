@@ -52,7 +52,23 @@ TEST(Format, PrintfRulesAndFaultyPatterns) {
 TEST(Unicode, IllFormedBytesOneByOne) {
     using namespace tv::text;
     EXPECT_EQ(fromUtf8("a\xC3(\xE2\x82"), L"a\xFFFD(\xFFFD\xFFFD");
-    EXPECT_FALSE(isUtf8("\xED\xA0\x80")); // a surrogate
+    // At every place of a block and across its end: the shortest and longest of each length, and their
+    // neighbours.
+    for (std::size_t before = 100; before < 150; ++before) {
+        const std::string lead(before, 'x');
+        for (const char* good :
+             {"", "\xC2\x80", "\xDF\xBF", "\xE0\xA0\x80", "\xED\x9F\xBF", "\xEE\x80\x80", "\xEF\xBF\xBF",
+              "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF", "\xC3\xA9\xED\x95\x98"}) {
+            EXPECT_TRUE(isUtf8(lead + good)) << before;
+            EXPECT_TRUE(isUtf8(lead + good + lead)) << before;
+        }
+        for (const char* bad : {"\x80", "\xC3", "\xC0\x80", "\xC1\xBF", "\xE0\x9F\xBF", "\xED\xA0\x80",
+                                "\xE2\x82", "\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xFF",
+                                "\xF0\x90\x80", "\xC3\xA9\xA9"}) {
+            EXPECT_FALSE(isUtf8(lead + bad)) << before;
+            EXPECT_FALSE(isUtf8(lead + bad + lead)) << before;
+        }
+    }
     EXPECT_EQ(toUtf8(std::wstring{wchar_t(0xD800), wchar_t(0x110000), wchar_t(0x1F600)}),
               "\xEF\xBF\xBD\xEF\xBF\xBD😀");
     EXPECT_EQ(fromUtf8("😀"), std::wstring(1, wchar_t(0x1F600)));
