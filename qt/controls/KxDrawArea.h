@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/toolkit/DrawArea.h"
+#include "qt/Export.h"
 #include "qt/controls/Bridge.h"
 
 #include <QTransform>
@@ -9,7 +10,7 @@
 namespace tv::qt {
 
 // Paints a display list, scaled to fit with its aspect ratio kept. Empty until a bridge ties it to a control.
-class KxDrawArea : public QWidget {
+class KXGUIQT_EXPORT KxDrawArea : public QWidget {
     Q_OBJECT
   public:
     explicit KxDrawArea(QWidget* parent = nullptr);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/toolkit/SwatchGrid.h"
+#include "qt/Export.h"
 #include "qt/controls/Bridge.h"
 
 #include <QWidget>
@@ -9,7 +10,7 @@ namespace tv::qt {
 
 // Paints a table of colours and reports what the pointer does to its cells. Empty until a bridge ties it to a
 // control.
-class KxSwatchGrid : public QWidget {
+class KXGUIQT_EXPORT KxSwatchGrid : public QWidget {
     Q_OBJECT
   public:
     explicit KxSwatchGrid(QWidget* parent = nullptr);

@@ -51,7 +51,7 @@ void ImageBridge::show(ui::Change change) {
     constexpr int side = 32;
     const QPixmap picture = standardIcon(m_image.icon()).pixmap(QSize(side, side), m_label.devicePixelRatioF());
     m_label.setPixmap(picture);
-    m_label.setMinimumSize(picture.isNull() ? QSize() : QSize(side, side));
+    m_label.setMinimumSize(picture.isNull() ? QSize(0, 0) : QSize(side, side));
 }
 
 } // namespace tv::qt

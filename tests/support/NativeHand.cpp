@@ -3,6 +3,7 @@
 #include "platform/toolkit/Button.h"
 #include "platform/toolkit/Choice.h"
 #include "platform/toolkit/ComboBox.h"
+#include "platform/toolkit/Edit.h"
 #include "platform/toolkit/ListBox.h"
 #include "platform/toolkit/ListCtrl.h"
 #include "platform/toolkit/SliderCtrl.h"
@@ -18,6 +19,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPointer>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTableView>
@@ -89,18 +91,14 @@ int qtKey(const KeyEvent& key) {
 }
 
 void strike(QWidget& window, int key, Qt::KeyboardModifiers with, const QString& text) {
-    // To whom the window system would give it, popups first.
-    const auto target = [&]() -> QWidget* {
-        QWidget* at = QApplication::activePopupWidget() ? QApplication::activePopupWidget() : &window;
-        return at->focusWidget() ? at->focusWidget() : at;
-    };
-    QKeyEvent ask(QEvent::ShortcutOverride, key, with, text);
-    ask.ignore();
-    QApplication::sendEvent(target(), &ask);
-    QKeyEvent press(QEvent::KeyPress, key, with, text);
-    QApplication::sendEvent(target(), &press);
-    QKeyEvent release(QEvent::KeyRelease, key, with, text);
-    QApplication::sendEvent(target(), &release);
+    // To whom the window system would give it, popups first, whatever the first event does to the popup.
+    QWidget* top = QApplication::activePopupWidget() ? QApplication::activePopupWidget() : &window;
+    const QPointer<QWidget> target = top->focusWidget() ? top->focusWidget() : top;
+    for (const auto kind : {QEvent::ShortcutOverride, QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(kind, key, with, text);
+        if (kind == QEvent::ShortcutOverride) event.ignore();
+        if (target) QApplication::sendEvent(target, &event);
+    }
 }
 
 } // namespace
@@ -138,16 +136,19 @@ void press(QWidget& window, Key which, int times = 1) {
         native::key(window, {which});
 }
 
-void editText(QWidget& window, const std::wstring& text) {
-    press(window, Key::f2);
-    QWidget* editor = QApplication::focusWidget();
-    for (QLineEdit* line : window.findChildren<QLineEdit*>())
-        if (line->isVisible() && qobject_cast<QAbstractItemView*>(line->parentWidget()->parentWidget()))
-            editor = line;
-    if (!editor) return;
-    editor->setFocus();
-    native::type(window, QString::fromStdWString(text));
-    press(window, Key::enter);
+// The second click of a person opens the editor too, but after a while; F2 does nothing meanwhile.
+void editText(QAbstractItemView& view, const std::wstring& text) {
+    QLineEdit* editor = nullptr;
+    const auto isOpen = [&] {
+        for (QLineEdit* line : view.viewport()->findChildren<QLineEdit*>())
+            if (line->isVisible()) editor = line;
+        return editor != nullptr;
+    };
+    press(*view.window(), Key::f2);
+    if (!QTest::qWaitFor(isOpen, 2000)) return;
+    native::type(*view.window(), QString::fromStdWString(text));
+    press(*view.window(), Key::enter);
+    QApplication::processEvents(); // some editors close when the key has done its work
 }
 
 QTreeWidgetItem* itemOf(QTreeWidget& tree, int id) {
@@ -180,7 +181,7 @@ bool actOnTree(CTreeCtrl& control, QTreeWidget& tree, const UserAction& action) 
         return true;
     case UserAction::Kind::treeRename:
         if (!control.item(control.find(action.path))->renamable) return false;
-        editText(*tree.window(), action.text);
+        editText(tree, action.text);
         return true;
     default:
         return false;
@@ -204,7 +205,7 @@ bool actOnTable(CListCtrl& control, QTableView& table, const UserAction& action)
         if (action.cell == UserAction::Cell::doubleClick) clickItem(table, at(action.row, action.column), true);
         if (action.cell != UserAction::Cell::edit) return true;
         if (!control.cell(action.row, action.column).editable) return false;
-        editText(*table.window(), action.text);
+        editText(table, action.text);
         return true;
     default:
         return false;
@@ -247,7 +248,7 @@ bool NativeHand::send(CWnd& wnd, QWidget& widget, const UserAction& action) {
         native::click(widget, widget.width() / 2, middle);
         if (action.kind == UserAction::Kind::type)
             native::type(*widget.window(), QString::fromStdWString(action.text));
-        return true;
+        return action.kind == click || !static_cast<CEdit&>(wnd).readOnly();
     case tv::ui::ControlKind::comboBox:
         if (action.kind == choose)
             return chooseInCombo(static_cast<CComboBox&>(wnd), static_cast<QComboBox&>(widget), action);
@@ -301,11 +302,12 @@ bool NativeHand::send(CWnd& wnd, QWidget& widget, const UserAction& action) {
 }
 
 UserResult NativeHand::act(CWnd& wnd, const UserAction& action) {
+    QApplication::sendPostedEvents(); // nobody clicks before the layout has settled
     CDialog* dialog = wnd.dialog();
     QWidget* widget =
         static_cast<CWnd*>(dialog) == &wnd ? m_toolkit.windowOf(*dialog) : m_toolkit.widgetOf(wnd);
-    const bool reachable =
-        widget && widget->isVisible() && widget->isEnabled() && m_toolkit.topmost() == dialog;
-    const bool sent = widget && send(wnd, *widget, action);
+    const bool reachable = widget && widget->isEnabled() && m_toolkit.topmost() == dialog;
+    // Where a hidden widget would be, others are.
+    const bool sent = widget && widget->isVisible() && send(wnd, *widget, action);
     return reachable && sent ? UserResult::done() : wnd.perform(action);
 }

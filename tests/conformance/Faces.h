@@ -1,0 +1,60 @@
+#pragma once
+
+#include "platform/toolkit/headless/HeadlessToolkit.h"
+#include "platform/toolkit/headless/SimulatedUser.h"
+
+#include <gtest/gtest.h>
+
+#ifdef KX_WITH_QT
+#include "tests/support/NativeHand.h"
+#include "tests/support/QtApp.h"
+
+#include <QFocusEvent>
+#include <QTest>
+#include <QTimer>
+#endif
+
+// A face under test: its toolkit, the hand that acts in it, and how its time passes.
+struct HeadlessFace {
+    tv::ui::HeadlessToolkit toolkit;
+    std::unique_ptr<tv::ui::Hand> hand() { return std::make_unique<tv::ui::Hand>(); }
+    void pass(std::chrono::milliseconds time) { toolkit.advance(time); }
+    // What the face shows of a control's text, enabled and visible state must be what the control says.
+    void expectShown(const CDialog&) {}
+};
+
+#ifdef KX_WITH_QT
+struct QtFace {
+    QtFace() {
+        toolkit.addTemplatePath(QStringLiteral(KX_SOURCE_DIR "/tests/conformance/ui"));
+        watchdog.callOnTimeout([this] {
+            for (CDialog* dialog : toolkit.modalStack()) {
+                ADD_FAILURE() << "left open:\n" << tv::ui::toText(tv::ui::snapshot(*dialog));
+                dialog->EndDialog(-2);
+            }
+        });
+        watchdog.start(8000);
+    }
+    std::unique_ptr<tv::ui::Hand> hand() { return std::make_unique<NativeHand>(toolkit); }
+    void pass(std::chrono::milliseconds time) { QTest::qWait(static_cast<int>(time.count())); }
+    void expectShown(const CDialog& dialog) { expectShownBelow(dialog); }
+    void expectShownBelow(const CWnd& parent) {
+        for (const CWnd* wnd : parent.children()) {
+            const QWidget* widget = toolkit.widgetOf(*wnd);
+            ASSERT_NE(widget, nullptr) << wnd->name();
+            EXPECT_EQ(!widget->isHidden(), wnd->shown()) << wnd->name();
+            if (wnd->kind() != tv::ui::ControlKind::groupBox) {
+                EXPECT_EQ(widget->isEnabledTo(widget->parentWidget()), wnd->IsWindowEnabled()) << wnd->name();
+            }
+            expectShownBelow(*wnd);
+        }
+    }
+
+    QApplication& app = qtApp();
+    QtToolkit toolkit;
+    QTimer watchdog;
+};
+using Faces = testing::Types<HeadlessFace, QtFace>;
+#else
+using Faces = testing::Types<HeadlessFace>;
+#endif
