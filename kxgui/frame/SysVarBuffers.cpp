@@ -40,7 +40,9 @@ std::optional<OdResBuf> toBuffer(int value) {
 }
 
 std::optional<OdResBuf> toBuffer(double value) { return OdResBuf(OdResBuf::kRtDouble, value); }
-std::optional<OdResBuf> toBuffer(const TvString& value) { return OdResBuf(OdResBuf::kRtString, OdString(value)); }
+std::optional<OdResBuf> toBuffer(const TvString& value) {
+    return OdResBuf(OdResBuf::kRtString, OdString(value));
+}
 std::optional<OdResBuf> toBuffer(const OdGePoint2d& value) { return OdResBuf(OdResBuf::kRtPoint2d, value); }
 std::optional<OdResBuf> toBuffer(const OdGePoint3d& value) { return OdResBuf(OdResBuf::kRtPoint3d, value); }
 
@@ -81,8 +83,12 @@ bool fromBuffer(const OdResBuf& buffer, TvString& value) {
     return true;
 }
 
-bool fromBuffer(const OdResBuf& buffer, OdGePoint2d& value) { return take(buffer, OdResBuf::kRtPoint2d, value); }
-bool fromBuffer(const OdResBuf& buffer, OdGePoint3d& value) { return take(buffer, OdResBuf::kRtPoint3d, value); }
+bool fromBuffer(const OdResBuf& buffer, OdGePoint2d& value) {
+    return take(buffer, OdResBuf::kRtPoint2d, value);
+}
+bool fromBuffer(const OdResBuf& buffer, OdGePoint3d& value) {
+    return take(buffer, OdResBuf::kRtPoint3d, value);
+}
 
 bool fromBuffer(const OdResBuf& buffer, OdCmColor& value) {
     std::int64_t code = 0;
@@ -114,10 +120,13 @@ std::optional<OdResBuf> toWrite(std::wstring_view name, const OdResBuf& staged, 
     case OdResBuf::kRtInt16:
     case OdResBuf::kRtString:
     case OdResBuf::kRtPoint3d:
-    case OdResBuf::kRtInt32: return OdResBuf(restype, staged.value());
+    case OdResBuf::kRtInt32:
+        return OdResBuf(restype, staged.value());
     case OdResBuf::kRtAngle:
-    case OdResBuf::kRtOrient: return OdResBuf(OdResBuf::kRtDouble, staged.value()); // both are radians
-    default: return std::nullopt;
+    case OdResBuf::kRtOrient:
+        return OdResBuf(OdResBuf::kRtDouble, staged.value()); // both are radians
+    default:
+        return std::nullopt;
     }
 }
 

@@ -19,8 +19,8 @@ std::optional<OdResBuf> toBuffer(const OdGePoint3d& value);
 std::optional<OdResBuf> toBuffer(const OdCmColor& value);
 std::optional<OdResBuf> toBuffer(const OdDbObjectId& value);
 
-// False, and `value` untouched, when the buffer is of another type. Truth values and integers are taken from the types
-// 5003 and 280 only, as 16 bits.
+// False, and `value` untouched, when the buffer is of another type. Truth values and integers are taken from
+// the types 5003 and 280 only, as 16 bits.
 bool fromBuffer(const OdResBuf& buffer, bool& value);
 bool fromBuffer(const OdResBuf& buffer, int& value);
 bool fromBuffer(const OdResBuf& buffer, double& value);
@@ -32,7 +32,8 @@ bool fromBuffer(const OdResBuf& buffer, OdDbObjectId& value);
 
 // The variable's value now. False, and `value` untouched, when it can't be read or is of another type.
 template <class T>
-bool readCurrent(const TavoSysvarManager& manager, std::wstring_view name, const OdDbDatabasePtr& database, T& value) {
+bool readCurrent(const TavoSysvarManager& manager, std::wstring_view name, const OdDbDatabasePtr& database,
+                 T& value) {
     const OdString variable(name);
     if constexpr (std::is_same_v<T, OdCmColor> || std::is_same_v<T, OdDbObjectId>) {
         return manager.getVar(variable, value, database) == Tavo::eOk;
@@ -42,7 +43,8 @@ bool readCurrent(const TavoSysvarManager& manager, std::wstring_view name, const
     }
 }
 
-// The buffer to hand to the manager for a staged one, by its result type; nothing for types that are not written.
+// The buffer to hand to the manager for a staged one, by its result type; nothing for types that are not
+// written.
 std::optional<OdResBuf> toWrite(std::wstring_view name, const OdResBuf& staged, TavoSysvarType type);
 
 } // namespace kx::sysvar

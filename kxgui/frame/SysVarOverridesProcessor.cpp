@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <unordered_set>
 
 std::deque<_tSysVar_DlgItem>& getSysVarDlgItems() {
     static std::deque<_tSysVar_DlgItem> items;
@@ -70,18 +71,20 @@ void SysVarOverridesProcessor::eraseSysVarFromOverridesList(_tSysVar_DlgItem& it
 void SysVarOverridesProcessor::markOverrideSysVar(const _tSysVar_DlgItem& item) {
     if (!item.shared || item.name.empty() || item.kind == _tSysVar_DlgItem::kNotMarked) return;
     for (_tSysVar_DlgItem& record : getSysVarDlgItems()) {
-        if (!record.shared || record.owner != item.owner || !tv::text::equalNoCase(record.name, item.name)) continue;
+        if (!record.shared || record.owner != item.owner || !tv::text::equalNoCase(record.name, item.name))
+            continue;
         record.overridden = item.overridden;
         record.node = item.node;
     }
 }
 
 void SysVarOverridesProcessor::cleanStorage() {
+    std::unordered_set<const SysVarOverride*> own;
+    for (const SysVarOverride& entry : m_overrides)
+        own.insert(&entry);
     for (_tSysVar_DlgItem& record : getSysVarDlgItems()) {
-        const bool foreign = record.node && std::ranges::none_of(m_overrides, [&](const SysVarOverride& e) {
-            return &e == record.node;
-        });
-        if (foreign) continue; // staged by another processor, which still needs it
+        if (record.node && !own.contains(record.node))
+            continue; // staged by another processor, which still needs it
         record.overridden = false;
         record.node = nullptr;
     }
@@ -117,7 +120,9 @@ bool SysVarOverridesProcessor::stage(_tSysVar_DlgItem& item, const T& value) {
 
 bool SysVarOverridesProcessor::overrideSysVar(_tSysVar_DlgItem& item, bool value) { return stage(item, value); }
 bool SysVarOverridesProcessor::overrideSysVar(_tSysVar_DlgItem& item, int value) { return stage(item, value); }
-bool SysVarOverridesProcessor::overrideSysVar(_tSysVar_DlgItem& item, double value) { return stage(item, value); }
+bool SysVarOverridesProcessor::overrideSysVar(_tSysVar_DlgItem& item, double value) {
+    return stage(item, value);
+}
 bool SysVarOverridesProcessor::overrideSysVar(_tSysVar_DlgItem& item, const TvString& value) {
     return stage(item, value);
 }
@@ -205,9 +210,12 @@ TavoSysvarType SysVarOverridesProcessor::getVarType(std::wstring_view name) cons
 bool SysVarOverridesProcessor::validateSysvarValue(std::wstring_view name, double& value) const {
     const auto range = m_manager ? m_manager->range(OdString(name)) : std::nullopt;
     if (!range || !(range->maximum > range->minimum)) return true;
-    if (value < range->minimum) value = range->minimum;
-    else if (value > range->maximum) value = range->maximum;
-    else return true;
+    if (value < range->minimum)
+        value = range->minimum;
+    else if (value > range->maximum)
+        value = range->maximum;
+    else
+        return true;
     return false;
 }
 
@@ -223,7 +231,8 @@ bool SysVarOverridesProcessor::validateSysvarValue(std::wstring_view name, int& 
 std::vector<OdString> SysVarOverridesProcessor::saveVariablesToDataBase() {
     std::vector<OdString> refused;
     if (!m_manager) {
-        for (const SysVarOverride& entry : m_overrides) refused.emplace_back(entry.item->name);
+        for (const SysVarOverride& entry : m_overrides)
+            refused.emplace_back(entry.item->name);
         return refused;
     }
     std::optional<OdDbUndoScope> undo;
@@ -237,10 +246,9 @@ Tavo::ErrorStatus SysVarOverridesProcessor::write(const SysVarOverride& entry) {
     const OdString name(entry.item->name);
     const auto value = kx::sysvar::toWrite(name.view(), entry.value, getVarType(name.view()));
     if (!value) {
-        tvedPrint(tv::text::format(
-            VORD_ResourceString("IDS_TAVO_SYSVAR_NOT_WRITABLE",
-                                L"시스템 변수 %s에 형식 %d의 값을 쓸 수 없습니다."),
-            name, entry.value.restype()));
+        tvedPrint(tv::text::format(VORD_ResourceString("IDS_TAVO_SYSVAR_NOT_WRITABLE",
+                                                       L"시스템 변수 %s에 형식 %d의 값을 쓸 수 없습니다."),
+                                   name, entry.value.restype()));
         return Tavo::eWrongType;
     }
     const auto status = m_manager->setVar(name, *value, m_database);

@@ -21,9 +21,9 @@ struct SysVarOverride {
     OdResBuf value;
 };
 
-// The edits of a settings dialog while it is open: they are staged here, shown wherever their variable is shown, and
-// written in one pass when the user confirms. Dropped when the processor dies. Variables are read and written
-// through the system-variable manager that is installed when the processor is made.
+// The edits of a settings dialog while it is open: they are staged here, shown wherever their variable is
+// shown, and written in one pass when the user confirms. Dropped when the processor dies. Variables are read
+// and written through the system-variable manager that is installed when the processor is made.
 class KXGUI_EXPORT SysVarOverridesProcessor {
   public:
     // How many values can be staged at once.
@@ -31,16 +31,17 @@ class KXGUI_EXPORT SysVarOverridesProcessor {
 
     // `database` may be null: then only variables that live elsewhere can be read and written.
     explicit SysVarOverridesProcessor(OdDbDatabasePtr database);
-    // A copy works on the same database and starts without staged values, which stay with the one that staged them.
+    // A copy works on the same database and starts without staged values, which stay with the one that staged
+    // them.
     SysVarOverridesProcessor(const SysVarOverridesProcessor& other);
     SysVarOverridesProcessor& operator=(const SysVarOverridesProcessor& other);
     virtual ~SysVarOverridesProcessor();
 
     const OdDbDatabasePtr& GetDataBase() const { return m_database; }
 
-    // Stages a value. True when it was staged; false when it equals the drawing's, which removes what was staged, or
-    // can't be: an integer beyond 16 bits, an object without a name, too many values.
-    // Buffers: 5003 truth values and integers, 5001, 5005, 5002, 5009, 5010 colours (32-bit encoding), 5005 objects (name).
+    // Stages a value. True when it was staged; false when it equals the drawing's, which removes what was
+    // staged, or can't be: an integer beyond 16 bits, an object without a name, too many values. Buffers: 5003
+    // truth values and integers, 5001, 5005, 5002, 5009, 5010 colours (32-bit encoding), 5005 objects (name).
     virtual bool overrideSysVar(_tSysVar_DlgItem& item, bool value);
     virtual bool overrideSysVar(_tSysVar_DlgItem& item, int value);
     virtual bool overrideSysVar(_tSysVar_DlgItem& item, double value);
@@ -50,10 +51,12 @@ class KXGUI_EXPORT SysVarOverridesProcessor {
     virtual bool overrideSysVar(_tSysVar_DlgItem& item, const OdCmColor& value);
     virtual bool overrideSysVar(_tSysVar_DlgItem& item, const OdDbObjectId& value);
     // A literal is a text, not a truth value.
-    bool overrideSysVar(_tSysVar_DlgItem& item, const wchar_t* value) { return overrideSysVar(item, TvString(value)); }
+    bool overrideSysVar(_tSysVar_DlgItem& item, const wchar_t* value) {
+        return overrideSysVar(item, TvString(value));
+    }
 
-    // The staged value (true) or the drawing's (false). A staged buffer of another type, and a failed read, leave
-    // `value` untouched.
+    // The staged value (true) or the drawing's (false). A staged buffer of another type, and a failed read,
+    // leave `value` untouched.
     virtual bool getSysVarWithOverrides(const _tSysVar_DlgItem& item, bool& value) const;
     virtual bool getSysVarWithOverrides(const _tSysVar_DlgItem& item, int& value) const;
     virtual bool getSysVarWithOverrides(const _tSysVar_DlgItem& item, double& value) const;
@@ -76,13 +79,14 @@ class KXGUI_EXPORT SysVarOverridesProcessor {
     // Makes the other shared records of the same owner and variable follow this record's staged state.
     virtual void markOverrideSysVar(const _tSysVar_DlgItem& item);
 
-    // Brings `value` into the variable's range. False when it had to be changed. A variable without a range, or whose
-    // maximum is not above its minimum, takes every value.
+    // Brings `value` into the variable's range. False when it had to be changed. A variable without a range, or
+    // whose maximum is not above its minimum, takes every value.
     virtual bool validateSysvarValue(std::wstring_view name, double& value) const;
     virtual bool validateSysvarValue(std::wstring_view name, int& value) const;
 
-    // Writes every staged value in the order of staging, as one undo step. A value the manager refuses is told on the
-    // command line and does not stop the others. Answers the names of the refused variables. The values stay staged.
+    // Writes every staged value in the order of staging, as one undo step. A value the manager refuses is told
+    // on the command line and does not stop the others. Answers the names of the refused variables. The values
+    // stay staged.
     virtual std::vector<OdString> saveVariablesToDataBase();
 
     // Forgets every staged value.

@@ -41,8 +41,8 @@ class KXPLATFORM_EXPORT TavoEdCommandContext {
     TavoDocument* m_document;
 };
 
-// The commands a person types. Names and aliases ignore letter case; a leading "_" or "-" is part of the way it
-// is typed, not of the name.
+// The commands a person types. Names and aliases ignore letter case; "_", "." and "'" in front and blanks
+// around belong to the typing, not to the name.
 class TavoCommands {
   public:
     using Function = std::function<int(TavoEdCommandContext&)>;

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/drawing/HeaderValue.h"
+#include "platform/drawing/Value.h"
+#include "platform/host/sysvars/SysvarInfo.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+// What system variables allow and how their values look, as plain functions on a row of the table.
+namespace tv::host {
+
+// Integers and colours are whole numbers (a colour in its 32-bit encoding), reals and angles doubles (angles in
+// radians), texts and record names texts, points points.
+using SysvarValue = dwg::Value;
+
+SysvarValue defaultValue(const SysvarInfo& info);
+
+// Brings `value` into the variable's form: whole numbers and reals stand for each other, a colour may be an
+// index or a text, a 3D point without height is a 2D one and the other way round. False when it is no such
+// thing.
+bool toType(const SysvarInfo& info, SysvarValue& value);
+// Whether a value of the variable's form is allowed.
+bool isAllowed(const SysvarInfo& info, const SysvarValue& value);
+// Equal values, names without regard to case.
+bool isSame(const SysvarInfo& info, const SysvarValue& a, const SysvarValue& b);
+
+// What a person reads and types. Parsing gives a value of the variable's form, or nothing.
+std::wstring textOf(const SysvarInfo& info, const SysvarValue& value);
+std::optional<SysvarValue> valueOf(const SysvarInfo& info, std::wstring_view text);
+
+// To and from the form of a drawing's header, where angles of the groups 50 to 58 are degrees and colours
+// indices. Nothing when the header's value makes no sense for the variable, or the header can't hold the value.
+std::optional<SysvarValue> fromHeader(const SysvarInfo& info, const dwg::HeaderValue& value);
+std::optional<dwg::HeaderValue> toHeader(const SysvarInfo& info, const SysvarValue& value, int group);
+
+// The degrees with the fewest digits that are exactly `radians` when converted back (90 rather than
+// 90.00000000000001); the plain quotient when there are none.
+double degreesOf(double radians);
+double radiansOf(double degrees);
+
+// Why a write was refused, in one sentence: the variable, the value, what is allowed.
+tv::Problem refusal(const SysvarInfo& info, Tavo::ErrorStatus status, std::wstring_view value);
+tv::Problem unknownVariable(std::wstring_view name);
+
+} // namespace tv::host
