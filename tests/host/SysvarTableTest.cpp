@@ -4,6 +4,7 @@
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdResBuf.h"
 #include "platform/text/Unicode.h"
+#include "tests/drawing/Drawings.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -51,6 +52,27 @@ TEST_F(Sysvars, TheTableIsConsistent) {
     for (const auto& header : tv::dwg::headerVars())
         EXPECT_TRUE(names.contains(OdString(header.name).wstr()))
             << header.name << " of the drawing is unknown";
+}
+
+// Whatever a real drawing's header holds is understood, and writing back what was read changes not one byte.
+TEST_F(Sysvars, RealDrawingsStayAsTheyAreWhenTheirOwnValuesAreWritten) {
+    for (const auto& file : drawings::realDrawings()) {
+        const auto database = OdDbDatabase::open(file).database;
+        ASSERT_TRUE(database) << file;
+        const auto before = database->bytes();
+        for (const OdString& name : database->headerVarNames())
+            EXPECT_NE(manager.type(name), TavoSysvarType::kNone)
+                << file << " " << tv::text::toUtf8(name.view());
+        for (const OdString& name : manager.names()) {
+            OdResBuf value;
+            ASSERT_EQ(manager.getVar(name, value, database), Tavo::eOk);
+            if (manager.isReadOnly(name)) continue;
+            EXPECT_EQ(manager.setVar(name, value, database), Tavo::eOk)
+                << file << " " << tv::text::toUtf8(manager.lastProblem().sentence);
+        }
+        EXPECT_EQ(database->bytes(), before) << file;
+        EXPECT_FALSE(database->hasUndo()) << file;
+    }
 }
 
 TEST_F(Sysvars, ReadsAndWritesTheDrawingAsOneUndoableChange) {

@@ -38,26 +38,33 @@ class DefaultSysvarManager::Store {
 
     Tavo::ErrorStatus write(const OdString& name, SysvarValue value, const OdDbDatabasePtr& given) {
         const SysvarInfo* info = findSysvar(name.view());
-        problem = info ? check(*info, value, orWorking(given)) : unknownVariable(name.view());
-        if (problem) return problem.status;
         const OdDbDatabasePtr database = orWorking(given);
-        if (isSame(*info, *values.read(*info, database), value)) return Tavo::eOk;
-        problem = values.write(*info, value, database);
+        problem = info ? checkForm(*info, value, database) : unknownVariable(name.view());
+        // A drawing may hold what would be refused today; leaving it alone is no fault.
+        if (problem || isSame(*info, *values.read(*info, database), value)) return problem.status;
+        problem = checkValue(*info, value, database);
+        if (!problem) problem = values.write(*info, value, database);
         return problem.status;
     }
 
-    tv::Problem check(const SysvarInfo& info, SysvarValue& value, const OdDbDatabasePtr& database) const {
+    // Whether the variable can be written at all, and with a value of this form, which `value` is brought into.
+    tv::Problem checkForm(const SysvarInfo& info, SysvarValue& value, const OdDbDatabasePtr& database) const {
         const std::wstring given = textOf(info, value);
         if (info.readOnly) return refusal(info, Tavo::eReadOnly, given);
         if (!toType(info, value)) return refusal(info, Tavo::eWrongType, given);
-        if (!isAllowed(info, value)) return refusal(info, Tavo::eOutOfRange, given);
         if (!database && SysvarStore::needsDrawing(SysvarStore::homeIn(info, nullptr)))
             return refusal(info, Tavo::eNoDatabase, given);
+        return {};
+    }
+
+    tv::Problem checkValue(const SysvarInfo& info, const SysvarValue& value,
+                           const OdDbDatabasePtr& database) const {
+        if (!isAllowed(info, value)) return refusal(info, Tavo::eOutOfRange, textOf(info, value));
         if (info.type != TavoSysvarType::kObjectId) return {};
         const auto& name = std::get<OdString>(value);
         if (isFreeName(info, name.view()) || !findRecord(*database, info.record, name.view()).isNull())
             return {};
-        return refusal(info, Tavo::eKeyNotFound, given);
+        return refusal(info, Tavo::eKeyNotFound, name.view());
     }
 
     tv::Problem refuse(const SysvarInfo* info, const OdString& name, Tavo::ErrorStatus status,

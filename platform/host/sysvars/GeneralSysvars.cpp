@@ -109,6 +109,7 @@ constexpr SysvarInfo kGeneralSysvars[] = {
     integer(L"SNAPISOPAIR", 0, 0, 2).at(kHeaderOrDrawing),
     flag(L"SNAPMODE", 0).at(kHeaderOrDrawing),
     flag(L"SNAPSTYL", 0).at(kHeaderOrDrawing),
+    flag(L"SNAPSTYLE", 0).at(kHeaderOrDrawing), // the same, as some programs spell it
     point2d(L"SNAPUNIT", 0.5, 0.5).at(kHeaderOrDrawing),
     point2d(L"VIEWCTR", 0, 0).at(kHeaderOrDrawing).fixed(),
     point3d(L"VIEWDIR", 0, 0, 1).at(kHeaderOrDrawing).fixed(),
