@@ -187,11 +187,8 @@ TEST_F(UnitsDlg, PicksTheBaseAngleOnTheScreen) {
         [&](auto& u) {
             pick(u);
             picks.points = {{2, 2, 0}, {2, 2, 5}};
+            u.user().template expect<CUnitsDirDlg>([](auto& d) { d.click("IDC_UNITDIR_PICK"); });
             u.user().expectBox(L"두 점이 같아", "IDOK");
-            u.user().template expect<CUnitsDirDlg>([](auto& d) {
-                d.click("IDC_UNITDIR_OTHER");
-                d.click("IDC_UNITDIR_PICK");
-            });
             u.click("IDC_UNITS_DIRECTION");
             u.click("IDOK");
         },
