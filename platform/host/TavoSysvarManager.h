@@ -46,8 +46,8 @@ class TavoSysvarManager {
 
     // Writes a value: integers are taken for reals and, when whole, reals for integers; colours also as a
     // colour index or as text ("BYLAYER", "BYBLOCK", "1".."255", "R,G,B"). A write that leaves the value as it
-    // is writes nothing. eKeyNotFound, eWrongType, eOutOfRange, eReadOnly, eNoDatabase: nothing was changed and
-    // lastProblem() says why.
+    // is changes nothing and is no fault. eKeyNotFound, eWrongType, eOutOfRange, eReadOnly, eNoDatabase:
+    // nothing was changed and lastProblem() says why.
     virtual Tavo::ErrorStatus setVar(const OdString& name, const OdResBuf& value,
                                      const OdDbDatabasePtr& database) = 0;
 
