@@ -22,8 +22,7 @@ TEST(Lossless, OdditiesComeBackByteForByte) {
         lines(kSmall, "\r"),
         "\xEF\xBB\xBF" + small,
         small.substr(0, small.size() - 1),
-        small + std::string("junk behind the end\n\0more", 25) +
-                "\n\n\n",
+        small + std::string("junk behind the end\n\0more", 25) + "\n\n\n",
         "999\nmade by hand\n" + small,
         lines("0|SECTION|2|ENTITIES|0|POINT|5|FFFFFFFFFFFFFFFF|8|0|0|POINT|5|FFFFFFFFFFFFFFFF|8|0|0|ENDSEC|0|"
               "EOF"),

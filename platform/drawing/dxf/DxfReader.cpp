@@ -79,7 +79,6 @@ class IndexBuilder {
     // Everything from `offset` on is one record without meaning, possibly empty.
     void finish(std::size_t offset, std::size_t end) {
         closeRecord(offset);
-        if (!m_ended && m_section != Section::kNone) fault(Fault::kSectionOpen, offset);
         if (offset < end) {
             m_section = Section::kNone;
             m_table = m_block = kNoRecord;
@@ -231,7 +230,7 @@ void scan(Scanner scanner, IndexBuilder& builder, std::size_t start, std::size_t
         if (result != ScanResult::kTag) {
             if (result == ScanResult::kBadCode) builder.fault(Fault::kBadCode, done);
             if (result == ScanResult::kTruncated) builder.fault(Fault::kTruncated, done);
-            if (result == ScanResult::kEnd && builder.faults().empty()) builder.fault(Fault::kNoEnd, size);
+            if (result == ScanResult::kEnd) builder.fault(Fault::kNoEnd, size);
             break;
         }
         builder.onTag(tag);

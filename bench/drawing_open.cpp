@@ -1,0 +1,199 @@
+// Opening a big drawing against reading and splitting its lines, and against splitting them into group codes
+// and values; its peak memory against the file's size; saving it after one edit against copying the file.
+// Prints the ratios and fails when one is above its limit. Usage: bench_drawing_open [entities [layers]]
+
+#include "bench/BigDrawing.h"
+#include "platform/drawing/OdDbDatabase.h"
+#include "platform/drawing/OdDbLayerTable.h"
+#include "platform/text/AtomicFile.h"
+#include "platform/text/ReadFile.h"
+
+#include <algorithm>
+#include <charconv>
+#include <chrono>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <string>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <time.h>
+#include <unistd.h>
+
+namespace {
+
+// Something the optimiser can't see through takes every result.
+volatile std::uint64_t g_result;
+
+// Time of this process alone, so that what else the machine does counts little.
+template <class Work>
+double cpuSeconds(Work&& work) {
+    const auto now = [] {
+        timespec time{};
+        clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+    };
+    const double start = now();
+    work();
+    return now() - start;
+}
+
+template <class Work>
+double seconds(Work&& work) {
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+void readLines(const std::filesystem::path& file) {
+    std::string bytes;
+    if (tv::readFile(file, bytes)) std::abort();
+    std::uint64_t lines = 0;
+    for (const char* p = bytes.data(); p; ++lines) {
+        p = static_cast<const char*>(
+            std::memchr(p, '\n', static_cast<std::size_t>(bytes.data() + bytes.size() - p)));
+        if (p) ++p;
+    }
+    g_result = lines;
+}
+
+void splitTags(const std::string& bytes) {
+    std::uint64_t sum = 0;
+    const char* p = bytes.data();
+    const char* const end = p + bytes.size();
+    const auto line = [&] {
+        const char* stop = static_cast<const char*>(std::memchr(p, '\n', static_cast<std::size_t>(end - p)));
+        if (!stop) stop = end;
+        const char* const start = p;
+        p = stop == end ? end : stop + 1;
+        if (stop != start && stop[-1] == '\r') --stop;
+        return std::string_view(start, static_cast<std::size_t>(stop - start));
+    };
+    while (p != end) {
+        std::string_view code = line();
+        while (!code.empty() && code.front() == ' ')
+            code.remove_prefix(1);
+        int number = 0;
+        std::from_chars(code.data(), code.data() + code.size(), number);
+        sum += static_cast<std::uint64_t>(number) + line().size();
+    }
+    g_result = sum;
+}
+
+void open(const std::filesystem::path& file) {
+    const auto opened = OdDbDatabase::open(file);
+    if (!opened.database || opened.database->damaged()) std::abort();
+    g_result = opened.database->getOdDbObjectId(0x100).record(); // any record can be asked for
+}
+
+// Peak resident memory of a child that does only this, in bytes, above that of one that does nothing.
+template <class Work>
+double peakMemory(Work&& work) {
+    const pid_t child = fork();
+    if (child == 0) {
+        work();
+        _exit(0);
+    }
+    int status = 0;
+    rusage usage{};
+    wait4(child, &status, 0, &usage);
+    if (status != 0) std::abort();
+    return static_cast<double>(usage.ru_maxrss) * 1024;
+}
+
+void plainCopy(const std::filesystem::path& from, const std::filesystem::path& to) {
+    std::string bytes;
+    if (tv::readFile(from, bytes)) std::abort();
+    const int fd = ::open(to.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    for (std::size_t done = 0; done < bytes.size();) {
+        const ssize_t n = ::write(fd, bytes.data() + done, bytes.size() - done);
+        if (n <= 0) std::abort();
+        done += static_cast<std::size_t>(n);
+    }
+    ::fsync(fd);
+    ::close(fd);
+}
+
+int g_failures = 0;
+
+void report(const char* what, double ratio, double limit) {
+    std::printf("%-58s %6.2f  (limit %.1f)%s\n", what, ratio, limit, ratio > limit ? "  TOO MUCH" : "");
+    g_failures += ratio > limit;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const std::size_t entities = argc > 1 ? std::strtoul(argv[1], nullptr, 10) : 1000000;
+    const std::size_t layers = argc > 2 ? std::strtoul(argv[2], nullptr, 10) : 10000;
+    const std::filesystem::path folder =
+        std::filesystem::temp_directory_path() / ("drawing_open." + std::to_string(getpid()));
+    std::filesystem::create_directories(folder);
+    const std::filesystem::path file = folder / "big.dxf";
+    const std::filesystem::path tenth = folder / "tenth.dxf";
+    // Made in a child, so that its memory counts for nobody.
+    peakMemory([&] {
+        if (tv::writeFileAtomically(file, bench::bigDrawing(entities, layers))) std::abort();
+        if (tv::writeFileAtomically(tenth, bench::bigDrawing(entities / 10, layers / 10 + 1))) std::abort();
+    });
+    const auto size = static_cast<double>(std::filesystem::file_size(file));
+    std::printf("%zu entities, %zu layers, %.1f MB\n", entities, layers, size / 1e6);
+
+    const double idle = peakMemory([] {});
+    report("peak memory of opening / size of the file", (peakMemory([&] { open(file); }) - idle) / size, 2.5);
+
+    double reading = 1e9;
+    double splitting = 1e9;
+    double opening = 1e9;
+    double openingTenth = 1e9;
+    for (int i = 0; i < 5; ++i) { // in turns, the best of each
+        reading = std::min(reading, cpuSeconds([&] { readLines(file); }));
+        splitting = std::min(splitting, cpuSeconds([&] {
+                                 std::string bytes;
+                                 if (tv::readFile(file, bytes)) std::abort();
+                                 splitTags(bytes);
+                             }));
+        opening = std::min(opening, cpuSeconds([&] { open(file); }));
+        openingTenth = std::min(openingTenth, cpuSeconds([&] { open(tenth); }));
+    }
+    std::printf("reading and counting lines %.3f s, splitting tags %.3f s, opening %.3f s\n", reading,
+                splitting, opening);
+    report("opening / reading and counting the lines", opening / reading, 4);
+    report("opening / splitting into group codes and values", opening / splitting, 3);
+    report("opening / opening a tenth of it", opening / openingTenth, 12);
+
+    const auto database = OdDbDatabase::open(file).database;
+    const auto layer = database->layers()->first().open<OdDbLayerTableRecord>(OdDb::kForWrite);
+    layer->setIsLocked(true);
+    double copying = 1e9;
+    double saving = 1e9;
+    for (int i = 0; i < 3; ++i) {
+        copying = std::min(copying, seconds([&] { plainCopy(file, folder / "copy.dxf"); }));
+        saving = std::min(saving, seconds([&] {
+                              if (database->saveAs(folder / "saved.dxf")) std::abort();
+                          }));
+    }
+    report("saving after one edit / copying with sync", saving / copying, 3);
+
+    const auto edit = [&] {
+        const OdDbUndoScope step(*database, L"LAYER");
+        database->layers()->forEach([](OdDbObjectId id) {
+            const auto record = id.open<OdDbLayerTableRecord>(OdDb::kForWrite);
+            record->setIsFrozen(!record->isFrozen());
+        });
+    };
+    double editing = 1e9;
+    double undoing = 1e9;
+    for (int i = 0; i < 3; ++i) {
+        editing = std::min(editing, seconds(edit));
+        undoing = std::min(undoing, seconds([&] { database->undo(); }));
+    }
+    report("undo of an edit of all layers / that edit", undoing / editing, 1);
+
+    std::error_code ignored;
+    std::filesystem::remove_all(folder, ignored);
+    return g_failures == 0 ? 0 : 1;
+}

@@ -1,0 +1,170 @@
+#include "tests/drawing/Drawings.h"
+
+#include "platform/drawing/OdDbEntity.h"
+#include "platform/drawing/OdDbLayerTable.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <random>
+
+using namespace drawings;
+using tv::dwg::HeaderValue;
+
+namespace {
+
+std::string drawing() {
+    std::string out = "0|SECTION|2|HEADER|9|$ACADVER|1|AC1024|9|$HANDSEED|5|100|0|ENDSEC|0|SECTION|2|TABLES|"
+                      "0|TABLE|2|LAYER|5|2|70|1|0|LAYER|5|3|100|AcDbSymbolTableRecord|100|AcDbLayerTableRecord|"
+                      "2|0|70|0|62|7|6|CONTINUOUS|0|ENDTAB|0|ENDSEC|0|SECTION|2|ENTITIES|";
+    for (int i = 0; i < 20; ++i)
+        out += "0|LINE|5|" + OdDbHandle(static_cast<std::uint64_t>(0x20 + i)).ascii() +
+               "|100|AcDbEntity|8|0|100|AcDbLine|10|0.0|20|0.0|11|1.0|21|1.0|";
+    return lines(out +
+                 "0|POLYLINE|5|60|8|0|66|1|0|VERTEX|5|61|8|0|10|1.0|20|2.0|0|SEQEND|5|62|8|0|0|ENDSEC|0|EOF");
+}
+
+// One random edit; what it is and whether it is refused doesn't matter to the caller.
+void editSomething(OdDbDatabase& db, std::mt19937& random) {
+    const auto pick = [&](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };
+    const auto layers = db.layers(OdDb::kForWrite);
+    switch (pick(7)) {
+    case 0:
+        db.setHeaderVar(tv::dwg::headerVars()[random() % tv::dwg::headerVars().size()].name[0] == 'D'
+                            ? L"DIMSCALE"
+                            : L"LUPREC",
+                        HeaderValue::integer(pick(8)));
+        break;
+    case 1:
+        layers->add(L"L" + std::to_wstring(pick(30)));
+        break;
+    case 2:
+        if (const auto id = layers->getAt(L"L" + std::to_wstring(pick(30))); !id.isNull())
+            id.openObject(OdDb::kForWrite)->erase();
+        break;
+    case 3:
+        if (const auto layer = layers->first().open<OdDbLayerTableRecord>(OdDb::kForWrite))
+            layer->setColor(pick(2) ? OdCmColor::byIndex(1 + pick(255)) : OdCmColor::byRgb(1, 2, 3));
+        break;
+    default: {
+        std::vector<OdDbObjectId> all;
+        for (const OdDbObjectId id : db.modelSpace())
+            all.push_back(id);
+        if (all.empty()) return;
+        const auto entity = all[random() % all.size()].open<OdDbEntity>(OdDb::kForWrite);
+        const int what = pick(5);
+        if (what == 0) entity->erase();
+        if (what == 1) entity->setColor(pick(2) ? OdCmColor::byIndex(1 + pick(255)) : OdCmColor());
+        if (what == 2) entity->setLayer(L"L" + std::to_wstring(pick(30)));
+        if (what == 3) entity->setVisible(pick(2) == 0);
+        if (what == 4) entity->setLinetypeScale(pick(9) / 4.0);
+    }
+    }
+}
+
+class Counter : public OdDbDatabaseReactor {
+  public:
+    std::vector<std::string> told;
+    void objectModified(OdDbDatabase&, OdDbObjectId id) override {
+        told.push_back("modified " + id.handle().ascii());
+    }
+    void objectAppended(OdDbDatabase&, OdDbObjectId id) override {
+        told.push_back("appended " + id.handle().ascii());
+    }
+    void objectErased(OdDbDatabase&, OdDbObjectId id) override {
+        told.push_back("erased " + id.handle().ascii());
+    }
+    void headerSysVarChanged(OdDbDatabase& db, std::wstring_view name) override {
+        told.push_back("variable " + std::string(name.begin(), name.end()));
+        refused = db.setHeaderVar(L"USERI5", HeaderValue::integer(1)).status;
+    }
+    void undoFinished(OdDbDatabase&) override { told.emplace_back("undone"); }
+    void redoFinished(OdDbDatabase&) override { told.emplace_back("redone"); }
+    void goodbye(OdDbDatabase&) override { told.emplace_back("goodbye"); }
+    Tavo::ErrorStatus refused = Tavo::eOk;
+};
+
+} // namespace
+
+TEST(Undo, LongRandomEditSequencesGoBackToTheFirstBytesAndForthToTheLast) {
+    for (unsigned seed = 1; seed <= 40; ++seed) {
+        std::mt19937 random(seed);
+        const auto db = openText(drawing());
+        std::vector<std::string> states{db->bytes()};
+        for (int i = 0; i < 60; ++i) {
+            if (random() % 8 == 0 && db->undo()) {
+                states.pop_back();
+                ASSERT_EQ(db->bytes(), states.back()) << "seed " << seed;
+                continue;
+            }
+            const std::wstring name = L"step " + std::to_wstring(i);
+            db->startUndoRecord(name);
+            for (int n = random() % 3 == 0 ? 5 : 1; n > 0; --n)
+                editSomething(*db, random);
+            db->endUndoRecord();
+            if (db->undoName() == OdString(name)) states.push_back(db->bytes());
+        }
+        const std::string last = db->bytes();
+        // What is in memory is what a fresh reading of the bytes finds.
+        const auto again = openText(last);
+        ASSERT_TRUE(again && !again->damaged());
+        EXPECT_EQ(again->objectCount(), db->objectCount()) << "seed " << seed;
+        EXPECT_EQ(again->layers()->size(), db->layers()->size()) << "seed " << seed;
+        int steps = 0;
+        while (db->undo())
+            ++steps;
+        EXPECT_EQ(db->bytes(), drawing()) << "seed " << seed;
+        EXPECT_FALSE(db->changed());
+        while (steps-- > 0)
+            EXPECT_TRUE(db->redo());
+        EXPECT_EQ(db->bytes(), last) << "seed " << seed;
+    }
+}
+
+TEST(Undo, RecordsNestAndEmptyOnesLeaveNoTrace) {
+    const auto db = openText(drawing());
+    db->startUndoRecord(L"nothing");
+    db->setHeaderVar(L"NOSUCH", HeaderValue::integer(1));
+    db->endUndoRecord();
+    EXPECT_FALSE(db->hasUndo() || db->changed());
+    {
+        const OdDbUndoScope outer(*db, L"_UNITS");
+        const OdDbUndoScope inner(*db, L"inner");
+        db->setHeaderVar(L"LUNITS", HeaderValue::integer(4));
+        db->setHeaderVar(L"AUNITS", HeaderValue::integer(1));
+        EXPECT_FALSE(db->undo()) << "not while recording";
+    }
+    EXPECT_EQ(db->undoName(), L"_UNITS");
+    EXPECT_TRUE(db->undo());
+    EXPECT_FALSE(db->headerVar(L"LUNITS") || db->headerVar(L"AUNITS"));
+    EXPECT_EQ(db->redoName(), L"_UNITS");
+    db->setHeaderVar(L"LUNITS", HeaderValue::integer(3));
+    EXPECT_FALSE(db->hasRedo()) << "a new edit forgets what was undone";
+}
+
+TEST(Undo, ReactorsHearEditsUndoAndRedoAndCannotEditMeanwhile) {
+    Counter counter;
+    {
+        const auto db = openText(drawing());
+        db->addReactor(&counter);
+        db->startUndoRecord(L"edit");
+        db->getOdDbObjectId(0x20).open<OdDbEntity>(OdDb::kForWrite)->setVisible(false);
+        db->getOdDbObjectId(0x60).openObject(OdDb::kForWrite)->erase();
+        db->endUndoRecord();
+        EXPECT_THAT(counter.told, testing::ElementsAre("modified 20", "erased 61", "erased 62", "erased 60"));
+        counter.told.clear();
+        EXPECT_TRUE(db->undo());
+        EXPECT_THAT(counter.told,
+                    testing::ElementsAre("appended 60", "appended 62", "appended 61", "modified 20", "undone"));
+        counter.told.clear();
+        EXPECT_TRUE(db->redo());
+        EXPECT_EQ(counter.told.size(), 5u);
+        db->removeReactor(&counter);
+        db->setHeaderVar(L"LUPREC", HeaderValue::integer(2));
+        EXPECT_EQ(counter.told.size(), 5u);
+        db->addReactor(&counter);
+        EXPECT_TRUE(db->undo());
+        EXPECT_EQ(counter.refused, Tavo::eReadOnly);
+    }
+    EXPECT_EQ(counter.told.back(), "goodbye");
+}
