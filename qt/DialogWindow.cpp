@@ -47,7 +47,8 @@ DialogWindow::~DialogWindow() {
 void DialogWindow::build(const TemplateLoader& loader) {
     std::wstring why;
     auto* outer = new QVBoxLayout(this);
-    outer->setContentsMargins(0, 0, 0, 0); // the template's own layout has margins
+    outer->setContentsMargins(0, 0, 0, 0);              // the template's own layout has margins
+    outer->setSizeConstraint(QLayout::SetNoConstraint); // the window's size is decided here, in one place
     QWidget* content = loader.load(m_dialog.templateName(), this, why);
     if (!content) {
         m_problems.push_back(why);
