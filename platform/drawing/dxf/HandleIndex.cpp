@@ -8,10 +8,12 @@ namespace tv::dwg {
 
 void HandleIndex::clear() { *this = HandleIndex(); }
 
-// Fibonacci hashing: handles are mostly consecutive, their product spreads over the upper bits.
+// Handles are mostly consecutive, so their low bits serve as they are and neighbours stay neighbours in memory; the
+// bits above them are spread by Fibonacci hashing, lest handles that differ there only should meet.
 std::size_t HandleIndex::slotOf(std::uint64_t handle) const {
-    const int bits = std::countr_zero(m_slots.size());
-    return bits == 0 ? 0 : static_cast<std::size_t>((handle * 0x9E3779B97F4A7C15ull) >> (64 - bits));
+    const std::size_t mask = m_slots.size() - 1;
+    const std::uint64_t above = handle >> std::popcount(mask);
+    return static_cast<std::size_t>(handle + ((above * 0x9E3779B97F4A7C15ull) >> 20)) & mask;
 }
 
 void HandleIndex::build(const std::vector<Record>& records, RecordId head) {
