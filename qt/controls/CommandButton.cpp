@@ -78,18 +78,20 @@ void CommandButton::paintEvent(QPaintEvent*) {
     const int inner = textWidthIn(width());
     const int title = titleHeight(inner), below = descriptionHeight(inner);
     const int top = (height() - title - (below > 0 ? gap + below : 0)) / 2;
-    const QColor text =
+    const QColor textColor =
         palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText);
     painter.setRenderHint(QPainter::Antialiasing);
-    const double middle = top + QFontMetrics(titleFont()).height() / 2.0, left = margin + 2;
+    // Beside the first line, whose height is that of the fonts its characters really come from.
+    const QString firstLine = text().isEmpty() ? QStringLiteral("X") : text().left(1);
+    const double middle = top + heightOf(titleFont(), inner, Qt::AlignLeft, firstLine) / 2.0, left = margin + 2;
     painter.setPen(QPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::Link), 2,
                         Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawLine(QPointF(left, middle), QPointF(left + 13, middle));
     painter.drawPolyline(QPolygonF({{left + 8, middle - 5}, {left + 13, middle}, {left + 8, middle + 5}}));
 
-    painter.setPen(text);
+    painter.setPen(textColor);
     painter.setFont(titleFont());
-    painter.drawText(QRect(margin + arrowWidth, top, inner, title), titleFlags, this->text());
+    painter.drawText(QRect(margin + arrowWidth, top, inner, title), titleFlags, text());
     painter.setFont(descriptionFont());
     painter.drawText(QRect(margin + arrowWidth, top + title + gap, inner, below), descriptionFlags,
                      description());

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "kxgui/frame/AskMessageDlg.h"
+#include "kxgui/frame/ColorDlg.h"
+#include "kxgui/frame/LineWeightDlg.h"
+#include "kxgui/frame/LinetypeDlg.h"
 #include "kxgui/frame/MessageDlg.h"
 #include "kxgui/frame/MessageDlgOpt3.h"
 #include "kxgui/frame/MultiAskDlg.h"
@@ -77,5 +80,9 @@ inline std::vector<SampleDialog> allDialogs() {
         dialog.SetWindowName(L"평면도");
         dialog.DoModal();
     });
+    add("IDD_COLOR", [] { CColorDlg(OdCmColor::byIndex(30), CColorDlg::kSpecial, nullptr).DoModal(); },
+        {"IDD_COLOR_INDEX", "IDD_COLOR_TRUE"});
+    add("IDD_LINETYPE", [] { CLinetypeDlg(OdDbDatabase::create(), true, nullptr).DoModal(); });
+    add("IDD_LINEWEIGHT", [] { CLineWeightDlg(OdDbDatabase::create(), nullptr).DoModal(); });
     return all;
 }
