@@ -1,7 +1,14 @@
 #include "tests/drawing/Drawings.h"
 
+#include "platform/drawing/OdDbBlockTable.h"
+#include "platform/drawing/OdDbSymbolTable.h"
+#include "platform/drawing/dxf/RecordStore.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <iterator>
+#include <map>
 
 using namespace drawings;
 using OdDb::DxfVersion;
@@ -11,6 +18,30 @@ namespace {
 
 const char* const kSmall = "0|SECTION|2|HEADER|9|$ACADVER|1|AC1015|9|$LUNITS|70|2|0|ENDSEC|"
                            "0|SECTION|2|ENTITIES|0|LINE|5|A1|8|0|10|0.0|20|0.0|11|1.5|21|2.5|0|ENDSEC|0|EOF";
+
+// Counts record types per section line by line, knowing nothing of tables, blocks or spaces.
+std::map<std::string, std::size_t> countTypes(const std::string& bytes) {
+    std::map<std::string, std::size_t> out;
+    std::string section;
+    std::vector<std::string> all = split(bytes);
+    for (std::string& line : all) {
+        while (!line.empty() && (line.back() == '\r' || line.back() == ' '))
+            line.pop_back();
+        line.erase(0, line.find_first_not_of(' '));
+    }
+    for (std::size_t i = 0; i + 1 < all.size(); i += 2) {
+        if (all[i] != "0") continue;
+        if (all[i + 1] == "SECTION") section = all[i + 3];
+        ++out[section + " " + all[i + 1]];
+        if (section == "ENTITIES") ++out["entities"];
+        if (all[i + 1] == "ENDSEC") section.clear();
+    }
+    return out;
+}
+
+std::size_t length(const OdDbEntityRange& range) {
+    return static_cast<std::size_t>(std::distance(range.begin(), range.end()));
+}
 
 } // namespace
 
@@ -84,4 +115,44 @@ TEST(Lossless, RealDrawingsComeBackAndChangeOnlyTheirHeaderLines) {
         EXPECT_TRUE(database.redo());
         EXPECT_EQ(database.bytes(), edited) << file;
     }
+}
+
+TEST(Lossless, RealDrawingsHoldWhatAnIndependentCountFinds) {
+    const auto files = realDrawings();
+    if (files.empty()) GTEST_SKIP() << "no folder of real drawings";
+    for (const auto& file : files) {
+        const auto db = OdDbDatabase::open(file).database;
+        ASSERT_TRUE(db) << file;
+        if (db->isBinary()) continue;
+        auto count = countTypes(slurp(file));
+        const auto size = [](OdDbObjectId id) {
+            const auto table = id.open<OdDbSymbolTable>();
+            return table ? table->size() : 0;
+        };
+        EXPECT_EQ(size(db->getLayerTableId()), count["TABLES LAYER"]) << file;
+        EXPECT_EQ(size(db->getLinetypeTableId()), count["TABLES LTYPE"]) << file;
+        EXPECT_EQ(size(db->getTextStyleTableId()), count["TABLES STYLE"]) << file;
+        EXPECT_EQ(size(db->getDimStyleTableId()), count["TABLES DIMSTYLE"]) << file;
+        EXPECT_EQ(size(db->getBlockTableId()), count["BLOCKS BLOCK"]) << file;
+        const std::size_t subs = count["ENTITIES VERTEX"] + count["ENTITIES ATTRIB"] + count["ENTITIES SEQEND"];
+        const std::size_t marks = count["ENTITIES SECTION"] + count["ENTITIES ENDSEC"];
+        EXPECT_EQ(length(db->modelSpace()) + length(db->paperSpace()), count["entities"] - subs - marks)
+            << file;
+        const auto blocks = db->getBlockTableId().open<OdDbBlockTable>();
+        if (!blocks) continue;
+        blocks->forEach([&](OdDbObjectId id) {
+            const auto block = id.open<OdDbBlockTableRecord>();
+            ASSERT_TRUE(block) << file;
+            EXPECT_FALSE(block->blockBeginId().isNull()) << file;
+        });
+    }
+}
+
+TEST(Lossless, OurOwnSampleIsACompleteDrawing) {
+    const auto opened = OdDbDatabase::open(std::filesystem::path(KX_SOURCE_DIR) / "samples" / "floor_plan.dxf");
+    ASSERT_TRUE(opened.database);
+    EXPECT_TRUE(opened.problems.empty());
+    EXPECT_EQ(length(opened.database->modelSpace()), 11u);
+    EXPECT_LT(opened.database->store().highestHandle(),
+              std::get<OdDbHandle>(opened.database->headerVar(L"HANDSEED")->value).value());
 }

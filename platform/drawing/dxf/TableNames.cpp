@@ -12,16 +12,20 @@ OdString tableRecordName(const RecordStore& store, RecordId id) {
     return {};
 }
 
+RecordId TableNames::Names::find(std::wstring_view name) const {
+    const auto found = records.find(text::foldCase(name));
+    return found == records.end() ? kNoRecord : found->second;
+}
+
 RecordId TableNames::find(RecordId table, std::wstring_view name) {
     const auto [entry, fresh] = m_tables.try_emplace(table);
     Names& names = entry->second;
     if (fresh) {
         const RecordId end = m_store.endOfTable(table);
         for (RecordId id = m_store.next(table); id != end; id = m_store.next(id))
-            names.emplace(text::foldCase(tableRecordName(m_store, id).view()), id);
+            names.add(text::foldCase(tableRecordName(m_store, id).view()), id);
     }
-    const auto found = names.find(text::foldCase(name));
-    return found == names.end() ? kNoRecord : found->second;
+    return names.find(name);
 }
 
 RecordId TableNames::findBlock(std::wstring_view name) {
@@ -32,10 +36,9 @@ RecordId TableNames::findBlock(std::wstring_view name) {
         const RecordId end = m_store.endOfSection(section);
         for (RecordId id = m_store.next(section); id != end; id = m_store.next(id))
             if (m_store.record(id).type == kTypeBlock)
-                names.emplace(text::foldCase(tableRecordName(m_store, id).view()), id);
+                names.add(text::foldCase(tableRecordName(m_store, id).view()), id);
     }
-    const auto found = names.find(text::foldCase(name));
-    return found == names.end() ? kNoRecord : found->second;
+    return names.find(name);
 }
 
 void TableNames::recordChanged(ChangeKind kind, RecordId record) {
@@ -43,16 +46,20 @@ void TableNames::recordChanged(ChangeKind kind, RecordId record) {
     if (r.section == Section::kBlocks && r.type != kTypeBlock) return;
     const auto entry = m_tables.find(r.section == Section::kBlocks ? kBlocks : r.owner);
     if (entry == m_tables.end()) return;
-    // Most changes leave the name alone, and new records bring new names; then the names stay good, which
+    // Most changes leave the name alone, and new records bring new names; then the others stay good, which
     // matters when ten thousand layers change.
-    if (kind != ChangeKind::kRemoved) {
-        const auto name = text::foldCase(tableRecordName(m_store, record).view());
-        const auto named = entry->second.find(name);
-        if (named != entry->second.end() && named->second == record) return;
-        if (named == entry->second.end() && kind == ChangeKind::kInserted) {
-            entry->second.emplace(name, record);
-            return;
-        }
+    Names& names = entry->second;
+    const std::wstring name = text::foldCase(tableRecordName(m_store, record).view());
+    const auto named = names.records.find(name);
+    const bool isNamed = named != names.records.end() && named->second == record;
+    if (kind == ChangeKind::kReplaced && isNamed) return;
+    if (kind == ChangeKind::kInserted && named == names.records.end()) {
+        names.add(name, record);
+        return;
+    }
+    if (kind == ChangeKind::kRemoved && isNamed && !names.duplicates) {
+        names.records.erase(named);
+        return;
     }
     m_tables.erase(entry);
 }

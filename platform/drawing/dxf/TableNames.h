@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 
 namespace tv::dwg {
 
@@ -25,7 +26,12 @@ class TableNames {
     void clear() { m_tables.clear(); }
 
   private:
-    using Names = std::unordered_map<std::wstring, RecordId>;
+    struct Names {
+        std::unordered_map<std::wstring, RecordId> records;
+        bool duplicates = false; // so that taking a name away may uncover another record
+        void add(std::wstring name, RecordId id) { duplicates |= !records.emplace(std::move(name), id).second; }
+        RecordId find(std::wstring_view name) const;
+    };
     static constexpr RecordId kBlocks = kNoRecord; // stands for the table that BLOCK records form
     const RecordStore& m_store;
     std::unordered_map<RecordId, Names> m_tables;
