@@ -37,9 +37,11 @@ std::vector<std::wstring> nearNames(std::wstring_view name, const std::vector<st
         const std::size_t distance = editDistance(wanted, tv::text::foldCase(candidate));
         if (distance <= 2 + wanted.size() / 4) near.push_back({distance, &candidate});
     }
-    std::stable_sort(near.begin(), near.end(), [](const Near& a, const Near& b) { return a.distance < b.distance; });
+    std::stable_sort(near.begin(), near.end(),
+                     [](const Near& a, const Near& b) { return a.distance < b.distance; });
     std::vector<std::wstring> names;
-    for (std::size_t i = 0; i < std::min(most, near.size()); ++i) names.push_back(*near[i].name);
+    for (std::size_t i = 0; i < std::min(most, near.size()); ++i)
+        names.push_back(*near[i].name);
     return names;
 }
 

@@ -39,7 +39,8 @@ std::optional<int> parseOptions(int argc, const char* const* argv, Options& opti
     app.add_option("--theme", options.theme, "Colours of the windows")
         ->transform(CLI::Transformer(themes))
         ->option_text("light|dark|system");
-    app.add_option("--messages", options.messages, "Folder with the message files")->check(CLI::ExistingDirectory);
+    app.add_option("--messages", options.messages, "Folder with the message files")
+        ->check(CLI::ExistingDirectory);
     app.add_option("--screenshots", options.screenshots, "Folder that relative screenshot paths start from")
         ->check(CLI::ExistingDirectory);
     app.set_version_flag("--version", std::string("tavocad ") + tavocadVersion);

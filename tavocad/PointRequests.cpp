@@ -63,9 +63,10 @@ UserResult PointRequests::supply(const OdGePoint3d& point) {
 UserResult PointRequests::supplyText(std::wstring_view text) {
     if (!m_request) return nothingAwaited();
     if (const auto point = parsePoint(text, m_request->base)) return supply(*point);
-    return {tv::text::format(VORD_ResourceString("IDS_TAVO_POINT_NOT_READ",
-                                                 L"\"%s\"은(는) 점이 아닙니다. \"x,y\" 또는 \"거리<각도\"로 입력하십시오."),
-                             text)};
+    return {tv::text::format(
+        VORD_ResourceString("IDS_TAVO_POINT_NOT_READ",
+                            L"\"%s\"은(는) 점이 아닙니다. \"x,y\" 또는 \"거리<각도\"로 입력하십시오."),
+        text)};
 }
 
 void PointRequests::cancel() {
@@ -73,7 +74,8 @@ void PointRequests::cancel() {
 }
 
 std::optional<OdGePoint3d> parsePoint(std::wstring_view text, const std::optional<OdGePoint3d>& base) {
-    while (!text.empty() && text.front() == L' ') text.remove_prefix(1);
+    while (!text.empty() && text.front() == L' ')
+        text.remove_prefix(1);
     OdGePoint3d origin;
     if (!text.empty() && text.front() == L'@') {
         text.remove_prefix(1);
@@ -83,7 +85,8 @@ std::optional<OdGePoint3d> parsePoint(std::wstring_view text, const std::optiona
         const auto distance = tv::host::parseLength(text.substr(0, bracket), decimalLength);
         const auto angle = tv::host::parseAngle(text.substr(bracket + 1), decimalDegrees);
         if (!distance || !angle) return std::nullopt;
-        return OdGePoint3d{origin.x + *distance * std::cos(*angle), origin.y + *distance * std::sin(*angle), origin.z};
+        return OdGePoint3d{origin.x + *distance * std::cos(*angle), origin.y + *distance * std::sin(*angle),
+                           origin.z};
     }
     std::vector<double> coordinates;
     for (std::size_t start = 0; start != std::wstring_view::npos;) {

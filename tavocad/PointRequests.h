@@ -8,8 +8,8 @@
 #include <optional>
 #include <string_view>
 
-// Points asked for by commands and dialogs. One request waits at a time; the drawing window, the command line and the
-// automation pipe answer it alike.
+// Points asked for by commands and dialogs. One request waits at a time; the drawing window, the command line
+// and the automation pipe answer it alike.
 class PointRequests : public TavoPointInput {
   public:
     // eNotHandled without a toolkit, or while another point is awaited.
@@ -22,8 +22,8 @@ class PointRequests : public TavoPointInput {
 
     // Answers the request that waits; refused when none does or the coordinates are not finite.
     tv::ui::UserResult supply(const OdGePoint3d& point);
-    // Coordinates as a person types them: "x,y", "x,y,z", "@dx,dy" from the base point, "distance<degrees" (with @ from the
-    // base point, else from the origin).
+    // Coordinates as a person types them: "x,y", "x,y,z", "@dx,dy" from the base point, "distance<degrees"
+    // (with @ from the base point, else from the origin).
     tv::ui::UserResult supplyText(std::wstring_view text);
     void cancel();
 

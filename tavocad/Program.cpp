@@ -26,9 +26,11 @@ fs::path executablePath() {
 fs::path findMessages(const fs::path& given, const fs::path& executable) {
     if (!given.empty()) return given;
     const fs::path folder = executable.parent_path();
-    std::vector<fs::path> candidates{folder / "messages", folder.parent_path() / "share" / "kxGui" / "messages"};
+    std::vector<fs::path> candidates{folder / "messages",
+                                     folder.parent_path() / "share" / "kxGui" / "messages"};
     std::ifstream paths(folder / "tavocad.paths");
-    for (std::string line; std::getline(paths, line);) candidates.push_back(folder / line);
+    for (std::string line; std::getline(paths, line);)
+        candidates.push_back(folder / line);
     std::error_code error;
     for (const fs::path& candidate : candidates)
         if (fs::is_directory(candidate, error)) return candidate;
@@ -46,7 +48,8 @@ void addMessageFiles(const fs::path& folder) {
         if (name.ends_with(ending)) bases.push_back(folder / name.substr(0, name.size() - ending.size()));
     }
     std::sort(bases.begin(), bases.end());
-    for (const fs::path& base : bases) VORD_MSGFunction::AddFileBase(base);
+    for (const fs::path& base : bases)
+        VORD_MSGFunction::AddFileBase(base);
 }
 } // namespace
 

@@ -1,7 +1,7 @@
 #include "tavocad/TavoSession.h"
 
-#include "platform/drawing/OdDbDatabase.h"
 #include "kxgui/frame/Messages.h"
+#include "platform/drawing/OdDbDatabase.h"
 #include "platform/host/TavoCommandLine.h"
 #include "platform/host/TavoInterfaces.h"
 #include "platform/host/TavoSysvarManager.h"
@@ -21,8 +21,8 @@ using tv::text::format;
 
 namespace {
 
-// UNDO and REDO run as commands, inside an undo record of their own, in which a drawing takes no step. The record is
-// empty: ending it leaves no trace.
+// UNDO and REDO run as commands, inside an undo record of their own, in which a drawing takes no step. The
+// record is empty: ending it leaves no trace.
 std::optional<OdString> stepOutsideRecord(OdDbDatabase& database, OdString (OdDbDatabase::*name)() const,
                                           bool (OdDbDatabase::*step)()) {
     const bool recording = database.isUndoRecording();
@@ -36,7 +36,8 @@ std::optional<OdString> stepOutsideRecord(OdDbDatabase& database, OdString (OdDb
 } // namespace
 
 TavoSession::TavoSession(std::unique_ptr<tv::SettingsStore> settings)
-    : m_points(std::make_unique<PointRequests>()), m_host(std::make_unique<tv::host::EmbeddedHost>(std::move(settings))) {
+    : m_points(std::make_unique<PointRequests>()),
+      m_host(std::make_unique<tv::host::EmbeddedHost>(std::move(settings))) {
     m_host->setPointInput(m_points.get());
     registerCommands(*this);
 }
@@ -51,12 +52,14 @@ void TavoSession::print(const tv::Problem& problem) {
     if (problem) m_host->commandLine()->print(problem.sentence);
 }
 
-// --- commands --------------------------------------------------------------------------------------------------------
+// --- commands
+// --------------------------------------------------------------------------------------------------------
 
 void TavoSession::addCommand(CommandSpec spec) {
     TavoCommands& commands = *m_host->commands();
     bool added = commands.add(spec.name, spec.function) == Tavo::eOk;
-    for (const wchar_t* alias : spec.aliases) added = commands.addAlias(alias, spec.name) == Tavo::eOk && added;
+    for (const wchar_t* alias : spec.aliases)
+        added = commands.addAlias(alias, spec.name) == Tavo::eOk && added;
     if (!added) throw std::logic_error("command defined twice: " + tv::text::toUtf8(spec.name));
     m_commands.push_back(std::move(spec));
 }
@@ -72,7 +75,8 @@ int TavoSession::enterLine(const OdString& line) {
     OdString text = line;
     text.trim();
     if (m_points->waiting()) {
-        if (const auto result = m_points->supplyText(text.view()); !result) m_host->commandLine()->print(result.refusal);
+        if (const auto result = m_points->supplyText(text.view()); !result)
+            m_host->commandLine()->print(result.refusal);
         return RTNORM;
     }
     if (text.isEmpty()) return m_lastCommand.isEmpty() ? RTNORM : runCommand(m_lastCommand);
@@ -105,35 +109,43 @@ int TavoSession::runCommand(const OdString& name, const OdString& arguments) {
 
 OdString TavoSession::unknownCommand(const OdString& word) const {
     std::vector<std::wstring> names;
-    for (const OdString& name : m_host->commands()->names()) names.push_back(name.wstr());
+    for (const OdString& name : m_host->commands()->names())
+        names.push_back(name.wstr());
     const auto near = nearNames(commandName(word).view(), names);
     if (near.empty())
-        return format(VORD_ResourceString("IDS_TAVO_UNKNOWN_COMMAND",
-                                          L"\"%s\"은(는) 명령이나 시스템 변수가 아닙니다. HELP를 입력하면 명령을 볼 수 있습니다."),
-                      word);
+        return format(
+            VORD_ResourceString(
+                "IDS_TAVO_UNKNOWN_COMMAND",
+                L"\"%s\"은(는) 명령이나 시스템 변수가 아닙니다. HELP를 입력하면 명령을 볼 수 있습니다."),
+            word);
     return format(VORD_ResourceString("IDS_TAVO_UNKNOWN_COMMAND_NEAR",
                                       L"\"%s\"은(는) 명령이나 시스템 변수가 아닙니다. 비슷한 명령: %s."),
                   word, joined(near));
 }
 
-// --- documents -------------------------------------------------------------------------------------------------------
+// --- documents
+// -------------------------------------------------------------------------------------------------------
 
 tv::Problem TavoSession::open(const std::filesystem::path& file) {
     std::vector<tv::Problem> problems;
     if (m_host->documentManager()->openDocument(file, problems)) {
-        for (const tv::Problem& problem : problems) print(problem);
+        for (const tv::Problem& problem : problems)
+            print(problem);
         return {};
     }
     if (!problems.empty()) return problems.front();
     const std::wstring name = tv::text::fromUtf8(file.string());
     return {Tavo::eBadFile,
-            format(VORD_ResourceString("IDS_TAVO_NOT_OPENED", L"도면 \"%s\"을(를) 열지 못했습니다."), name), name};
+            format(VORD_ResourceString("IDS_TAVO_NOT_OPENED", L"도면 \"%s\"을(를) 열지 못했습니다."), name),
+            name};
 }
 
 tv::Problem TavoSession::save(const std::filesystem::path& file) {
     TavoDocument* current = document();
     if (!current)
-        return {Tavo::eNoDatabase, VORD_ResourceString("IDS_TAVO_NO_DRAWING", L"열려 있는 도면이 없습니다.").c_str(), {}};
+        return {Tavo::eNoDatabase,
+                VORD_ResourceString("IDS_TAVO_NO_DRAWING", L"열려 있는 도면이 없습니다.").c_str(),
+                {}};
     return m_host->documentManager()->saveDocument(current, file);
 }
 
@@ -149,10 +161,11 @@ std::optional<OdString> TavoSession::redo() {
 
 bool TavoSession::closeAsking(TavoDocument* document) {
     if (document->isModified()) {
-        const std::wstring question = format(
-            VORD_ResourceString("IDS_TAVO_SAVE_CHANGES",
-                                L"도면 \"%s\"에 저장하지 않은 변경 내용이 있습니다\n저장하시겠습니까? 저장하지 않으면 변경 내용을 잃게 됩니다."),
-            document->name());
+        const std::wstring question =
+            format(VORD_ResourceString("IDS_TAVO_SAVE_CHANGES",
+                                       L"도면 \"%s\"에 저장하지 않은 변경 내용이 있습니다\n저장하시겠습니까? "
+                                       L"저장하지 않으면 변경 내용을 잃게 됩니다."),
+                   document->name());
         constexpr unsigned yesNoCancelWarning = 0x33;
         const unsigned answer = MessageDlg(question.c_str(), m_host->productName(), yesNoCancelWarning);
         if (answer != IDYES && answer != IDNO) return false;
@@ -173,12 +186,14 @@ bool TavoSession::closeAsking(TavoDocument* document) {
     return true;
 }
 
-// --- the program -----------------------------------------------------------------------------------------------------
+// --- the program
+// -----------------------------------------------------------------------------------------------------
 
 void TavoSession::setLanguage(const UiLanguage& language) {
     VORD_MSGFunction::SetCurrentLanguageId(language.id);
     if (!VORD_MSGFunction::LoadFile())
-        for (const tv::Problem& problem : VORD_MSGFunction::problems()) print(problem);
+        for (const tv::Problem& problem : VORD_MSGFunction::problems())
+            print(problem);
     m_host->settings()->setString(settingsSection, L"Language", language.code);
 }
 

@@ -29,8 +29,8 @@ struct CommandSpec {
     TavoCommands::Function function;
 };
 
-// The program without its window: the embedded host with the program's commands, shared by the window, the automation
-// pipe and the tests.
+// The program without its window: the embedded host with the program's commands, shared by the window, the
+// automation pipe and the tests.
 class TavoSession {
   public:
     static constexpr wchar_t settingsSection[] = L"TavoCAD";
@@ -45,16 +45,19 @@ class TavoSession {
     PointRequests& points() { return *m_points; }
     TavoDocument* document() const;
 
-    // --- commands -------------------------------------------------------------------------------------------------
-    // A command or alias whose name is taken is a fault of the program.
+    // --- commands
+    // ------------------------------------------------------------------------------------------------- A
+    // command or alias whose name is taken is a fault of the program.
     void addCommand(CommandSpec spec);
     // In the order they were added.
     const std::vector<CommandSpec>& commands() const { return m_commands; }
 
-    // What a person typed into the command line: the answer to a request for a point, a command with its arguments, or a
-    // system variable to show or set; an empty line repeats the last command. Faults are told on the command line. Answers the result code.
+    // What a person typed into the command line: the answer to a request for a point, a command with its
+    // arguments, or a system variable to show or set; an empty line repeats the last command. Faults are told
+    // on the command line. Answers the result code.
     int enterLine(const OdString& line);
-    // `arguments` is what follows the name. Refused (RTERROR, told on the command line) while another command runs.
+    // `arguments` is what follows the name. Refused (RTERROR, told on the command line) while another command
+    // runs.
     int runCommand(const OdString& name, const OdString& arguments = {});
     // What followed the running command's name.
     const OdString& arguments() const { return m_arguments; }
@@ -70,25 +73,29 @@ class TavoSession {
         return m_commandEnded.connect(std::move(listener));
     }
 
-    // --- documents ------------------------------------------------------------------------------------------------
-    // What was wrong with a file that opened nevertheless goes to the command line; the problem says why it did not open.
+    // --- documents
+    // ------------------------------------------------------------------------------------------------ What was
+    // wrong with a file that opened nevertheless goes to the command line; the problem says why it did not
+    // open.
     tv::Problem open(const std::filesystem::path& file);
     // An empty path means the drawing's own file.
     tv::Problem save(const std::filesystem::path& file = {});
-    // One step of the current drawing: its name ("_UNITS"), nothing when there is none to take. Also inside the running UNDO
-    // and REDO commands.
+    // One step of the current drawing: its name ("_UNITS"), nothing when there is none to take. Also inside the
+    // running UNDO and REDO commands.
     std::optional<OdString> undo();
     std::optional<OdString> redo();
     // Sentences for the command line.
     void print(const tv::Problem& problem);
-    // Asks whether to save a changed drawing, saves it if so and closes it. False when the user gave up or saving failed.
+    // Asks whether to save a changed drawing, saves it if so and closes it. False when the user gave up or
+    // saving failed.
     bool closeAsking(TavoDocument* document);
 
     enum class FileQuestion { open, save };
     // Asks the person for a file name; unset when there is nobody to ask. Nothing when he gave up.
     std::function<std::optional<std::filesystem::path>(FileQuestion)> askFile;
 
-    // --- the program ----------------------------------------------------------------------------------------------
+    // --- the program
+    // ----------------------------------------------------------------------------------------------
     void setLanguage(const UiLanguage& language);
     // The one of the settings, else the system's.
     const UiLanguage& rememberedLanguage();

@@ -15,9 +15,10 @@ using Kind = tv::ui::UserAction::Kind;
 namespace {
 
 [[noreturn]] void badValue(const char* field, std::wstring_view value, std::wstring_view allowed) {
-    throw RequestError{format(VORD_ResourceString("IDS_TAVO_AUTO_BAD_VALUE",
-                                                  L"항목 \"%s\"의 값 \"%s\"을(를) 알 수 없습니다. 가능한 값: %s."),
-                              fromUtf8(field), value, allowed)};
+    throw RequestError{
+        format(VORD_ResourceString("IDS_TAVO_AUTO_BAD_VALUE",
+                                   L"항목 \"%s\"의 값 \"%s\"을(를) 알 수 없습니다. 가능한 값: %s."),
+               fromUtf8(field), value, allowed)};
 }
 
 UserAction chooseAction(const Fields& fields) {
@@ -42,7 +43,8 @@ UserAction checkAction(const Fields& fields) {
     const auto* value = fields.find("checked");
     if (!value) return action;
     action.checked = value->is_boolean() ? static_cast<int>(value->get<bool>()) : fields.integer("checked");
-    if (action.checked < 0 || action.checked > 2) badValue("checked", std::to_wstring(action.checked), L"false, true, 0, 1, 2");
+    if (action.checked < 0 || action.checked > 2)
+        badValue("checked", std::to_wstring(action.checked), L"false, true, 0, 1, 2");
     return action;
 }
 
@@ -52,13 +54,17 @@ UserAction cellAction(const Fields& fields) {
     action.row = fields.integer("row");
     action.column = fields.integer("column");
     const std::wstring what = fields.optionalText("action").value_or(L"click");
-    if (what == L"click") action.cell = UserAction::Cell::click;
-    else if (what == L"doubleClick") action.cell = UserAction::Cell::doubleClick;
+    if (what == L"click")
+        action.cell = UserAction::Cell::click;
+    else if (what == L"doubleClick")
+        action.cell = UserAction::Cell::doubleClick;
     else if (what == L"edit") {
         action.cell = UserAction::Cell::edit;
         action.text = fields.text("text");
-    } else if (what == L"cancel") action.cell = UserAction::Cell::cancel;
-    else badValue("action", what, L"click, doubleClick, edit, cancel");
+    } else if (what == L"cancel")
+        action.cell = UserAction::Cell::cancel;
+    else
+        badValue("action", what, L"click, doubleClick, edit, cancel");
     return action;
 }
 
@@ -66,15 +72,18 @@ UserAction treeAction(const Fields& fields) {
     UserAction action;
     action.path = fields.texts("path");
     const std::wstring what = fields.optionalText("action").value_or(L"select");
-    if (what == L"select") action.kind = Kind::treeSelect;
+    if (what == L"select")
+        action.kind = Kind::treeSelect;
     else if (what == L"expand") {
         action.kind = Kind::treeExpand;
         action.checked = fields.optionalBool("expanded").value_or(true);
     } else if (what == L"rename") {
         action.kind = Kind::treeRename;
         action.text = fields.text("text");
-    } else if (what == L"menu") action.kind = Kind::treeMenu;
-    else badValue("action", what, L"select, expand, rename, menu");
+    } else if (what == L"menu")
+        action.kind = Kind::treeMenu;
+    else
+        badValue("action", what, L"select, expand, rename, menu");
     return action;
 }
 
@@ -83,7 +92,8 @@ UserAction keyAction(const Fields& fields) {
     action.kind = Kind::key;
     const std::wstring key = fields.text("key");
     action.keyEvent = tv::ui::parseKey(key);
-    if (action.keyEvent.key == tv::ui::Key::none) badValue("key", key, L"Enter, Escape, Tab, F1, Alt+P, Ctrl+C, a");
+    if (action.keyEvent.key == tv::ui::Key::none)
+        badValue("key", key, L"Enter, Escape, Tab, F1, Alt+P, Ctrl+C, a");
     return action;
 }
 

@@ -45,25 +45,38 @@ AutomationServer::Handler AutomationServer::handler(std::wstring_view request) {
         const wchar_t* name;
         Handler handler;
     };
-    static constexpr Entry entries[] = {
-        {L"dialog", &AutomationServer::doDialog},         {L"click", &AutomationServer::doAction},
-        {L"type", &AutomationServer::doAction},           {L"choose", &AutomationServer::doAction},
-        {L"check", &AutomationServer::doAction},          {L"selectRows", &AutomationServer::doAction},
-        {L"cell", &AutomationServer::doAction},           {L"header", &AutomationServer::doAction},
-        {L"tree", &AutomationServer::doAction},           {L"menu", &AutomationServer::doAction},
-        {L"key", &AutomationServer::doAction},            {L"closeBox", &AutomationServer::doAction},
-        {L"point", &AutomationServer::doPoint},           {L"advance", &AutomationServer::doAdvance},
-        {L"screenshot", &AutomationServer::doScreenshot}, {L"open", &AutomationServer::doOpen},
-        {L"new", &AutomationServer::doNew},               {L"save", &AutomationServer::doSave},
-        {L"close", &AutomationServer::doClose},           {L"undo", &AutomationServer::doUndo},
-        {L"redo", &AutomationServer::doRedo},             {L"getvar", &AutomationServer::doGetVar},
-        {L"setvar", &AutomationServer::doSetVar},         {L"select", &AutomationServer::doSelect},
-        {L"command", &AutomationServer::doCommand},       {L"language", &AutomationServer::doLanguage},
-        {L"quit", &AutomationServer::doQuit}};
+    static constexpr Entry entries[] = {{L"dialog", &AutomationServer::doDialog},
+                                        {L"click", &AutomationServer::doAction},
+                                        {L"type", &AutomationServer::doAction},
+                                        {L"choose", &AutomationServer::doAction},
+                                        {L"check", &AutomationServer::doAction},
+                                        {L"selectRows", &AutomationServer::doAction},
+                                        {L"cell", &AutomationServer::doAction},
+                                        {L"header", &AutomationServer::doAction},
+                                        {L"tree", &AutomationServer::doAction},
+                                        {L"menu", &AutomationServer::doAction},
+                                        {L"key", &AutomationServer::doAction},
+                                        {L"closeBox", &AutomationServer::doAction},
+                                        {L"point", &AutomationServer::doPoint},
+                                        {L"advance", &AutomationServer::doAdvance},
+                                        {L"screenshot", &AutomationServer::doScreenshot},
+                                        {L"open", &AutomationServer::doOpen},
+                                        {L"new", &AutomationServer::doNew},
+                                        {L"save", &AutomationServer::doSave},
+                                        {L"close", &AutomationServer::doClose},
+                                        {L"undo", &AutomationServer::doUndo},
+                                        {L"redo", &AutomationServer::doRedo},
+                                        {L"getvar", &AutomationServer::doGetVar},
+                                        {L"setvar", &AutomationServer::doSetVar},
+                                        {L"select", &AutomationServer::doSelect},
+                                        {L"command", &AutomationServer::doCommand},
+                                        {L"language", &AutomationServer::doLanguage},
+                                        {L"quit", &AutomationServer::doQuit}};
     for (const Entry& entry : entries)
         if (request == entry.name) return entry.handler;
     std::vector<std::wstring> names;
-    for (const Entry& entry : entries) names.emplace_back(entry.name);
+    for (const Entry& entry : entries)
+        names.emplace_back(entry.name);
     const auto near = nearNames(request, names);
     throw RequestError{format(VORD_ResourceString("IDS_TAVO_AUTO_UNKNOWN_REQUEST",
                                                   L"\"%s\"(이)라는 요청은 없습니다. 비슷한 요청: %s."),
@@ -120,7 +133,8 @@ void AutomationServer::flush() {
     const Reply reply = *std::exchange(m_reply, std::nullopt);
     Json out = {{"ok", reply.error.empty()}};
     if (!reply.error.empty()) out["error"] = toUtf8(reply.error);
-    for (const auto& [name, value] : reply.extra.items()) out[name] = value;
+    for (const auto& [name, value] : reply.extra.items())
+        out[name] = value;
     CDialog* const topmost = m_toolkit.topmost();
     out["modal"] = topmost ? Json(topmost->templateName()) : Json(nullptr);
     if (m_waiting && m_waiting->supply) out["prompt"] = toUtf8(m_waiting->prompt);
@@ -149,8 +163,9 @@ void AutomationServer::lost(tv::ui::Waiting& waiting) {
     m_cancelled = true;
     const std::wstring what =
         waiting.dialog ? tv::text::fromUtf8(waiting.dialog->templateName()) : waiting.prompt;
-    const std::string sentence = toUtf8(
-        format(VORD_ResourceString("IDS_TAVO_AUTO_INPUT_ENDED", L"입력이 끝났는데 \"%s\"이(가) 답을 기다리고 있어 취소했습니다."),
-               what));
+    const std::string sentence =
+        toUtf8(format(VORD_ResourceString("IDS_TAVO_AUTO_INPUT_ENDED",
+                                          L"입력이 끝났는데 \"%s\"이(가) 답을 기다리고 있어 취소했습니다."),
+                      what));
     std::fprintf(stderr, "tavocad: %s\n", sentence.c_str());
 }

@@ -21,19 +21,20 @@ class TavoDocument;
 struct FaceAbilities {
     std::function<void(std::chrono::milliseconds)> advance;
     std::function<tv::Problem(const std::filesystem::path&)> screenshot;
-    std::filesystem::path screenshotFolder; // where relative screenshot paths start; empty: the working directory
+    std::filesystem::path
+        screenshotFolder; // where relative screenshot paths start; empty: the working directory
 };
 
-// The person at the other end of a pipe: one JSON object a line in, one a line out. A request's reply is sent when the
-// program has settled, that is when it asks for the next action: in a window, for a point, or being idle. Whoever makes it
-// runs the toolkit's loop with it as the driver.
+// The person at the other end of a pipe: one JSON object a line in, one a line out. A request's reply is sent
+// when the program has settled, that is when it asks for the next action: in a window, for a point, or being
+// idle. Whoever makes it runs the toolkit's loop with it as the driver.
 class AutomationServer : public tv::ui::Driver {
   public:
     AutomationServer(TavoSession& session, tv::ui::Toolkit& toolkit, Channel& channel, FaceAbilities abilities);
     ~AutomationServer() override;
 
-    // Serves requests until the session quits or the input ends. Returns the process's exit code: 0, or 3 when the input
-    // ended while a window or a request for a point waited (those were cancelled, which stderr says).
+    // Serves requests until the session quits or the input ends. Returns the process's exit code: 0, or 3 when
+    // the input ended while a window or a request for a point waited (those were cancelled, which stderr says).
     int run();
 
     bool step(tv::ui::Waiting& waiting) override;

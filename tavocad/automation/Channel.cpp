@@ -42,7 +42,8 @@ Channel::State LineSplitter::take(std::string& line) {
 bool PipeChannel::readSome() {
     std::array<char, 65536> buffer;
     ssize_t count = 0;
-    do count = ::read(m_in, buffer.data(), buffer.size());
+    do
+        count = ::read(m_in, buffer.data(), buffer.size());
     while (count < 0 && errno == EINTR);
     if (count <= 0) {
         m_lines.close();

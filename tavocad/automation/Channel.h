@@ -22,8 +22,8 @@ class Channel {
     virtual bool send(std::string_view line) = 0;
 };
 
-// Cuts a stream of bytes into lines. A last line without a line break counts once the stream is closed; a carriage return
-// before the line break is dropped.
+// Cuts a stream of bytes into lines. A last line without a line break counts once the stream is closed; a
+// carriage return before the line break is dropped.
 class LineSplitter {
   public:
     explicit LineSplitter(std::size_t limit = Channel::maxLine) : m_limit(limit) {}

@@ -29,8 +29,9 @@ TavoDocument& AutomationServer::document() const {
 
 void AutomationServer::requireIdle() const {
     if (!m_waiting->dialog && !m_waiting->supply && m_session.host().commands()->running().empty()) return;
-    throw RequestError{
-        VORD_ResourceString("IDS_TAVO_AUTO_BUSY", L"명령이 진행 중입니다. 먼저 열려 있는 창이나 점 요청에 답하십시오.").c_str()};
+    throw RequestError{VORD_ResourceString("IDS_TAVO_AUTO_BUSY",
+                                           L"명령이 진행 중입니다. 먼저 열려 있는 창이나 점 요청에 답하십시오.")
+                           .c_str()};
 }
 
 void AutomationServer::doOpen(const Fields& fields) {
@@ -73,7 +74,8 @@ void AutomationServer::doRedo(const Fields&) {
     document();
     const auto step = m_session.redo();
     if (!step)
-        throw RequestError{VORD_ResourceString("IDS_TAVO_NOTHING_TO_REDO", L"다시 실행할 작업이 없습니다.").c_str()};
+        throw RequestError{
+            VORD_ResourceString("IDS_TAVO_NOTHING_TO_REDO", L"다시 실행할 작업이 없습니다.").c_str()};
     m_reply->extra["step"] = tv::text::toUtf8(step->wstr());
 }
 

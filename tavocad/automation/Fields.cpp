@@ -28,9 +28,11 @@ std::vector<Element> array(const Fields& fields, const char* name, const wchar_t
 std::optional<int> toInteger(const json& value) {
     if (!value.is_number_integer()) return std::nullopt;
     // Unsigned numbers beyond the signed range would wrap.
-    if (value.is_number_unsigned() && value.get<std::uint64_t>() > std::numeric_limits<int>::max()) return std::nullopt;
+    if (value.is_number_unsigned() && value.get<std::uint64_t>() > std::numeric_limits<int>::max())
+        return std::nullopt;
     const auto number = value.get<std::int64_t>();
-    if (number < std::numeric_limits<int>::min() || number > std::numeric_limits<int>::max()) return std::nullopt;
+    if (number < std::numeric_limits<int>::min() || number > std::numeric_limits<int>::max())
+        return std::nullopt;
     return static_cast<int>(number);
 }
 
@@ -46,9 +48,10 @@ Fields Fields::parse(std::string_view line) {
         json value = json::parse(line);
         if (value.is_object()) return Fields(std::move(value));
     } catch (const json::parse_error& error) {
-        throw RequestError{format(VORD_ResourceString("IDS_TAVO_AUTO_NO_JSON", L"요청이 올바른 JSON이 아닙니다. %d번째 "
-                                                                               L"바이트에서 읽을 수 없습니다."),
-                                  static_cast<long long>(error.byte))};
+        throw RequestError{
+            format(VORD_ResourceString("IDS_TAVO_AUTO_NO_JSON", L"요청이 올바른 JSON이 아닙니다. %d번째 "
+                                                                L"바이트에서 읽을 수 없습니다."),
+                   static_cast<long long>(error.byte))};
     } catch (const json::exception&) {
         // A number no machine holds, say: the same to whoever sent it.
     }
@@ -58,9 +61,10 @@ Fields Fields::parse(std::string_view line) {
 }
 
 void Fields::wrongType(const char* name, const wchar_t* wanted) {
-    throw RequestError{format(VORD_ResourceString("IDS_TAVO_AUTO_WRONG_TYPE", L"항목 \"%s\"의 형식이 맞지 않습니다. 필요한 "
-                                                                              L"값: %s."),
-                              fromUtf8(name), wanted)};
+    throw RequestError{
+        format(VORD_ResourceString("IDS_TAVO_AUTO_WRONG_TYPE", L"항목 \"%s\"의 형식이 맞지 않습니다. 필요한 "
+                                                               L"값: %s."),
+               fromUtf8(name), wanted)};
 }
 
 const json* Fields::find(const char* name) const {
@@ -70,8 +74,8 @@ const json* Fields::find(const char* name) const {
 
 const json& Fields::value(const char* name) const {
     if (const json* found = find(name)) return *found;
-    throw RequestError{format(VORD_ResourceString("IDS_TAVO_AUTO_MISSING", L"요청에 항목 \"%s\"이(가) 없습니다."),
-                              fromUtf8(name))};
+    throw RequestError{format(
+        VORD_ResourceString("IDS_TAVO_AUTO_MISSING", L"요청에 항목 \"%s\"이(가) 없습니다."), fromUtf8(name))};
 }
 
 std::wstring Fields::text(const char* name) const {
@@ -95,7 +99,8 @@ std::optional<int> Fields::optionalInteger(const char* name) const {
 std::optional<bool> Fields::optionalBool(const char* name) const {
     const json* found = find(name);
     if (!found) return std::nullopt;
-    if (!found->is_boolean()) wrongType(name, VORD_ResourceString("IDS_TAVO_AUTO_TYPE_BOOL", L"true 또는 false"));
+    if (!found->is_boolean())
+        wrongType(name, VORD_ResourceString("IDS_TAVO_AUTO_TYPE_BOOL", L"true 또는 false"));
     return found->get<bool>();
 }
 
@@ -111,5 +116,6 @@ std::vector<int> Fields::integers(const char* name) const {
 }
 
 std::vector<std::wstring> Fields::texts(const char* name) const {
-    return array<std::wstring>(*this, name, VORD_ResourceString("IDS_TAVO_AUTO_TYPE_TEXTS", L"문자열 배열"), toText);
+    return array<std::wstring>(*this, name, VORD_ResourceString("IDS_TAVO_AUTO_TYPE_TEXTS", L"문자열 배열"),
+                               toText);
 }

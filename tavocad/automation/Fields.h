@@ -12,8 +12,8 @@ struct RequestError {
     std::wstring sentence;
 };
 
-// The fields of one request. A field that is missing or of another type than asked for throws a RequestError that names it;
-// an optional field may be missing or null, but not of another type.
+// The fields of one request. A field that is missing or of another type than asked for throws a RequestError
+// that names it; an optional field may be missing or null, but not of another type.
 class Fields {
   public:
     // Throws for a line that is no JSON object.

@@ -9,17 +9,15 @@ namespace {
 
 Json texts(const std::vector<std::wstring>& values) {
     Json array = Json::array();
-    for (const std::wstring& value : values) array.push_back(toUtf8(value));
+    for (const std::wstring& value : values)
+        array.push_back(toUtf8(value));
     return array;
 }
 
 Json control(const tv::ui::ControlSnapshot& from) {
-    Json to = {{"name", from.name},
-               {"kind", tv::ui::kindName(from.kind)},
-               {"label", toUtf8(from.label)},
-               {"text", toUtf8(from.text)},
-               {"enabled", from.enabled},
-               {"visible", from.visible}};
+    Json to = {{"name", from.name},           {"kind", tv::ui::kindName(from.kind)},
+               {"label", toUtf8(from.label)}, {"text", toUtf8(from.text)},
+               {"enabled", from.enabled},     {"visible", from.visible}};
     if (from.checked) to["checked"] = *from.checked;
     if (from.icon) to["icon"] = *from.icon;
     if (from.items) to["items"] = texts(*from.items);
@@ -29,11 +27,13 @@ Json control(const tv::ui::ControlSnapshot& from) {
         to["rowCount"] = *from.rowCount;
         to["first"] = from.firstRow;
         to["rows"] = Json::array();
-        for (const auto& row : from.rows) to["rows"].push_back(texts(row));
+        for (const auto& row : from.rows)
+            to["rows"].push_back(texts(row));
     }
     if (!from.children.empty()) {
         to["controls"] = Json::array();
-        for (const auto& child : from.children) to["controls"].push_back(control(child));
+        for (const auto& child : from.children)
+            to["controls"].push_back(control(child));
     }
     return to;
 }
@@ -45,6 +45,7 @@ Json toJson(const tv::ui::DialogSnapshot& snapshot) {
                 {"title", toUtf8(snapshot.title)},
                 {"size", {snapshot.size.cx, snapshot.size.cy}},
                 {"controls", Json::array()}};
-    for (const auto& from : snapshot.controls) out["controls"].push_back(control(from));
+    for (const auto& from : snapshot.controls)
+        out["controls"].push_back(control(from));
     return out;
 }

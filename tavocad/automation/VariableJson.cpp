@@ -14,18 +14,20 @@ namespace {
 
 void requireKnown(const TavoSysvarManager& manager, const std::wstring& name) {
     if (manager.type(name) == TavoSysvarType::kNone)
-        throw RequestError{
-            format(VORD_ResourceString("IDS_TAVO_UNKNOWN_VARIABLE", L"\"%s\"(이)라는 시스템 변수는 없습니다."), name)};
+        throw RequestError{format(
+            VORD_ResourceString("IDS_TAVO_UNKNOWN_VARIABLE", L"\"%s\"(이)라는 시스템 변수는 없습니다."), name)};
 }
 
 std::optional<OdResBuf> toBuffer(const nlohmann::json& value, TavoSysvarType type) {
-    if (value.is_string()) return OdResBuf(OdResBuf::kRtString, OdString(tv::text::fromUtf8(value.get<std::string>())));
+    if (value.is_string())
+        return OdResBuf(OdResBuf::kRtString, OdString(tv::text::fromUtf8(value.get<std::string>())));
     if (value.is_boolean()) return OdResBuf(OdResBuf::kRtInt16, std::int64_t{value.get<bool>()});
     if (value.is_number_integer()) {
         // What is beyond 32 bits travels as a real and is refused as out of range.
         const double number = value.get<double>();
         if (number < -2147483648.0 || number > 2147483647.0) return OdResBuf(OdResBuf::kRtDouble, number);
-        return OdResBuf(type == TavoSysvarType::kInt16 ? OdResBuf::kRtInt16 : OdResBuf::kRtInt32, value.get<std::int64_t>());
+        return OdResBuf(type == TavoSysvarType::kInt16 ? OdResBuf::kRtInt16 : OdResBuf::kRtInt32,
+                        value.get<std::int64_t>());
     }
     if (value.is_number()) return OdResBuf(OdResBuf::kRtDouble, value.get<double>());
     if (!value.is_array() || value.size() < 2 || value.size() > 3) return std::nullopt;
@@ -46,8 +48,9 @@ Json readVariable(const TavoSysvarManager& manager, const std::wstring& name) {
     const Tavo::ErrorStatus status =
         asText ? manager.getText(name, text, nullptr) : manager.getVar(name, buffer, nullptr);
     if (status != Tavo::eOk)
-        throw RequestError{format(
-            VORD_ResourceString("IDS_TAVO_VARIABLE_NEEDS_DRAWING", L"%s 변수는 도면에 있는데 열려 있는 도면이 없습니다."), name)};
+        throw RequestError{format(VORD_ResourceString("IDS_TAVO_VARIABLE_NEEDS_DRAWING",
+                                                      L"%s 변수는 도면에 있는데 열려 있는 도면이 없습니다."),
+                                  name)};
     if (asText) return tv::text::toUtf8(text.wstr());
     const tv::dwg::Value& value = buffer.value();
     if (const auto* whole = std::get_if<std::int64_t>(&value)) return *whole;
@@ -61,6 +64,7 @@ void writeVariable(TavoSysvarManager& manager, const std::wstring& name, const n
     requireKnown(manager, name);
     const auto buffer = toBuffer(value, manager.type(name));
     if (!buffer)
-        Fields::wrongType("value", VORD_ResourceString("IDS_TAVO_AUTO_TYPE_VARIABLE", L"숫자, 문자열 또는 [x, y, z]"));
+        Fields::wrongType("value",
+                          VORD_ResourceString("IDS_TAVO_AUTO_TYPE_VARIABLE", L"숫자, 문자열 또는 [x, y, z]"));
     if (manager.setVar(name, *buffer, nullptr) != Tavo::eOk) throw RequestError{manager.lastProblem().sentence};
 }

@@ -31,8 +31,10 @@ void AutomationServer::doAction(const Fields& fields) {
     const std::wstring name = fields.text("do");
     const UserAction action = actionOf(name, fields);
     using Kind = UserAction::Kind;
-    // A key and the close box belong to the window unless a control is named, and Escape also ends a request for a point.
-    const bool ofWindow = action.kind == Kind::key || action.kind == Kind::closeBox || action.kind == Kind::menu;
+    // A key and the close box belong to the window unless a control is named, and Escape also ends a request
+    // for a point.
+    const bool ofWindow =
+        action.kind == Kind::key || action.kind == Kind::closeBox || action.kind == Kind::menu;
     const auto control = ofWindow ? fields.optionalText("control") : fields.text("control");
     const auto request = m_request;
     UserResult result;
@@ -48,8 +50,7 @@ void AutomationServer::doAction(const Fields& fields) {
 
 void AutomationServer::doPoint(const Fields& fields) {
     if (fields.optionalBool("cancel").value_or(false)) {
-        if (!m_session.points().waiting())
-            throw RequestError{m_session.points().supply({}).refusal};
+        if (!m_session.points().waiting()) throw RequestError{m_session.points().supply({}).refusal};
         m_session.points().cancel();
         return;
     }
@@ -65,9 +66,10 @@ void AutomationServer::doAdvance(const Fields& fields) {
     if (ms < 0)
         Fields::wrongType("ms", VORD_ResourceString("IDS_TAVO_AUTO_TYPE_DURATION", L"0 이상의 정수(밀리초)"));
     if (!m_abilities.advance)
-        throw RequestError{VORD_ResourceString("IDS_TAVO_AUTO_REAL_TIME",
-                                               L"이 화면에서는 시간이 저절로 흐르므로 advance를 쓸 수 없습니다.")
-                               .c_str()};
+        throw RequestError{
+            VORD_ResourceString("IDS_TAVO_AUTO_REAL_TIME",
+                                L"이 화면에서는 시간이 저절로 흐르므로 advance를 쓸 수 없습니다.")
+                .c_str()};
     m_abilities.advance(std::chrono::milliseconds(ms));
 }
 

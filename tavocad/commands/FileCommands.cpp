@@ -86,24 +86,34 @@ void registerFileCommands(TavoSession& session) {
         return [&session, function](TavoEdCommandContext&) { return function(session); };
     };
     session.addCommand(
-        {L"NEW", {}, [] { return OdString(VORD_ResourceString("IDS_TAVO_HELP_NEW", L"새 도면을 시작합니다")); }, with(newDrawing)});
-    session.addCommand({L"OPEN",
-                        {L"OP"},
-                        [] { return OdString(VORD_ResourceString("IDS_TAVO_HELP_OPEN", L"도면 파일을 엽니다")); },
-                        with(open)});
-    session.addCommand({L"SAVE",
-                        {L"QSAVE"},
-                        [] { return OdString(VORD_ResourceString("IDS_TAVO_HELP_SAVE", L"도면을 저장합니다")); },
-                        with(save)});
+        {L"NEW",
+         {},
+         [] { return OdString(VORD_ResourceString("IDS_TAVO_HELP_NEW", L"새 도면을 시작합니다")); },
+         with(newDrawing)});
+    session.addCommand(
+        {L"OPEN",
+         {L"OP"},
+         [] { return OdString(VORD_ResourceString("IDS_TAVO_HELP_OPEN", L"도면 파일을 엽니다")); },
+         with(open)});
+    session.addCommand(
+        {L"SAVE",
+         {L"QSAVE"},
+         [] { return OdString(VORD_ResourceString("IDS_TAVO_HELP_SAVE", L"도면을 저장합니다")); },
+         with(save)});
     session.addCommand(
         {L"SAVEAS",
          {},
-         [] { return OdString(VORD_ResourceString("IDS_TAVO_HELP_SAVEAS", L"도면을 다른 이름으로 저장합니다")); },
+         [] {
+             return OdString(VORD_ResourceString("IDS_TAVO_HELP_SAVEAS", L"도면을 다른 이름으로 저장합니다"));
+         },
          with(saveAs)});
+    session.addCommand({L"CLOSE",
+                        {},
+                        [] { return OdString(VORD_ResourceString("IDS_TAVO_HELP_CLOSE", L"도면을 닫습니다")); },
+                        with(close)});
     session.addCommand(
-        {L"CLOSE", {}, [] { return OdString(VORD_ResourceString("IDS_TAVO_HELP_CLOSE", L"도면을 닫습니다")); }, with(close)});
-    session.addCommand({L"QUIT",
-                        {L"EXIT"},
-                        [] { return OdString(VORD_ResourceString("IDS_TAVO_HELP_QUIT", L"프로그램을 끝냅니다")); },
-                        with(quit)});
+        {L"QUIT",
+         {L"EXIT"},
+         [] { return OdString(VORD_ResourceString("IDS_TAVO_HELP_QUIT", L"프로그램을 끝냅니다")); },
+         with(quit)});
 }

@@ -11,11 +11,13 @@ namespace {
 int help(TavoSession& session) {
     for (const CommandSpec& command : session.commands()) {
         OdString line = command.name;
-        for (const wchar_t* alias : command.aliases) line += OdString(L", ") + alias;
+        for (const wchar_t* alias : command.aliases)
+            line += OdString(L", ") + alias;
         session.host().commandLine()->print(line + L": " + command.summary().view());
     }
-    session.host().commandLine()->print(
-        VORD_ResourceString("IDS_TAVO_HELP_VARIABLES", L"시스템 변수의 이름을 입력하면 값을 볼 수 있고, 뒤에 값을 붙이면 바꿀 수 있습니다."));
+    session.host().commandLine()->print(VORD_ResourceString(
+        "IDS_TAVO_HELP_VARIABLES",
+        L"시스템 변수의 이름을 입력하면 값을 볼 수 있고, 뒤에 값을 붙이면 바꿀 수 있습니다."));
     return RTNORM;
 }
 
@@ -23,7 +25,8 @@ int language(TavoSession& session) {
     TavoCommandLine& line = *session.host().commandLine();
     if (session.arguments().isEmpty()) {
         for (const UiLanguage& known : uiLanguages())
-            line.print(OdString(known.id == TavoSession::language().id ? L"* " : L"  ") + known.code + L" " + known.ownName);
+            line.print(OdString(known.id == TavoSession::language().id ? L"* " : L"  ") + known.code + L" " +
+                       known.ownName);
         return RTNORM;
     }
     const UiLanguage* wanted = uiLanguage(session.arguments().view());
@@ -38,20 +41,24 @@ int language(TavoSession& session) {
 } // namespace
 
 void registerHelpCommands(TavoSession& session) {
-    session.addCommand({L"HELP",
-                        {L"?"},
-                        [] { return OdString(VORD_ResourceString("IDS_TAVO_HELP_HELP", L"명령을 모두 보여 줍니다")); },
-                        [&session](TavoEdCommandContext&) { return help(session); }});
     session.addCommand(
-        {L"LANGUAGE",
-         {},
-         [] { return OdString(VORD_ResourceString("IDS_TAVO_HELP_LANGUAGE", L"화면의 언어를 바꿉니다: kr, en, jp, rs, ch")); },
-         [&session](TavoEdCommandContext&) { return language(session); }});
-    session.addCommand({L"ZOOM",
-                        {L"Z"},
-                        [] { return OdString(VORD_ResourceString("IDS_TAVO_HELP_ZOOM", L"도면 전체를 보여 줍니다")); },
-                        [&session](TavoEdCommandContext&) {
-                            session.zoomExtents.emit();
-                            return RTNORM;
-                        }});
+        {L"HELP",
+         {L"?"},
+         [] { return OdString(VORD_ResourceString("IDS_TAVO_HELP_HELP", L"명령을 모두 보여 줍니다")); },
+         [&session](TavoEdCommandContext&) { return help(session); }});
+    session.addCommand({L"LANGUAGE",
+                        {},
+                        [] {
+                            return OdString(VORD_ResourceString("IDS_TAVO_HELP_LANGUAGE",
+                                                                L"화면의 언어를 바꿉니다: kr, en, jp, rs, ch"));
+                        },
+                        [&session](TavoEdCommandContext&) { return language(session); }});
+    session.addCommand(
+        {L"ZOOM",
+         {L"Z"},
+         [] { return OdString(VORD_ResourceString("IDS_TAVO_HELP_ZOOM", L"도면 전체를 보여 줍니다")); },
+         [&session](TavoEdCommandContext&) {
+             session.zoomExtents.emit();
+             return RTNORM;
+         }});
 }

@@ -15,8 +15,10 @@ void show(TavoSession& session, const OdString& name) {
     if (session.host().sysvarManager()->getText(name, value, nullptr) == Tavo::eOk)
         session.host().commandLine()->print(name + L" = " + value.view());
     else
-        session.host().commandLine()->print(tv::text::format(
-            VORD_ResourceString("IDS_TAVO_VARIABLE_NEEDS_DRAWING", L"%s 변수는 도면에 있는데 열려 있는 도면이 없습니다."), name));
+        session.host().commandLine()->print(
+            tv::text::format(VORD_ResourceString("IDS_TAVO_VARIABLE_NEEDS_DRAWING",
+                                                 L"%s 변수는 도면에 있는데 열려 있는 도면이 없습니다."),
+                             name));
 }
 
 // "NAME" shows a variable, "NAME value" sets it, nothing shows them all.

@@ -23,7 +23,8 @@ constexpr Field fields[] = {
     {L"LUPREC", [](const T_UNITS_D& d) { return d.luprec; }, [](T_UNITS_D& d, int v) { d.luprec = v; }},
     {L"AUNITS", [](const T_UNITS_D& d) { return d.aunits; }, [](T_UNITS_D& d, int v) { d.aunits = v; }},
     {L"AUPREC", [](const T_UNITS_D& d) { return d.auprec; }, [](T_UNITS_D& d, int v) { d.auprec = v; }},
-    {L"ANGDIR", [](const T_UNITS_D& d) { return int{d.clockwise}; }, [](T_UNITS_D& d, int v) { d.clockwise = v != 0; }},
+    {L"ANGDIR", [](const T_UNITS_D& d) { return int{d.clockwise}; },
+     [](T_UNITS_D& d, int v) { d.clockwise = v != 0; }},
     {L"INSUNITS", [](const T_UNITS_D& d) { return d.insunits; }, [](T_UNITS_D& d, int v) { d.insunits = v; }},
 };
 constexpr wchar_t baseAngle[] = L"ANGBASE";
@@ -39,7 +40,8 @@ T_UNITS_D readUnits(TavoSysvarManager& manager, const OdDbDatabasePtr& database)
 }
 
 // Only what the user changed. A variable the drawing can't hold is told and does not stop the others.
-void writeUnits(TavoSession& session, const OdDbDatabasePtr& database, const T_UNITS_D& before, const T_UNITS_D& after) {
+void writeUnits(TavoSession& session, const OdDbDatabasePtr& database, const T_UNITS_D& before,
+                const T_UNITS_D& after) {
     TavoSysvarManager& manager = *session.host().sysvarManager();
     auto write = [&](const wchar_t* variable, const OdResBuf& value) {
         if (manager.setVar(variable, value, database) != Tavo::eOk) session.print(manager.lastProblem());
@@ -53,7 +55,8 @@ void writeUnits(TavoSession& session, const OdDbDatabasePtr& database, const T_U
 int units(TavoSession& session, TavoEdCommandContext& context) {
     OdDbDatabasePtr database = context.database();
     if (!database) {
-        session.host().commandLine()->print(VORD_ResourceString("IDS_TAVO_NO_DRAWING", L"열려 있는 도면이 없습니다."));
+        session.host().commandLine()->print(
+            VORD_ResourceString("IDS_TAVO_NO_DRAWING", L"열려 있는 도면이 없습니다."));
         return RTERROR;
     }
     const T_UNITS_D before = readUnits(*session.host().sysvarManager(), database);
@@ -70,9 +73,11 @@ int units(TavoSession& session, TavoEdCommandContext& context) {
 } // namespace
 
 void registerUnitsCommand(TavoSession& session) {
-    session.addCommand(
-        {L"UNITS",
-         {L"UN", L"DDUNITS"},
-         [] { return OdString(VORD_ResourceString("IDS_TAVO_HELP_UNITS", L"도면의 단위와 정밀도를 정합니다")); },
-         [&session](TavoEdCommandContext& context) { return units(session, context); }});
+    session.addCommand({L"UNITS",
+                        {L"UN", L"DDUNITS"},
+                        [] {
+                            return OdString(
+                                VORD_ResourceString("IDS_TAVO_HELP_UNITS", L"도면의 단위와 정밀도를 정합니다"));
+                        },
+                        [&session](TavoEdCommandContext& context) { return units(session, context); }});
 }

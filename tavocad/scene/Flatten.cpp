@@ -36,7 +36,8 @@ void flattenBulge(std::vector<OdGePoint3d>& out, const OdGePoint3d& a, const OdG
         out.push_back(b);
         return;
     }
-    // With the included angle 4 atan(bulge), the centre lies (1 - bulge^2) / (4 bulge) chords left of the chord's middle.
+    // With the included angle 4 atan(bulge), the centre lies (1 - bulge^2) / (4 bulge) chords left of the
+    // chord's middle.
     const double offset = (1 - bulge * bulge) / (4 * bulge);
     const OdGePoint3d center{(a.x + b.x) / 2 - dy * offset, (a.y + b.y) / 2 + dx * offset, a.z};
     const double start = std::atan2(a.y - center.y, a.x - center.x);

@@ -7,7 +7,8 @@
 #include <string>
 #include <vector>
 
-// What the drawing area paints: a drawing's model space, flattened into plain vectors in drawing units, y upwards.
+// What the drawing area paints: a drawing's model space, flattened into plain vectors in drawing units, y
+// upwards.
 namespace tv::scene {
 
 struct Box {
@@ -31,7 +32,8 @@ struct Box {
     }
 };
 
-// A colour to paint with. `foreground` stands for the colour that is white on a dark background and black on a light one.
+// A colour to paint with. `foreground` stands for the colour that is white on a dark background and black on a
+// light one.
 struct Paint {
     std::uint32_t rgb = 0; // 0xRRGGBB
     bool foreground = false;

@@ -11,9 +11,7 @@ CommandEdit::CommandEdit(QWidget* parent) : QLineEdit(parent), m_words(new QStri
     setCompleter(completer);
 }
 
-void CommandEdit::setWords(const QStringList& words) {
-    m_words->setStringList(words);
-}
+void CommandEdit::setWords(const QStringList& words) { m_words->setStringList(words); }
 
 void CommandEdit::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
@@ -22,7 +20,7 @@ void CommandEdit::keyPressEvent(QKeyEvent* event) {
         enter();
         return;
     case Qt::Key_Escape:
-        if (text().isEmpty()) emit cancelled();
+        if (text().isEmpty()) Q_EMIT cancelled();
         clear();
         m_at = static_cast<int>(m_history.size());
         return;
@@ -43,7 +41,7 @@ void CommandEdit::enter() {
     clear();
     if (!line.trimmed().isEmpty() && (m_history.isEmpty() || m_history.last() != line)) m_history.append(line);
     m_at = static_cast<int>(m_history.size());
-    emit entered(line);
+    Q_EMIT entered(line);
 }
 
 void CommandEdit::showHistory(int step) {

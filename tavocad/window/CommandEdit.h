@@ -5,15 +5,15 @@
 
 class QStringListModel;
 
-// The line commands are typed into. Up and Down go through what was entered before, Escape empties the line or, when it is
-// empty, asks for a cancel. Words are completed at their start.
+// The line commands are typed into. Up and Down go through what was entered before, Escape empties the line or,
+// when it is empty, asks for a cancel. Words are completed at their start.
 class CommandEdit : public QLineEdit {
     Q_OBJECT
   public:
     explicit CommandEdit(QWidget* parent);
     void setWords(const QStringList& words);
 
-  signals:
+  Q_SIGNALS:
     void entered(const QString& line);
     void cancelled();
 

@@ -18,8 +18,8 @@ using tv::scene::Paint;
 namespace {
 constexpr double margin = 0.05; // of the view, left free around the drawing
 constexpr double smallestScale = 1e-12, largestScale = 1e12;
-constexpr double markSize = 3;       // half of a point's cross, pixels
-constexpr double legibleHeight = 2.5; // smaller text is drawn as a line
+constexpr double markSize = 3;          // half of a point's cross, pixels
+constexpr double legibleHeight = 2.5;   // smaller text is drawn as a line
 constexpr std::size_t fewPaths = 50000; // beyond that, edges are not smoothed
 } // namespace
 
@@ -42,9 +42,10 @@ void DrawingView::zoomExtents() {
     const Box& box = m_scene->box;
     if (!box.empty()) {
         m_center = {box.left + (box.right - box.left) / 2, box.bottom + (box.top - box.bottom) / 2};
-        const double width = std::max(box.right - box.left, 1e-9), height = std::max(box.top - box.bottom, 1e-9);
-        m_scale = std::clamp(std::min(this->width() / width, this->height() / height) * (1 - 2 * margin), smallestScale,
-                             largestScale);
+        const double width = std::max(box.right - box.left, 1e-9),
+                     height = std::max(box.top - box.bottom, 1e-9);
+        m_scale = std::clamp(std::min(this->width() / width, this->height() / height) * (1 - 2 * margin),
+                             smallestScale, largestScale);
     } else {
         m_center = {};
         m_scale = 1;
@@ -66,11 +67,13 @@ void DrawingView::endPick() {
 }
 
 QPointF DrawingView::toScreen(OdGePoint2d point) const {
-    return {width() / 2.0 + (point.x - m_center.x) * m_scale, height() / 2.0 - (point.y - m_center.y) * m_scale};
+    return {width() / 2.0 + (point.x - m_center.x) * m_scale,
+            height() / 2.0 - (point.y - m_center.y) * m_scale};
 }
 
 OdGePoint2d DrawingView::toDrawing(QPointF point) const {
-    return {m_center.x + (point.x() - width() / 2.0) / m_scale, m_center.y - (point.y() - height() / 2.0) / m_scale};
+    return {m_center.x + (point.x() - width() / 2.0) / m_scale,
+            m_center.y - (point.y() - height() / 2.0) / m_scale};
 }
 
 Box DrawingView::visibleBox() const {
@@ -84,7 +87,8 @@ QColor DrawingView::colorOf(const Paint& paint) const {
     return paint.foreground ? palette().color(QPalette::Text) : QColor::fromRgb(paint.rgb);
 }
 
-// --- painting --------------------------------------------------------------------------------------------------------
+// --- painting
+// --------------------------------------------------------------------------------------------------------
 
 void DrawingView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
@@ -114,10 +118,13 @@ void DrawingView::paintPaths(QPainter& painter, const Box& visible) const {
             painter.setPen(QPen(color, 0)); // one pixel, however far zoomed in
         }
         line.resize(0);
-        for (std::size_t p = path.first; p < path.first + path.count; ++p) line.append(toScreen(scene.points[p]));
+        for (std::size_t p = path.first; p < path.first + path.count; ++p)
+            line.append(toScreen(scene.points[p]));
         painter.setBrush(path.filled ? QBrush(color) : QBrush(Qt::NoBrush));
-        if (path.filled) painter.drawPolygon(line);
-        else painter.drawPolyline(line);
+        if (path.filled)
+            painter.drawPolygon(line);
+        else
+            painter.drawPolyline(line);
     }
 }
 
@@ -140,9 +147,12 @@ void DrawingView::paintTexts(QPainter& painter, const Box& visible) const {
         const double below = step * static_cast<double>(lines.size() - 1);
         using Vertical = tv::scene::Text::Vertical;
         double y = 0;
-        if (text.vertical == Vertical::top) y = metrics.capHeight();
-        else if (text.vertical == Vertical::middle) y = (metrics.capHeight() - below) / 2;
-        else if (text.vertical == Vertical::bottom) y = -below;
+        if (text.vertical == Vertical::top)
+            y = metrics.capHeight();
+        else if (text.vertical == Vertical::middle)
+            y = (metrics.capHeight() - below) / 2;
+        else if (text.vertical == Vertical::bottom)
+            y = -below;
         for (const QString& line : lines) {
             const double width = metrics.horizontalAdvance(line);
             using Horizontal = tv::scene::Text::Horizontal;
@@ -150,7 +160,8 @@ void DrawingView::paintTexts(QPainter& painter, const Box& visible) const {
                              : text.horizontal == Horizontal::right ? -width
                                                                     : 0;
             if (pixels < legibleHeight) {
-                painter.drawLine(QPointF(x, y - metrics.capHeight() / 2), QPointF(x + width, y - metrics.capHeight() / 2));
+                painter.drawLine(QPointF(x, y - metrics.capHeight() / 2),
+                                 QPointF(x + width, y - metrics.capHeight() / 2));
             } else {
                 painter.setFont(font);
                 painter.drawText(QPointF(x, y), line);
@@ -185,7 +196,8 @@ void DrawingView::paintPick(QPainter& painter) const {
     painter.drawLine(toScreen(*m_pickBase), *m_pointer);
 }
 
-// --- pointer and keys ------------------------------------------------------------------------------------------------
+// --- pointer and keys
+// ------------------------------------------------------------------------------------------------
 
 void DrawingView::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
@@ -195,9 +207,9 @@ void DrawingView::resizeEvent(QResizeEvent* event) {
 void DrawingView::mousePressEvent(QMouseEvent* event) {
     if (m_picking && event->button() == Qt::LeftButton) {
         const OdGePoint2d at = toDrawing(event->position());
-        emit picked(at.x, at.y);
+        Q_EMIT picked(at.x, at.y);
     } else if (m_picking && event->button() == Qt::RightButton) {
-        emit pickCancelled();
+        Q_EMIT pickCancelled();
     } else if (event->button() == Qt::LeftButton || event->button() == Qt::MiddleButton) {
         m_dragFrom = event->position();
     }
@@ -215,7 +227,7 @@ void DrawingView::mouseMoveEvent(QMouseEvent* event) {
     }
     if (m_picking) update();
     const OdGePoint2d at = toDrawing(*m_pointer);
-    emit pointed(at.x, at.y);
+    Q_EMIT pointed(at.x, at.y);
 }
 
 void DrawingView::mouseReleaseEvent(QMouseEvent*) { m_dragFrom.reset(); }
@@ -238,6 +250,8 @@ void DrawingView::wheelEvent(QWheelEvent* event) {
 }
 
 void DrawingView::keyPressEvent(QKeyEvent* event) {
-    if (m_picking && event->key() == Qt::Key_Escape) emit pickCancelled();
-    else QWidget::keyPressEvent(event); // the window hands letters on to the command line
+    if (m_picking && event->key() == Qt::Key_Escape)
+        Q_EMIT pickCancelled();
+    else
+        QWidget::keyPressEvent(event); // the window hands letters on to the command line
 }

@@ -23,7 +23,7 @@ class DrawingView : public QWidget {
 
     QSize minimumSizeHint() const override { return {200, 150}; }
 
-  signals:
+  Q_SIGNALS:
     void pointed(double x, double y); // the pointer moved; drawing units
     void picked(double x, double y);
     void pickCancelled();
@@ -49,8 +49,8 @@ class DrawingView : public QWidget {
     void paintPick(QPainter& painter) const;
 
     std::shared_ptr<const tv::scene::Scene> m_scene;
-    OdGePoint2d m_center;   // drawing units, shown in the middle
-    double m_scale = 1;     // logical pixels per drawing unit
+    OdGePoint2d m_center;    // drawing units, shown in the middle
+    double m_scale = 1;      // logical pixels per drawing unit
     bool m_untouched = true; // nobody moved the view since zoomExtents: it follows the window's size
     std::optional<QPointF> m_dragFrom, m_pointer;
     bool m_picking = false;

@@ -69,9 +69,11 @@ void MainWindow::buildPanes() {
     layout->addWidget(m_command, 1, 1);
     dock->setWidget(pane);
     addDockWidget(Qt::BottomDockWidgetArea, dock);
-    resizeDocks({dock}, {m_history->fontMetrics().lineSpacing() * 7 + m_command->sizeHint().height()}, Qt::Vertical);
+    resizeDocks({dock}, {m_history->fontMetrics().lineSpacing() * 7 + m_command->sizeHint().height()},
+                Qt::Vertical);
 
     m_position = new QLabel(this);
+    statusBar()->setContentsMargins(6, 0, 0, 0);
     statusBar()->addWidget(m_position);
     m_texts.push_back([this] {
         m_view->setAccessibleName(toQt(VORD_ResourceString("IDS_TAVO_WIN_DRAWING_AREA", L"도면 영역")));
@@ -91,14 +93,16 @@ void MainWindow::observe() {
     connect(m_command, &CommandEdit::entered, this, &MainWindow::enter);
     connect(m_command, &CommandEdit::cancelled, this, [this] { m_session.points().cancel(); });
     connect(m_view, &DrawingView::pickCancelled, this, [this] { m_session.points().cancel(); });
-    connect(m_view, &DrawingView::picked, this,
-            [this](double x, double y) { static_cast<void>(m_session.points().supply({x, y, 0})); });
+    connect(m_view, &DrawingView::picked, this, [this](double x, double y) {
+        static_cast<void>(m_session.points().supply({x, y, 0}));
+    });
     connect(m_view, &DrawingView::pointed, this, &MainWindow::showPosition);
 
     TavoInterfaces& host = m_session.host();
-    for (const OdString& line : host.commandLine()->lines()) m_history->appendPlainText(toQt(line.view()));
-    m_subscriptions.push_back(
-        host.commandLine()->onLine([this](const OdString& line) { m_history->appendPlainText(toQt(line.view())); }));
+    for (const OdString& line : host.commandLine()->lines())
+        m_history->appendPlainText(toQt(line.view()));
+    m_subscriptions.push_back(host.commandLine()->onLine(
+        [this](const OdString& line) { m_history->appendPlainText(toQt(line.view())); }));
     m_subscriptions.push_back(host.documentManager()->onDocumentEvent([this](auto, auto*) { showTitle(); }));
     m_subscriptions.push_back(m_session.onCommandEnded([this](const OdString&, int) { showTitle(); }));
     m_subscriptions.push_back(host.sysvarManager()->onSysvarChanged(
@@ -117,15 +121,14 @@ void MainWindow::observe() {
 }
 
 void MainWindow::retranslate() {
-    for (const auto& text : m_texts) text();
+    for (const auto& text : m_texts)
+        text();
     showPrompt();
     showTitle();
     showPosition(m_x, m_y);
 }
 
-void MainWindow::run(std::function<void()> work) {
-    QTimer::singleShot(0, this, std::move(work));
-}
+void MainWindow::run(std::function<void()> work) { QTimer::singleShot(0, this, std::move(work)); }
 
 void MainWindow::enter(const QString& line) {
     const QString prompt = m_prompt->text();
@@ -135,16 +138,20 @@ void MainWindow::enter(const QString& line) {
 
 void MainWindow::updateWords() {
     QStringList words;
-    for (const OdString& name : m_session.host().commands()->names()) words.append(toQt(name.view()));
-    for (const OdString& name : m_session.host().sysvarManager()->names()) words.append(toQt(name.view()));
+    for (const OdString& name : m_session.host().commands()->names())
+        words.append(toQt(name.view()));
+    for (const OdString& name : m_session.host().sysvarManager()->names())
+        words.append(toQt(name.view()));
     m_command->setWords(words);
 }
 
-// --- what the window shows -------------------------------------------------------------------------------------------
+// --- what the window shows
+// -------------------------------------------------------------------------------------------
 
 void MainWindow::showPrompt() {
     const OdString asked = m_session.points().prompt();
-    m_prompt->setText(asked.isEmpty() ? toQt(VORD_ResourceString("IDS_TAVO_WIN_PROMPT", L"명령:")) : toQt(asked.view()));
+    m_prompt->setText(asked.isEmpty() ? toQt(VORD_ResourceString("IDS_TAVO_WIN_PROMPT", L"명령:"))
+                                      : toQt(asked.view()));
 }
 
 void MainWindow::showTitle() {
@@ -167,11 +174,13 @@ void MainWindow::showPosition(double x, double y) {
     tvedGetVar(L"DIMZIN", dimzin, nullptr);
     tvedGetVar(L"UNITMODE", unitmode, nullptr);
     const tv::host::LengthOptions options{dimzin & 3, unitmode};
-    m_position->setText(toQt(host.units()->formatLinear(x, lunits, luprec, options).view()) + QStringLiteral(", ") +
+    m_position->setText(toQt(host.units()->formatLinear(x, lunits, luprec, options).view()) +
+                        QStringLiteral(", ") +
                         toQt(host.units()->formatLinear(y, lunits, luprec, options).view()));
 }
 
-// --- events ----------------------------------------------------------------------------------------------------------
+// --- events
+// ----------------------------------------------------------------------------------------------------------
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     if (m_session.quitRequested()) return;

@@ -17,8 +17,8 @@ class QActionGroup;
 class QLabel;
 class QPlainTextEdit;
 
-// The program's window: menus, the drawing, what the program said and the line to tell it what to do. It knows no command;
-// everything goes through the session.
+// The program's window: menus, the drawing, what the program said and the line to tell it what to do. It knows
+// no command; everything goes through the session.
 class MainWindow : public QMainWindow {
     Q_OBJECT
   public:

@@ -6,6 +6,7 @@
 #include "platform/text/Format.h"
 #include "platform/text/ResourceString.h"
 #include "platform/text/SettingsStore.h"
+#include "platform/text/Unicode.h"
 #include "qt/Theme.h"
 #include "tavocad/Languages.h"
 #include "tavocad/TavoSession.h"
@@ -31,47 +32,65 @@ QAction* MainWindow::addAction(QMenu* menu, Text text, std::function<void()> doe
 }
 
 QAction* MainWindow::addCommand(QMenu* menu, Text text, const wchar_t* command, const QKeySequence& keys) {
-    return addAction(menu, std::move(text), [this, command] { m_session.runCommand(command); }, keys);
+    return addAction(
+        menu, std::move(text), [this, command] { m_session.runCommand(command); }, keys);
 }
 
 void MainWindow::buildMenus() {
     QMenu* file = addMenu([] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_FILE", L"파일(&F)")); });
-    addCommand(file, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_NEW", L"새로 만들기(&N)")); }, L"NEW",
-               QKeySequence::New);
-    addCommand(file, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_OPEN", L"열기(&O)...")); }, L"OPEN",
-               QKeySequence::Open);
-    addCommand(file, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_SAVE", L"저장(&S)")); }, L"SAVE",
-               QKeySequence::Save);
-    addCommand(file, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_SAVEAS", L"다른 이름으로 저장(&A)...")); },
-               L"SAVEAS", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
-    addCommand(file, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_CLOSE", L"닫기(&C)")); }, L"CLOSE",
-               QKeySequence(Qt::CTRL | Qt::Key_W));
+    addCommand(
+        file, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_NEW", L"새로 만들기(&N)")); }, L"NEW",
+        QKeySequence::New);
+    addCommand(
+        file, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_OPEN", L"열기(&O)...")); }, L"OPEN",
+        QKeySequence::Open);
+    addCommand(
+        file, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_SAVE", L"저장(&S)")); }, L"SAVE",
+        QKeySequence::Save);
+    addCommand(
+        file, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_SAVEAS", L"다른 이름으로 저장(&A)...")); },
+        L"SAVEAS", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
+    addCommand(
+        file, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_CLOSE", L"닫기(&C)")); }, L"CLOSE",
+        QKeySequence(Qt::CTRL | Qt::Key_W));
     file->addSeparator();
-    addCommand(file, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_QUIT", L"끝내기(&X)")); }, L"QUIT",
-               QKeySequence(Qt::CTRL | Qt::Key_Q));
+    addCommand(
+        file, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_QUIT", L"끝내기(&X)")); }, L"QUIT",
+        QKeySequence(Qt::CTRL | Qt::Key_Q));
 
     QMenu* edit = addMenu([] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_EDIT", L"편집(&E)")); });
-    m_undo = addCommand(edit, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_UNDO", L"실행 취소(&U)")); }, L"UNDO",
-                        QKeySequence(Qt::CTRL | Qt::Key_Z));
-    m_redo = addCommand(edit, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_REDO", L"다시 실행(&R)")); }, L"REDO",
-                        QKeySequence(Qt::CTRL | Qt::Key_Y));
+    m_undo = addCommand(
+        edit, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_UNDO", L"실행 취소(&U)")); }, L"UNDO",
+        QKeySequence(Qt::CTRL | Qt::Key_Z));
+    m_redo = addCommand(
+        edit, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_REDO", L"다시 실행(&R)")); }, L"REDO",
+        QKeySequence(Qt::CTRL | Qt::Key_Y));
 
     QMenu* format = addMenu([] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_FORMAT", L"형식(&O)")); });
-    addCommand(format, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_COLOR", L"색상(&C)...")); }, L"COLOR");
-    addCommand(format, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_LINETYPE", L"선종류(&N)...")); }, L"LINETYPE");
-    addCommand(format, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_LWEIGHT", L"선가중치(&W)...")); }, L"LWEIGHT");
+    addCommand(
+        format, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_COLOR", L"색상(&C)...")); }, L"COLOR");
+    addCommand(
+        format, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_LINETYPE", L"선종류(&N)...")); },
+        L"LINETYPE");
+    addCommand(
+        format, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_LWEIGHT", L"선가중치(&W)...")); },
+        L"LWEIGHT");
     format->addSeparator();
-    addCommand(format, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_UNITS", L"단위(&U)...")); }, L"UNITS");
+    addCommand(
+        format, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_UNITS", L"단위(&U)...")); }, L"UNITS");
 
     QMenu* view = addMenu([] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_VIEW", L"뷰(&V)")); });
-    addCommand(view, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_EXTENTS", L"전체 보기(&E)")); }, L"ZOOM");
+    addCommand(
+        view, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_EXTENTS", L"전체 보기(&E)")); }, L"ZOOM");
     QMenu* theme = view->addMenu(QString());
-    m_texts.push_back([theme] { theme->setTitle(toQt(VORD_ResourceString("IDS_TAVO_MENU_THEME", L"테마(&T)"))); });
+    m_texts.push_back(
+        [theme] { theme->setTitle(toQt(VORD_ResourceString("IDS_TAVO_MENU_THEME", L"테마(&T)"))); });
     m_themes = new QActionGroup(this);
     auto addTheme = [&](ThemeChoice choice, Text text) {
         QAction* action = addAction(theme, std::move(text), [this, choice] {
             setTheme(choice);
-            m_session.host().settings()->setInt(TavoSession::settingsSection, L"Theme", static_cast<int>(choice));
+            m_session.host().settings()->setInt(TavoSession::settingsSection, L"Theme",
+                                                static_cast<int>(choice));
         });
         action->setCheckable(true);
         action->setData(static_cast<int>(choice));
@@ -79,24 +98,31 @@ void MainWindow::buildMenus() {
     };
     addTheme(ThemeChoice::light, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_LIGHT", L"밝게(&L)")); });
     addTheme(ThemeChoice::dark, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_DARK", L"어둡게(&D)")); });
-    addTheme(ThemeChoice::system, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_SYSTEM", L"시스템 설정(&S)")); });
+    addTheme(ThemeChoice::system,
+             [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_SYSTEM", L"시스템 설정(&S)")); });
 
     QMenu* languages = addMenu([] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_LANGUAGE", L"언어(&L)")); });
     m_languages = new QActionGroup(this);
     for (const UiLanguage& language : uiLanguages()) {
-        QAction* action = addAction(languages, [&language] { return toQt(language.ownName); },
-                                    [this, &language] { m_session.runCommand(L"LANGUAGE", language.code); });
+        QAction* action = addAction(
+            languages, [&language] { return toQt(language.ownName); },
+            [this, &language] { m_session.runCommand(L"LANGUAGE", language.code); });
         action->setCheckable(true);
         m_languages->addAction(action);
-        m_texts.push_back([action, &language] { action->setChecked(TavoSession::language().id == language.id); });
+        m_texts.push_back(
+            [action, &language] { action->setChecked(TavoSession::language().id == language.id); });
     }
 
     QMenu* help = addMenu([] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_HELP", L"도움말(&H)")); });
-    addCommand(help, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_COMMANDS", L"명령 목록(&C)")); }, L"HELP",
-               QKeySequence::HelpContents);
-    addAction(help, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_ABOUT", L"정보(&A)")); }, [this] {
-        m_session.host().commandLine()->print(m_session.host().productName() + L" " + toQt(tavocadVersion).toStdWString());
-    });
+    addCommand(
+        help, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_COMMANDS", L"명령 목록(&C)")); }, L"HELP",
+        QKeySequence::HelpContents);
+    addAction(
+        help, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_ABOUT", L"정보(&A)")); },
+        [this] {
+            m_session.host().commandLine()->print(m_session.host().productName() + L" " +
+                                                  tv::text::fromUtf8(tavocadVersion));
+        });
 }
 
 void MainWindow::setTheme(ThemeChoice theme) {
@@ -104,5 +130,6 @@ void MainWindow::setTheme(ThemeChoice theme) {
     tv::qt::applyTheme(theme == ThemeChoice::light  ? Theme::light
                        : theme == ThemeChoice::dark ? Theme::dark
                                                     : Theme::system);
-    for (QAction* action : m_themes->actions()) action->setChecked(action->data().toInt() == static_cast<int>(theme));
+    for (QAction* action : m_themes->actions())
+        action->setChecked(action->data().toInt() == static_cast<int>(theme));
 }

@@ -27,7 +27,8 @@ std::unique_ptr<tv::SettingsStore> settingsOf(const Options& options) {
     // A script finds the same program every time, whatever a person set.
     if (options.automation) return nullptr;
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-    return std::make_unique<tv::FileSettingsStore>(std::filesystem::path(folder.toStdString()) / "TavoCAD" / "settings.ini");
+    return std::make_unique<tv::FileSettingsStore>(std::filesystem::path(folder.toStdString()) / "TavoCAD" /
+                                                   "settings.ini");
 }
 
 std::optional<std::filesystem::path> askFile(MainWindow& window, TavoSession& session,
@@ -37,17 +38,20 @@ std::optional<std::filesystem::path> askFile(MainWindow& window, TavoSession& se
     if (TavoDocument* document = session.document()) start = QString::fromStdString(document->path().string());
     const QString file =
         question == TavoSession::FileQuestion::open
-            ? QFileDialog::getOpenFileName(&window, toQt(VORD_ResourceString("IDS_TAVO_WIN_OPEN", L"도면 열기")), start, filter)
-            : QFileDialog::getSaveFileName(&window, toQt(VORD_ResourceString("IDS_TAVO_WIN_SAVE", L"도면 저장")), start,
-                                           filter);
+            ? QFileDialog::getOpenFileName(
+                  &window, toQt(VORD_ResourceString("IDS_TAVO_WIN_OPEN", L"도면 열기")), start, filter)
+            : QFileDialog::getSaveFileName(
+                  &window, toQt(VORD_ResourceString("IDS_TAVO_WIN_SAVE", L"도면 저장")), start, filter);
     if (file.isEmpty()) return std::nullopt;
     return file.toStdString();
 }
 
 ThemeChoice themeOf(const Options& options, TavoSession& session) {
     if (options.theme) return *options.theme;
-    const int stored =
-        session.host().settings()->getInt(TavoSession::settingsSection, L"Theme").value_or(static_cast<int>(ThemeChoice::system));
+    const int stored = session.host()
+                           .settings()
+                           ->getInt(TavoSession::settingsSection, L"Theme")
+                           .value_or(static_cast<int>(ThemeChoice::system));
     return stored >= 0 && stored <= static_cast<int>(ThemeChoice::system) ? static_cast<ThemeChoice>(stored)
                                                                           : ThemeChoice::system;
 }
@@ -57,14 +61,17 @@ tv::Problem saveScreenshot(const QtToolkit& toolkit, const std::filesystem::path
     const std::wstring name = tv::text::fromUtf8(file.string());
     return {Tavo::eFileAccess,
             tv::text::format(
-                VORD_ResourceString("IDS_TAVO_SCREENSHOT_FAILED", L"화면 그림을 \"%s\"에 저장하지 못했습니다."), name),
+                VORD_ResourceString("IDS_TAVO_SCREENSHOT_FAILED", L"화면 그림을 \"%s\"에 저장하지 못했습니다."),
+                name),
             name};
 }
 
 int serve(TavoSession& session, QtToolkit& toolkit, const Options& options) {
     WatchedChannel channel(STDIN_FILENO, STDOUT_FILENO, [&toolkit] { toolkit.wake(); });
     FaceAbilities abilities;
-    abilities.screenshot = [&toolkit](const std::filesystem::path& file) { return saveScreenshot(toolkit, file); };
+    abilities.screenshot = [&toolkit](const std::filesystem::path& file) {
+        return saveScreenshot(toolkit, file);
+    };
     abilities.screenshotFolder = options.screenshots;
     return AutomationServer(session, toolkit, channel, std::move(abilities)).run();
 }
@@ -89,7 +96,9 @@ int runWindow(const Options& options, int argc, char** argv) {
         window.show();
         code = serve(session, toolkit, options);
     } else {
-        session.askFile = [&](TavoSession::FileQuestion question) { return askFile(window, session, question); };
+        session.askFile = [&](TavoSession::FileQuestion question) {
+            return askFile(window, session, question);
+        };
         if (!session.document()) session.host().documentManager()->newDocument();
         window.show();
         tv::ui::Waiting idle;

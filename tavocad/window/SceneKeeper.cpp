@@ -13,11 +13,13 @@ SceneKeeper::SceneKeeper(TavoSession& session, QObject* parent) : QObject(parent
     m_subscriptions.push_back(session.host().documentManager()->onDocumentEvent(
         [this, follow](TavoDocumentManager::Event event, TavoDocument* document) {
             using Event = TavoDocumentManager::Event;
-            if (event == Event::kClosing && document && document->database() == m_database) watch(nullptr);
-            else if (event != Event::kSaved && event != Event::kClosing) follow();
+            if (event == Event::kClosing && document && document->database() == m_database)
+                watch(nullptr);
+            else if (event != Event::kSaved && event != Event::kClosing)
+                follow();
         }));
-    m_subscriptions.push_back(
-        session.host().display()->onRequest([this](TavoDisplay::Request request, const OdDbDatabasePtr& database) {
+    m_subscriptions.push_back(session.host().display()->onRequest(
+        [this](TavoDisplay::Request request, const OdDbDatabasePtr& database) {
             if (request == TavoDisplay::Request::kRegen && database == m_database) m_remake.start();
         }));
     follow();
@@ -39,6 +41,6 @@ void SceneKeeper::watch(OdDbDatabasePtr database) {
 void SceneKeeper::remake() {
     auto scene = std::make_shared<tv::scene::Scene>();
     if (m_database) *scene = tv::scene::buildScene(*m_database);
-    emit sceneMade(std::move(scene), m_fresh);
+    Q_EMIT sceneMade(std::move(scene), m_fresh);
     m_fresh = false;
 }

@@ -11,15 +11,15 @@
 
 class TavoSession;
 
-// Keeps the scene of the current drawing up to date: made anew, once for all changes of an event, when objects change, the
-// drawing changes or somebody asks for a regeneration.
+// Keeps the scene of the current drawing up to date: made anew, once for all changes of an event, when objects
+// change, the drawing changes or somebody asks for a regeneration.
 class SceneKeeper : public QObject, private OdDbDatabaseReactor {
     Q_OBJECT
   public:
     SceneKeeper(TavoSession& session, QObject* parent);
     ~SceneKeeper() override;
 
-  signals:
+  Q_SIGNALS:
     // `fresh`: of another drawing than before.
     void sceneMade(std::shared_ptr<const tv::scene::Scene> scene, bool fresh);
 
