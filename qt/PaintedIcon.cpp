@@ -32,6 +32,14 @@ class PaintedEngine : public QIconEngine {
         return out;
     }
 
+    // As it is, or smaller with its shape kept.
+    QSize actualSize(const QSize& size, QIcon::Mode, QIcon::State) override {
+        const QSize own = m_size.toSize();
+        return own.width() <= size.width() && own.height() <= size.height()
+                   ? own
+                   : own.scaled(size, Qt::KeepAspectRatio);
+    }
+
     QIconEngine* clone() const override { return new PaintedEngine(m_size, m_paint); }
 
   private:

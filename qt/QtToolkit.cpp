@@ -66,6 +66,7 @@ void QtToolkit::schedule(std::chrono::milliseconds delay, std::shared_ptr<tv::ui
 
 void QtToolkit::wait(tv::ui::Waiting& waiting) {
     QEventLoop loop;
+    m->awake = true; // a new wait is news to the driver
     while (!waiting.done()) {
         loop.processEvents(QEventLoop::AllEvents);
         if (waiting.done()) break;
@@ -96,9 +97,7 @@ void QtToolkit::show(CDialog& dialog) {
     if (const CWnd* wnd = dialog.GetOwner())
         if (DialogWindow* window = m->windowOf(wnd->dialog())) owner = window;
     if (owner == m->mainWindow && !m->windows.empty()) owner = m->windows.back().get();
-    auto& window = m->windows.emplace_back(std::make_unique<DialogWindow>(dialog, m->loader, owner));
-    m->awake = true;
-    (void)window;
+    m->windows.push_back(std::make_unique<DialogWindow>(dialog, m->loader, owner));
     m->showWindows();
 }
 

@@ -7,7 +7,7 @@
 
 namespace tv::qt {
 namespace {
-constexpr int smallestSide = 14, usualSide = 18, biggestSide = 30;
+constexpr int smallestSide = 16, usualSide = 18, biggestSide = 30;
 constexpr int frame = 2; // room for the frame of a cell at the edge
 } // namespace
 

@@ -13,7 +13,7 @@
 namespace tv::qt {
 namespace {
 
-constexpr QSize squareSize(16, 16), lineSize(72, 16);
+constexpr QSize squareSize(16, 16), lineSize = largestSwatch;
 
 QColor lineColor() { return QApplication::palette().color(QPalette::Text); }
 

@@ -127,10 +127,12 @@ TEST_F(EveryDialog, HasRoomForItsTextsInEveryLanguage) {
         VORD_MSGFunction::LoadFile();
         forEach([&](CDialog& dialog) {
             EXPECT_THAT(cutOffTexts(*toolkit.windowOf(dialog)), testing::IsEmpty());
-            if (pictures) {
-                const auto file = std::filesystem::path(pictures) /
-                                  (dialog.templateName() + VORD_MSGFunction::languageSuffix(language) + ".png");
-                EXPECT_TRUE(toolkit.screenshot(file));
+            if (!pictures) return;
+            for (const auto theme : {tv::qt::Theme::dark, tv::qt::Theme::light}) {
+                tv::qt::applyTheme(theme);
+                const char* const end = theme == tv::qt::Theme::dark ? "_dark.png" : ".png";
+                EXPECT_TRUE(toolkit.screenshot(std::filesystem::path(pictures) /
+                                               (dialog.templateName() + std::to_string(language) + end)));
             }
         });
     }
