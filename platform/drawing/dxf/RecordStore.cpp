@@ -95,9 +95,11 @@ RecordId RecordStore::endOfSection(RecordId section) const {
 }
 
 RecordId RecordStore::endOfTable(RecordId table) const {
+    if (m_tableEnd.first == table && !isErased(m_tableEnd.second)) return m_tableEnd.second;
     RecordId id = m_records[table].next;
     while (id != kNoRecord && m_records[id].owner == table && m_records[id].type != kTypeEndTab)
         id = m_records[id].next;
+    if (id != kNoRecord && m_records[id].owner == table) m_tableEnd = {table, id};
     return id;
 }
 

@@ -12,6 +12,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tv::dwg {
@@ -142,6 +143,8 @@ class KXPLATFORM_EXPORT RecordStore {
     mutable std::vector<std::pair<Section, RecordId>> m_sections;
     mutable std::vector<std::pair<std::string, RecordId>> m_tables;
     mutable bool m_structureKnown = true;
+    // The table whose end was asked for last, and its ENDTAB: adding ten thousand layers asks as often.
+    mutable std::pair<RecordId, RecordId> m_tableEnd{kNoRecord, kNoRecord};
     UndoLog m_undo;
     bool m_replaying = false;
     Listener m_listener;
