@@ -54,7 +54,6 @@ void DialogWindow::build(const TemplateLoader& loader) {
         m_problems.push_back(why);
         content = new QWidget(this);
     }
-    content->setWindowFlags(Qt::Widget); // a template whose top is a QDialog would be a window of its own
     content->setObjectName(QString());
     outer->addWidget(content);
 

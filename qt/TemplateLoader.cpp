@@ -21,7 +21,10 @@ class Loader : public QUiLoader {
     Loader() { setLanguageChangeEnabled(false); }
     QWidget* createWidget(const QString& className, QWidget* parent, const QString& name) override {
         QWidget* widget = nullptr;
-        if (className == QLatin1String("QComboBox"))
+        // The contents of a window, not a window: a QDialog within would take Enter and Escape for itself.
+        if (className == QLatin1String("QDialog"))
+            widget = new QWidget(parent);
+        else if (className == QLatin1String("QComboBox"))
             widget = new DropDownBox(parent);
         else if (className == QLatin1String("QCommandLinkButton"))
             widget = new CommandButton(parent);

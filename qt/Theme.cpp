@@ -2,7 +2,9 @@
 
 #include <QApplication>
 #include <QPalette>
+#include <QStyle>
 #include <QStyleFactory>
+#include <QWidget>
 
 namespace tv::qt {
 namespace {
@@ -31,22 +33,22 @@ constexpr Colors lightColors{.window = 0xfff3f3f3,
                              .dark = 0xff9a9a9a,
                              .shadow = 0xff6a6a6a};
 
-constexpr Colors darkColors{.window = 0xff2b2d30,
-                            .base = 0xff1e1f22,
-                            .alternate = 0xff26282b,
-                            .button = 0xff3a3d41,
+constexpr Colors darkColors{.window = 0xff26282b,
+                            .base = 0xff383b40,
+                            .alternate = 0xff3d4046,
+                            .button = 0xff45494e,
                             .text = 0xffe8e8e8,
-                            .disabledText = 0xff949494,
-                            .placeholder = 0xffa0a0a0,
+                            .disabledText = 0xff9e9e9e,
+                            .placeholder = 0xffb4b4b4,
                             .highlight = 0xff2f65b8,
                             .highlightedText = 0xffffffff,
                             .link = 0xff7fb4ff,
                             .visited = 0xffc3a2ff,
                             .tip = 0xff3a3d41,
                             .tipText = 0xfff0f0f0,
-                            .light = 0xff4a4d52,
-                            .midlight = 0xff42454a,
-                            .mid = 0xff1f2023,
+                            .light = 0xff5a5e64,
+                            .midlight = 0xff50545a,
+                            .mid = 0xff606469,
                             .dark = 0xff17181a,
                             .shadow = 0xff000000};
 
@@ -99,8 +101,15 @@ QPalette themePalette(Theme theme) {
 
 void applyTheme(Theme theme) {
     const QPalette palette = themePalette(theme);
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    if (QApplication::style()->name().compare(QLatin1String("fusion"), Qt::CaseInsensitive) != 0)
+        QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setPalette(palette);
+    // Qt tells the widgets of a new palette only while QApplication::exec runs; a host may run loops of its
+    // own.
+    for (QWidget* widget : QApplication::allWidgets()) {
+        QEvent changed(QEvent::ApplicationPaletteChange);
+        QApplication::sendEvent(widget, &changed);
+    }
 }
 
 } // namespace tv::qt

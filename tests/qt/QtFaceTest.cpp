@@ -79,6 +79,21 @@ TEST_F(QtFaceTest, ThemesAreReadable) {
     }
 }
 
+TEST_F(QtFaceTest, AnOpenWindowFollowsTheTheme) {
+    tv::qt::applyTheme(tv::qt::Theme::light);
+    ProbeDlg dialog;
+    run(dialog, [&](QWidget&) {
+        const QWidget& check = *toolkit.widgetOf(dialog.check);
+        const QSize before = toolkit.widgetOf(dialog.combo)->size();
+        const QColor light = check.palette().color(QPalette::WindowText);
+        tv::qt::applyTheme(tv::qt::Theme::dark);
+        settle();
+        EXPECT_GT(check.palette().color(QPalette::WindowText).lightness(), light.lightness() + 100);
+        EXPECT_EQ(toolkit.widgetOf(dialog.combo)->size(), before);
+    });
+    tv::qt::applyTheme(tv::qt::Theme::light);
+}
+
 TEST_F(QtFaceTest, NumbersStayIndependentOfTheDesktop) {
     std::setlocale(LC_NUMERIC, ""); // as QApplication does
     const QtToolkit another;
