@@ -5,6 +5,7 @@
 #include "platform/text/Unicode.h"
 #include "platform/toolkit/Dialog.h"
 #include "platform/toolkit/ModuleChain.h"
+#include "platform/toolkit/TabCtrl.h"
 #include "qt/Theme.h"
 #include "tests/qt/CutOffText.h"
 #include "tests/support/AllDialogs.h"
@@ -63,6 +64,20 @@ class EveryDialog : public testing::Test {
         }
     }
 
+    // Each page of tabs in turn; once when there are none.
+    static void forEachPage(CDialog& dialog, const std::function<void(int page)>& look) {
+        CTabCtrl* tabs = nullptr;
+        forEachControl(dialog, [&](const CWnd& wnd) {
+            if (wnd.kind() == tv::ui::ControlKind::tab) tabs = static_cast<CTabCtrl*>(const_cast<CWnd*>(&wnd));
+        });
+        for (int i = 0; i < (tabs ? tabs->GetItemCount() : 1); ++i) {
+            if (tabs) tabs->SetCurSel(i);
+            for (int round = 0; round < 4; ++round)
+                QApplication::processEvents();
+            look(i);
+        }
+    }
+
     QApplication& app = qtApp();
     QtToolkit toolkit;
     tv::host::EmbeddedHost host;
@@ -100,21 +115,23 @@ TEST_F(EveryDialog, CanBeReadAloudAndWalkedThrough) {
         QWidget& window = *toolkit.windowOf(dialog);
         EXPECT_FALSE(window.windowTitle().isEmpty());
         forEachControl(dialog, [&](const CWnd& wnd) {
-            if (!wnd.focusable() || !wnd.IsWindowVisible() || wnd.kind() == tv::ui::ControlKind::tab) return;
+            if (!wnd.focusable() || !wnd.shown() || wnd.kind() == tv::ui::ControlKind::tab) return;
             EXPECT_FALSE(toolkit.widgetOf(wnd)->accessibleName().isEmpty()) << wnd.name();
         });
-        const auto order = dialog.tabOrder();
-        std::vector<const CWnd*> visited;
-        for (std::size_t i = 0; i < order.size(); ++i) {
-            native::key(window, tv::ui::parseKey(L"Tab"));
-            ASSERT_NE(dialog.GetFocus(), nullptr);
-            visited.push_back(dialog.GetFocus());
-            const QWidget* shown = toolkit.widgetOf(*dialog.GetFocus());
-            const QWidget* focused = window.focusWidget();
-            EXPECT_TRUE(focused && (focused == shown || shown->isAncestorOf(focused)))
-                << dialog.GetFocus()->name();
-        }
-        EXPECT_THAT(visited, testing::UnorderedElementsAreArray(order));
+        forEachPage(dialog, [&](int) {
+            const auto order = dialog.tabOrder();
+            std::vector<const CWnd*> visited;
+            for (std::size_t i = 0; i < order.size(); ++i) {
+                native::key(window, tv::ui::parseKey(L"Tab"));
+                ASSERT_NE(dialog.GetFocus(), nullptr);
+                visited.push_back(dialog.GetFocus());
+                const QWidget* shown = toolkit.widgetOf(*dialog.GetFocus());
+                const QWidget* focused = window.focusWidget();
+                EXPECT_TRUE(focused && (focused == shown || shown->isAncestorOf(focused)))
+                    << dialog.GetFocus()->name();
+            }
+            EXPECT_THAT(visited, testing::UnorderedElementsAreArray(order));
+        });
     });
 }
 
@@ -126,14 +143,17 @@ TEST_F(EveryDialog, HasRoomForItsTextsInEveryLanguage) {
         VORD_MSGFunction::SetCurrentLanguageId(language);
         VORD_MSGFunction::LoadFile();
         forEach([&](CDialog& dialog) {
-            EXPECT_THAT(cutOffTexts(*toolkit.windowOf(dialog)), testing::IsEmpty());
-            if (!pictures) return;
-            for (const auto theme : {tv::qt::Theme::dark, tv::qt::Theme::light}) {
-                tv::qt::applyTheme(theme);
-                const char* const end = theme == tv::qt::Theme::dark ? "_dark.png" : ".png";
-                EXPECT_TRUE(toolkit.screenshot(std::filesystem::path(pictures) /
-                                               (dialog.templateName() + std::to_string(language) + end)));
-            }
+            forEachPage(dialog, [&](int page) {
+                EXPECT_THAT(cutOffTexts(*toolkit.windowOf(dialog)), testing::IsEmpty());
+                if (!pictures) return;
+                for (const auto theme : {tv::qt::Theme::dark, tv::qt::Theme::light}) {
+                    tv::qt::applyTheme(theme);
+                    const char* const end = theme == tv::qt::Theme::dark ? "_dark.png" : ".png";
+                    EXPECT_TRUE(toolkit.screenshot(
+                        std::filesystem::path(pictures) /
+                        (dialog.templateName() + std::to_string(language) + "_" + std::to_string(page) + end)));
+                }
+            });
         });
     }
     VORD_MSGFunction::Reset();
