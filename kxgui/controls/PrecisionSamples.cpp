@@ -10,16 +10,27 @@ namespace {
 using tv::host::AngleUnits;
 using tv::host::LengthUnits;
 
-std::wstring decimals(int count) {
-    return count > 0 ? L"0." + std::wstring(static_cast<std::size_t>(count), L'0') : L"0";
+// As a view of one long zero, since the lists ask for all of them each time a dialog opens.
+std::wstring_view decimals(int count) {
+    static constexpr std::wstring_view longest = L"0.00000000";
+    return longest.substr(0, count > 0 ? static_cast<std::size_t>(count) + 2 : 1);
+}
+
+std::wstring joined(std::wstring_view before, std::wstring_view number, std::wstring_view after) {
+    std::wstring text;
+    text.reserve(before.size() + number.size() + after.size());
+    return text.append(before).append(number).append(after);
 }
 
 std::wstring fraction(int precision) {
     return precision > 0 ? tv::text::format(L"0 1/%d", 1 << precision) : L"0";
 }
 
-// Of degrees, minutes and seconds: 0 degrees, 1 minutes, 2 seconds, from 3 on one decimal of the seconds more each.
-int sexagesimalStep(int precision) { return precision <= 0 ? 0 : precision <= 2 ? 1 : precision <= 4 ? 2 : precision - 2; }
+// Of degrees, minutes and seconds: 0 degrees, 1 minutes, 2 seconds, from 3 on one decimal of the seconds more
+// each.
+int sexagesimalStep(int precision) {
+    return precision <= 0 ? 0 : precision <= 2 ? 1 : precision <= 4 ? 2 : precision - 2;
+}
 
 std::wstring sexagesimal(int precision) {
     const int step = sexagesimalStep(precision);
@@ -31,20 +42,26 @@ std::wstring sexagesimal(int precision) {
 }
 
 bool isSexagesimal(int aunits) {
-    return aunits == static_cast<int>(AngleUnits::kDegMinSec) || aunits == static_cast<int>(AngleUnits::kSurveyor);
+    return aunits == static_cast<int>(AngleUnits::kDegMinSec) ||
+           aunits == static_cast<int>(AngleUnits::kSurveyor);
 }
 
 } // namespace
 
 std::wstring lengthPrecisionSample(int lunits, int precision) {
     switch (static_cast<LengthUnits>(lunits)) {
-    case LengthUnits::kScientific: return decimals(precision) + L"E+01";
-    case LengthUnits::kEngineering: return L"0'-" + decimals(precision) + L'"';
-    case LengthUnits::kArchitectural: return L"0'-" + fraction(precision) + L'"';
-    case LengthUnits::kFractional: return fraction(precision);
-    case LengthUnits::kDecimal: break;
+    case LengthUnits::kScientific:
+        return joined({}, decimals(precision), L"E+01");
+    case LengthUnits::kEngineering:
+        return joined(L"0'-", decimals(precision), L"\"");
+    case LengthUnits::kArchitectural:
+        return L"0'-" + fraction(precision) + L'"';
+    case LengthUnits::kFractional:
+        return fraction(precision);
+    case LengthUnits::kDecimal:
+        break;
     }
-    return decimals(precision);
+    return std::wstring(decimals(precision));
 }
 
 std::vector<int> anglePrecisions(int aunits) {
@@ -58,13 +75,18 @@ bool sameAnglePrecision(int aunits, int a, int b) {
 
 std::wstring anglePrecisionSample(int aunits, int precision) {
     switch (static_cast<AngleUnits>(aunits)) {
-    case AngleUnits::kDegMinSec: return sexagesimal(precision);
-    case AngleUnits::kGrads: return decimals(precision) + L'g';
-    case AngleUnits::kRadians: return decimals(precision) + L'r';
-    case AngleUnits::kSurveyor: return L"N " + sexagesimal(precision) + L" E";
-    case AngleUnits::kDegrees: break;
+    case AngleUnits::kDegMinSec:
+        return sexagesimal(precision);
+    case AngleUnits::kGrads:
+        return joined({}, decimals(precision), L"g");
+    case AngleUnits::kRadians:
+        return joined({}, decimals(precision), L"r");
+    case AngleUnits::kSurveyor:
+        return L"N " + sexagesimal(precision) + L" E";
+    case AngleUnits::kDegrees:
+        break;
     }
-    return decimals(precision);
+    return std::wstring(decimals(precision));
 }
 
 } // namespace kx::controls

@@ -8,14 +8,22 @@
 using tv::host::AngleUnits;
 using tv::host::LengthUnits;
 
-void CCobxUnitBase::addEntry(std::wstring_view text, int value) {
-    SetItemData(AddString(text), static_cast<std::uintptr_t>(value));
+namespace {
+
+tv::ui::ListItem entry(std::wstring text, int value) {
+    return {std::move(text), static_cast<std::uintptr_t>(value), {}};
 }
+
+template <class Type>
+tv::ui::ListItem typeEntry(const VORD_ResourceString& text, Type type) {
+    return entry(text.c_str(), static_cast<int>(type));
+}
+
+} // namespace
 
 void CCobxUnitBase::SetComboBoxList() {
     const int kept = GetValue(-1);
-    ResetContent();
-    addEntries();
+    SetItems(entries());
     if (kept >= 0) SelectValue(kept);
 }
 
@@ -48,34 +56,39 @@ void CCobxUnitTypeBase::refillChildren() {
     }
 }
 
-void CCobxLUnit::addEntries() {
-    const auto add = [this](const VORD_ResourceString& text, LengthUnits unit) { addEntry(text, static_cast<int>(unit)); };
-    add(VORD_ResourceString("IDS_TAVO_LUNITS_ARCHITECTURAL", L"건축"), LengthUnits::kArchitectural);
-    add(VORD_ResourceString("IDS_TAVO_LUNITS_DECIMAL", L"십진"), LengthUnits::kDecimal);
-    add(VORD_ResourceString("IDS_TAVO_LUNITS_ENGINEERING", L"공학"), LengthUnits::kEngineering);
-    add(VORD_ResourceString("IDS_TAVO_LUNITS_FRACTIONAL", L"분수"), LengthUnits::kFractional);
-    add(VORD_ResourceString("IDS_TAVO_LUNITS_SCIENTIFIC", L"과학"), LengthUnits::kScientific);
+std::vector<tv::ui::ListItem> CCobxLUnit::entries() const {
+    return {
+        typeEntry(VORD_ResourceString("IDS_TAVO_LUNITS_ARCHITECTURAL", L"건축"), LengthUnits::kArchitectural),
+        typeEntry(VORD_ResourceString("IDS_TAVO_LUNITS_DECIMAL", L"십진"), LengthUnits::kDecimal),
+        typeEntry(VORD_ResourceString("IDS_TAVO_LUNITS_ENGINEERING", L"공학"), LengthUnits::kEngineering),
+        typeEntry(VORD_ResourceString("IDS_TAVO_LUNITS_FRACTIONAL", L"분수"), LengthUnits::kFractional),
+        typeEntry(VORD_ResourceString("IDS_TAVO_LUNITS_SCIENTIFIC", L"과학"), LengthUnits::kScientific)};
 }
 
-void CCobxLPrec::addEntries() {
-    if (GetUnitType() < 0) return;
+std::vector<tv::ui::ListItem> CCobxLPrec::entries() const {
+    std::vector<tv::ui::ListItem> items;
+    if (GetUnitType() < 0) return items;
+    items.reserve(tv::host::kMaxPrecision + 1);
     for (int precision = 0; precision <= tv::host::kMaxPrecision; ++precision)
-        addEntry(kx::controls::lengthPrecisionSample(GetUnitType(), precision), precision);
+        items.push_back(entry(kx::controls::lengthPrecisionSample(GetUnitType(), precision), precision));
+    return items;
 }
 
-void CCobxAUnit::addEntries() {
-    const auto add = [this](const VORD_ResourceString& text, AngleUnits unit) { addEntry(text, static_cast<int>(unit)); };
-    add(VORD_ResourceString("IDS_TAVO_AUNITS_DEGREES", L"십진 도수"), AngleUnits::kDegrees);
-    add(VORD_ResourceString("IDS_TAVO_AUNITS_DMS", L"도/분/초"), AngleUnits::kDegMinSec);
-    add(VORD_ResourceString("IDS_TAVO_AUNITS_GRADS", L"그라드"), AngleUnits::kGrads);
-    add(VORD_ResourceString("IDS_TAVO_AUNITS_RADIANS", L"라디안"), AngleUnits::kRadians);
-    add(VORD_ResourceString("IDS_TAVO_AUNITS_SURVEYOR", L"측량사 단위"), AngleUnits::kSurveyor);
+std::vector<tv::ui::ListItem> CCobxAUnit::entries() const {
+    return {typeEntry(VORD_ResourceString("IDS_TAVO_AUNITS_DEGREES", L"십진 도수"), AngleUnits::kDegrees),
+            typeEntry(VORD_ResourceString("IDS_TAVO_AUNITS_DMS", L"도/분/초"), AngleUnits::kDegMinSec),
+            typeEntry(VORD_ResourceString("IDS_TAVO_AUNITS_GRADS", L"그라드"), AngleUnits::kGrads),
+            typeEntry(VORD_ResourceString("IDS_TAVO_AUNITS_RADIANS", L"라디안"), AngleUnits::kRadians),
+            typeEntry(VORD_ResourceString("IDS_TAVO_AUNITS_SURVEYOR", L"측량사 단위"), AngleUnits::kSurveyor)};
 }
 
-void CCobxAPrec::addEntries() {
-    if (GetUnitType() < 0) return;
+std::vector<tv::ui::ListItem> CCobxAPrec::entries() const {
+    std::vector<tv::ui::ListItem> items;
+    if (GetUnitType() < 0) return items;
+    items.reserve(tv::host::kMaxPrecision + 1);
     for (const int precision : kx::controls::anglePrecisions(GetUnitType()))
-        addEntry(kx::controls::anglePrecisionSample(GetUnitType(), precision), precision);
+        items.push_back(entry(kx::controls::anglePrecisionSample(GetUnitType(), precision), precision));
+    return items;
 }
 
 int CCobxAPrec::entryFor(int value) const {

@@ -60,12 +60,14 @@ void CUnitsDlg::InitCtrl() {
 }
 
 void CUnitsDlg::fillInsertionUnits() {
-    m_insertUnit.ResetContent();
     std::vector<int> units;
     kx::unit::getUnitList(units, kx::unit::kInsertionScale);
+    std::vector<tv::ui::ListItem> items;
+    items.reserve(units.size());
     for (const int id : units)
-        m_insertUnit.SetItemData(m_insertUnit.AddString(kx::unit::getUnitName(id, kx::unit::kPlainName)),
-                                 static_cast<std::uintptr_t>(id));
+        items.push_back(
+            {kx::unit::getUnitName(id, kx::unit::kPlainName).wstr(), static_cast<std::uintptr_t>(id), {}});
+    m_insertUnit.SetItems(std::move(items));
 }
 
 void CUnitsDlg::Data2Dlg() {
@@ -92,14 +94,14 @@ void CUnitsDlg::refreshLengthSample() {
 
 void CUnitsDlg::refreshAngleSample() {
     if (m_angleType.GetCurSel() < 0 || m_anglePrec.GetCurSel() < 0) return;
-    m_angleSample.SetWindowText(kx::frame::angleSample(m_baseAngle, clockwise(), m_lengthType.GetValue(m_data.lunits),
-                                                       m_lengthPrec.GetValue(m_data.luprec), m_angleType.GetValue(0),
-                                                       m_anglePrec.GetValue(0)));
+    m_angleSample.SetWindowText(kx::frame::angleSample(
+        m_baseAngle, clockwise(), m_lengthType.GetValue(m_data.lunits), m_lengthPrec.GetValue(m_data.luprec),
+        m_angleType.GetValue(0), m_anglePrec.GetValue(0)));
 }
 
 void CUnitsDlg::OnUnitDir() {
-    CUnitsDirDlg direction(m_angleType.GetValue(m_data.aunits), m_anglePrec.GetValue(m_data.auprec), m_baseAngle,
-                           clockwise() ? 1 : 0, this);
+    CUnitsDirDlg direction(m_angleType.GetValue(m_data.aunits), m_anglePrec.GetValue(m_data.auprec),
+                           m_baseAngle, clockwise() ? 1 : 0, this);
     if (direction.DoModal() != IDOK) return;
     if (direction.pickRequested()) {
         pickBaseAngle();
@@ -109,8 +111,8 @@ void CUnitsDlg::OnUnitDir() {
     }
 }
 
-// The angle of the line between two points of the drawing. The dialog is out of the way meanwhile; giving up either point
-// leaves the angle as it is.
+// The angle of the line between two points of the drawing. The dialog is out of the way meanwhile; giving up
+// either point leaves the angle as it is.
 void CUnitsDlg::pickBaseAngle() {
     TavoInterfaces* host = getTavoInterfaces();
     TavoPointInput* input = host ? host->pointInput() : nullptr;
@@ -118,10 +120,12 @@ void CUnitsDlg::pickBaseAngle() {
     ShowWindow(false);
     OdGePoint3d from, to;
     const bool picked =
-        input->getPoint(VORD_ResourceString("IDS_TAVO_UNITDIR_FROM", L"기준 각도의 첫 번째 점을 지정하십시오:").c_str(),
-                        nullptr, from) == Tavo::eOk &&
-        input->getPoint(VORD_ResourceString("IDS_TAVO_UNITDIR_TO", L"기준 각도의 두 번째 점을 지정하십시오:").c_str(),
-                        &from, to) == Tavo::eOk;
+        input->getPoint(
+            VORD_ResourceString("IDS_TAVO_UNITDIR_FROM", L"기준 각도의 첫 번째 점을 지정하십시오:").c_str(),
+            nullptr, from) == Tavo::eOk &&
+        input->getPoint(
+            VORD_ResourceString("IDS_TAVO_UNITDIR_TO", L"기준 각도의 두 번째 점을 지정하십시오:").c_str(),
+            &from, to) == Tavo::eOk;
     ShowWindow(true);
     if (!picked) return;
     if (from.x == to.x && from.y == to.y) {
@@ -140,13 +144,15 @@ bool CUnitsDlg::confirmInsertionUnit(int lunits) {
     using tv::host::LengthUnits;
     const bool needsInches = lunits == static_cast<int>(LengthUnits::kEngineering) ||
                              lunits == static_cast<int>(LengthUnits::kArchitectural);
-    if (!needsInches || m_insertUnit.GetWindowText() == VORD_ResourceString("IDS_MGD_COMMON_UNIT_IC", L"인치").c_str())
+    if (!needsInches ||
+        m_insertUnit.GetWindowText() == VORD_ResourceString("IDS_MGD_COMMON_UNIT_IC", L"인치").c_str())
         return true;
-    return MessageDlg(this,
-                      VORD_ResourceString("IDS_ZEL_MANAGED_UI_UNITDLG_1",
-                                          L"건축이나 공학 단위를 사용하려면 삽입되는 단위는 인치로 지정되어야\n "
-                                          L"합니다.\n현재 선택된 값으로 변경하시겠습니까?"),
-                      GetWindowText().c_str(), 0x121) == IDOK;
+    return MessageDlg(
+               this,
+               VORD_ResourceString("IDS_ZEL_MANAGED_UI_UNITDLG_1",
+                                   L"건축이나 공학 단위를 사용하려면 삽입되는 단위는 인치로 지정되어야\n "
+                                   L"합니다.\n현재 선택된 값으로 변경하시겠습니까?"),
+               GetWindowText().c_str(), 0x121) == IDOK;
 }
 
 int CUnitsDlg::Dlg2Data() {

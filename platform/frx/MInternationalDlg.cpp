@@ -1,20 +1,19 @@
 #include "platform/frx/MInternationalDlg.h"
 
 #include "platform/text/MessageManager.h"
-#include "platform/text/Unicode.h"
 
 namespace zel::frx {
 namespace {
 
-void apply(CWnd& wnd, const std::wstring& section, const wchar_t* control) {
-    wnd.SetWindowText(
-        CNativeRCMsgMgr::getInstance()->GetVal(section.c_str(), control, wnd.GetWindowText().c_str()));
+void apply(CWnd& wnd, const std::string& section, std::string_view control) {
+    if (const wchar_t* text = CNativeRCMsgMgr::getInstance()->controlText(section, control))
+        wnd.SetWindowText(text);
 }
 
-void applyBelow(CWnd& parent, const std::wstring& section) {
+void applyBelow(CWnd& parent, const std::string& section) {
     for (CWnd* child : parent.children()) {
         if (child->kind() == tv::ui::ControlKind::page) continue; // a template of its own
-        apply(*child, section, tv::text::fromUtf8(child->name()).c_str());
+        apply(*child, section, child->name());
         applyBelow(*child, section);
     }
 }
@@ -22,12 +21,12 @@ void applyBelow(CWnd& parent, const std::wstring& section) {
 } // namespace
 
 void applyControlTexts(CWnd& root, const std::string& templateName) {
-    applyBelow(root, tv::text::fromUtf8(templateName));
+    if (CNativeRCMsgMgr::getInstance()->hasDialog(templateName)) applyBelow(root, templateName);
 }
 
 int MInternationalDlg::OnInitDialog() {
     const int result = MDialog::OnInitDialog();
-    apply(*this, tv::text::fromUtf8(templateName()), L"CAPTION");
+    apply(*this, templateName(), "CAPTION");
     applyControlTexts(*this, templateName());
     return result;
 }

@@ -29,11 +29,14 @@ class MessageCatalog {
   public:
     explicit MessageCatalog(TextPool& pool) : m_pool(&pool) {}
 
-    // Adds a file's texts; where an earlier file has the key too, the later file counts.
+    // Adds a file's texts (less than 4 GB); where an earlier file has the key too, the later file counts.
     void add(std::string bytes, const std::function<void(MessageFault, std::int64_t line)>& onFault);
 
     // The text, or null. Plain keys are in section "".
     const wchar_t* find(std::string_view section, std::string_view key);
+
+    // Whether any file has a text in that section.
+    bool hasSection(std::string_view section) const { return m_sections.count(section) > 0; }
 
     std::size_t size() const { return m_sources.size(); }
 
@@ -51,8 +54,8 @@ class MessageCatalog {
         std::uint32_t record = 0; // position in m_records + 1; 0 for a free slot
     };
     struct Source {
-        std::string_view text;
-        std::size_t file;
+        std::uint32_t file; // index into m_files
+        std::uint32_t at, size;
     };
 
     Record recordOf(const Slot& slot) const;
@@ -60,6 +63,7 @@ class MessageCatalog {
     Slot& slotFor(std::uint32_t hash, std::uint32_t section, std::string_view key);
     void makeRoom(std::size_t count);
     bool insert(const MessageLine& line);
+    Source sourceOf(const MessageLine& line) const;
     std::uint32_t sectionNumber(std::string_view name);
 
     TextPool* m_pool;

@@ -23,6 +23,13 @@ class KXPLATFORM_EXPORT CNativeRCMsgMgr {
     // entry in the message files it is a kept copy of the default. Never null; null arguments count as empty.
     const wchar_t* GetVal(const wchar_t* dialogName, const wchar_t* controlName, const wchar_t* defaultText);
 
+    // Whether the message files say anything about this dialog.
+    bool hasDialog(std::string_view dialogName) const { return m_catalog.hasSection(dialogName); }
+    // As GetVal for names in ASCII; null when the message files have no such text.
+    const wchar_t* controlText(std::string_view dialogName, std::string_view controlName) {
+        return m_catalog.find(dialogName, controlName);
+    }
+
     // The text of a plain key, or `defaultText` itself. Use VORD_ResourceString instead.
     const wchar_t* textFor(const char* key, const wchar_t* defaultText);
 

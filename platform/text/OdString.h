@@ -29,7 +29,8 @@ class KXPLATFORM_EXPORT OdString {
     const wchar_t* c_str() const { return m_text.c_str(); }
     operator const wchar_t*() const { return m_text.c_str(); }
     operator std::wstring_view() const { return m_text; }
-    const std::wstring& wstr() const { return m_text; }
+    const std::wstring& wstr() const& { return m_text; }
+    std::wstring wstr() && { return std::move(m_text); }
     std::wstring_view view() const { return m_text; }
 
     bool isEmpty() const { return m_text.empty(); }

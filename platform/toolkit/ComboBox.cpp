@@ -17,6 +17,13 @@ int CComboBox::InsertString(int index, std::wstring_view text) {
     return at;
 }
 
+void CComboBox::SetItems(std::vector<tv::ui::ListItem> items) {
+    m_items.assign(std::move(items));
+    m_curSel = -1;
+    showSelection();
+    tell(Change::items);
+}
+
 int CComboBox::DeleteString(int index) {
     if (!m_items.erase(index)) return -1;
     if (m_curSel == index) m_curSel = -1;

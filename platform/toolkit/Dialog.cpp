@@ -42,6 +42,7 @@ bool isButtonKind(const CWnd* wnd) {
 } // namespace
 
 CDialog::CDialog(unsigned templateId, CWnd* owner) : CWnd(owner), m_templateId(templateId), m_owner(owner) {
+    m_dialog = this;
     const auto* found = tv::ui::ModuleChain::instance().find(templateId);
     if (!found) return;
     m_name = found->name;

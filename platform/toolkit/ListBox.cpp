@@ -15,6 +15,12 @@ int CListBox::InsertString(int index, std::wstring_view text) {
     return at;
 }
 
+void CListBox::SetItems(std::vector<tv::ui::ListItem> items) {
+    m_items.assign(std::move(items));
+    m_curSel = -1;
+    tell(Change::items);
+}
+
 int CListBox::DeleteString(int index) {
     if (!m_items.erase(index)) return -1;
     if (m_curSel == index) m_curSel = -1;

@@ -36,6 +36,7 @@ class KXPLATFORM_EXPORT ListItems {
     int insert(int index, std::wstring_view text); // index -1 or past the end: appended
     bool erase(int index);
     void clear() { m_items.clear(); }
+    void assign(std::vector<ListItem> items) { m_items = std::move(items); }
     int findPrefix(int start, std::wstring_view prefix) const;
     int findExact(int start, std::wstring_view text) const;
     int findData(std::uintptr_t data) const;

@@ -68,7 +68,7 @@ wchar_t mnemonicOf(std::wstring_view text) {
 } // namespace tv::ui
 
 CWnd::CWnd(CWnd& parent, const char* name)
-    : m_parent(&parent), m_name(name), m_lifetime(std::make_shared<int>(0)) {
+    : m_parent(&parent), m_dialog(parent.m_dialog), m_name(name), m_lifetime(std::make_shared<int>(0)) {
     parent.m_children.push_back(this);
 }
 
@@ -77,13 +77,7 @@ CWnd::CWnd(CWnd*) : m_lifetime(std::make_shared<int>(0)) {}
 CWnd::~CWnd() {
     if (!m_parent) return;
     std::erase(m_parent->m_children, this);
-    if (CDialog* owner = dialog(); owner && owner->m_focus == this) owner->m_focus = nullptr;
-}
-
-CDialog* CWnd::dialog() const {
-    const CWnd* wnd = this;
-    while (wnd->m_parent) wnd = wnd->m_parent;
-    return wnd->kind() == ControlKind::dialog ? const_cast<CDialog*>(static_cast<const CDialog*>(wnd)) : nullptr;
+    if (m_dialog && m_dialog->m_focus == this) m_dialog->m_focus = nullptr;
 }
 
 CWnd* CWnd::GetDlgItem(std::string_view name) const {

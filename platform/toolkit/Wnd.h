@@ -55,7 +55,7 @@ class KXPLATFORM_EXPORT CWnd {
     const std::string& name() const { return m_name; }
     virtual tv::ui::ControlKind kind() const = 0;
     CWnd* GetParent() const { return m_parent; }
-    CDialog* dialog() const; // the dialog this window stands in, or is
+    CDialog* dialog() const { return m_dialog; } // the dialog this window stands in, or is
     const std::vector<CWnd*>& children() const { return m_children; }
     // This window's descendant of that name, null when there is none.
     CWnd* GetDlgItem(std::string_view name) const;
@@ -131,6 +131,7 @@ class KXPLATFORM_EXPORT CWnd {
   private:
     friend class CDialog;
     CWnd* m_parent = nullptr;
+    CDialog* m_dialog = nullptr;
     std::string m_name;
     std::vector<CWnd*> m_children;
     std::wstring m_text, m_tooltip, m_accessibleName;
