@@ -62,6 +62,13 @@ std::uint32_t MessageCatalog::sectionNumber(std::string_view name) {
     return m_lastSectionNumber;
 }
 
+// Of a line of the file added last.
+MessageCatalog::Source MessageCatalog::sourceOf(const MessageLine& line) const {
+    return {static_cast<std::uint32_t>(m_files.size() - 1),
+            static_cast<std::uint32_t>(line.text.data() - m_files.back().data()),
+            static_cast<std::uint32_t>(line.text.size())};
+}
+
 bool MessageCatalog::insert(const MessageLine& line) {
     makeRoom(m_sources.size() + 1);
     const std::uint32_t section = sectionNumber(line.section);
@@ -70,8 +77,8 @@ bool MessageCatalog::insert(const MessageLine& line) {
     if (slot.record != 0) {
         Record record = recordOf(slot);
         Source& source = m_sources[record.source];
-        if (source.file == m_files.size()) return false;
-        source = {line.text, m_files.size()};
+        if (source.file == m_files.size() - 1) return false;
+        source = sourceOf(line);
         record.wide = nullptr;
         putRecord(slot, record);
         return true;
@@ -80,7 +87,7 @@ bool MessageCatalog::insert(const MessageLine& line) {
     const Record record{nullptr, static_cast<std::uint32_t>(line.key.size()), section,
                         static_cast<std::uint32_t>(m_sources.size())};
     m_records.append(reinterpret_cast<const char*>(&record), sizeof record).append(line.key);
-    m_sources.push_back({line.text, m_files.size()});
+    m_sources.push_back(sourceOf(line));
     return true;
 }
 
@@ -109,7 +116,9 @@ const wchar_t* MessageCatalog::find(std::string_view section, std::string_view k
     if (slot.record == 0) return nullptr;
     Record record = recordOf(slot);
     if (!record.wide) {
-        record.wide = m_pool->keep(decodeMessageText(m_sources[record.source].text));
+        const Source& source = m_sources[record.source];
+        const std::string_view bytes = m_files[source.file];
+        record.wide = m_pool->keep(decodeMessageText(bytes.substr(source.at, source.size)));
         putRecord(slot, record);
     }
     return record.wide;

@@ -90,23 +90,26 @@ void CNativeRCMsgMgr::addFile(File file) {
 
 bool CNativeRCMsgMgr::load() {
     m_problems.clear();
-    tv::text::MessageCatalog fresh(m_pool);
+    m_catalog = tv::text::MessageCatalog(m_pool); // the new texts take the memory of the old ones
     std::vector<Fault> faults;
+    std::vector<std::filesystem::path> refused;
     for (File& file : m_files) {
         if (m_language != m_loadedLanguage && !file.base.empty())
             file.path = withSuffix(file.base, VORD_MSGFunction::languageSuffix(m_language));
         std::string bytes;
-        if (tv::Problem problem = tv::readFile(file.path, bytes)) {
-            if (problem.status != Tavo::eFileNotFound) m_problems.push_back(std::move(problem));
+        if (const tv::Problem problem = tv::readFile(file.path, bytes)) {
+            if (problem.status != Tavo::eFileNotFound) refused.push_back(file.path);
             continue;
         }
         int count = 0;
-        fresh.add(std::move(bytes), [&](tv::text::MessageFault kind, std::int64_t line) {
+        m_catalog.add(std::move(bytes), [&](tv::text::MessageFault kind, std::int64_t line) {
             if (count++ < maxFaultsPerFile) faults.push_back({file.path, kind, line});
         });
     }
-    m_catalog = std::move(fresh);
     // Only now, so that the sentences are in the language just loaded.
+    std::string bytes;
+    for (const auto& path : refused)
+        if (tv::Problem problem = tv::readFile(path, bytes)) m_problems.push_back(std::move(problem));
     for (const Fault& fault : faults)
         m_problems.push_back(problemOf(fault));
 

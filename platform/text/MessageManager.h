@@ -23,6 +23,9 @@ class KXPLATFORM_EXPORT CNativeRCMsgMgr {
     // entry in the message files it is a kept copy of the default. Never null; null arguments count as empty.
     const wchar_t* GetVal(const wchar_t* dialogName, const wchar_t* controlName, const wchar_t* defaultText);
 
+    // Goes up with every load, so that what was made of texts can be told to be out of date.
+    unsigned generation() const { return m_generation; }
+
     // Whether the message files say anything about this dialog.
     bool hasDialog(std::string_view dialogName) const { return m_catalog.hasSection(dialogName); }
     // As GetVal for names in ASCII; null when the message files have no such text.
@@ -52,6 +55,7 @@ class KXPLATFORM_EXPORT CNativeRCMsgMgr {
     std::vector<File> m_files;
     std::vector<tv::Problem> m_problems;
     std::vector<std::weak_ptr<std::function<void()>>> m_listeners;
+    unsigned m_generation = 0;
     std::uint16_t m_language = 1042;
     std::uint16_t m_loadedLanguage = 1042;
 };

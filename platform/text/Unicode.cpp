@@ -24,28 +24,35 @@ bool isAscii(std::wstring_view text) {
 constexpr std::size_t lookBehind = 3;
 constexpr std::size_t blockSize = 128;
 
-// Whether each byte of the block may stand behind the three before it. Two loops without branches, which the
-// compiler makes loops over many bytes at a time: whole drawings and message files go through here. The second
-// is needed only for blocks with the rare leading bytes.
+// All bits moved up by one place.
+constexpr std::uint8_t up(std::uint8_t bits) { return static_cast<std::uint8_t>(bits + bits); }
+
+// Whether each byte of the block may stand behind the three before it. Two loops without branches or
+// comparisons of size, which the compiler makes loops over many bytes at a time: whole drawings and message
+// files go through here. What is asked is the highest bit of each term. The second loop is needed only for
+// blocks with rare leading bytes.
 bool isBlockUtf8(const std::uint8_t* p) {
     std::uint8_t wrong = 0, rare = 0;
     for (std::size_t i = 0; i < blockSize; ++i) {
         const std::uint8_t c = p[i], p1 = *(p + i - 1), p2 = *(p + i - 2), p3 = *(p + i - 3);
-        const std::uint8_t follows = (c & 0xC0) == 0x80;
-        const std::uint8_t expected = (p1 >= 0xC0) | (p2 >= 0xE0) | (p3 >= 0xF0);
-        const std::uint8_t surrogate = (p1 == 0xED) & (c >= 0xA0);
-        wrong |= (follows ^ expected) | surrogate;
-        rare |= ((c & 0xFE) == 0xC0) | (p1 == 0xE0) | (p1 >= 0xF0);
+        const std::uint8_t lead2 = p1 & up(p1);              // 11......
+        const std::uint8_t lead3 = p2 & up(p2) & up(up(p2)); // 111.....
+        const std::uint8_t lead4 = p3 & up(p3) & up(up(p3)) & up(up(up(p3)));
+        const std::uint8_t follows = c & ~up(c);                   // 10......
+        const std::uint8_t surrogate = p1 == 0xED ? up(up(c)) : 0; // 101..... behind 0xED
+        wrong |= ((lead2 | lead3 | lead4) ^ follows) | surrogate;
+        const std::uint8_t never = (c & 0xFE) == 0xC0 ? 0x80 : 0;
+        const std::uint8_t overlong = p1 == 0xE0 ? 0x80 : 0;
+        rare |= never | overlong | (p1 & up(p1) & up(up(p1)) & up(up(up(p1))));
     }
-    if (wrong || !rare) return wrong == 0;
+    if ((wrong | rare) < 0x80) return true;
     for (std::size_t i = 0; i < blockSize; ++i) {
         const std::uint8_t c = p[i], p1 = *(p + i - 1);
-        const std::uint8_t overlong =
-            ((c & 0xFE) == 0xC0) | ((p1 == 0xE0) & (c < 0xA0)) | ((p1 == 0xF0) & (c < 0x90));
-        const std::uint8_t beyond = (p1 > 0xF4) | ((p1 == 0xF4) & (c >= 0x90));
-        wrong |= overlong | beyond;
+        const bool overlong = ((c & 0xFE) == 0xC0) | ((p1 == 0xE0) & (c < 0xA0)) | ((p1 == 0xF0) & (c < 0x90));
+        const bool beyond = (p1 > 0xF4) | ((p1 == 0xF4) & (c >= 0x90));
+        if (overlong || beyond) return false;
     }
-    return wrong == 0;
+    return wrong < 0x80;
 }
 
 wchar_t asciiFold(wchar_t c) { return c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c + 32) : c; }

@@ -97,7 +97,7 @@ TEST_F(Messages, BrokenLinesAreNamedAndTheOthersLoad) {
 
 TEST_F(Messages, GarbageAndUnreadableFilesAreReportedBriefly) {
     std::string garbage = "\xFF\xFE";
-    for (int i = 0; i < 100000; ++i)
+    for (unsigned i = 0; i < 100000; ++i)
         garbage += static_cast<char>(i * i >> 3);
     VORD_MSGFunction::AddFile(folder.write("garbage.ini", garbage));
     VORD_MSGFunction::AddFile(folder.path); // a folder
