@@ -18,6 +18,8 @@ constexpr SysvarInfo kUserSysvars[] = {
     text(L"DCTMAIN").at(kProfile),
     integer(L"EXPERT", 0, 0, 5).at(kSession),
     text(L"FINDSTRINGS").at(kProfile),
+    // Lineweights are shown in: 0 inches, 1 millimetres.
+    flag(L"LWUNITS", 1).at(kProfile),
     flag(L"PICKFIRST", 1).at(kProfile),
     text(L"REPLACESTRINGS").at(kProfile),
     // Bits: 1 colour, 2 layer, 4 linetype, 8 linetype scale, 16 lineweight, 32 plot style, 64 object style, 128
