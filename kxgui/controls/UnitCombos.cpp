@@ -5,6 +5,8 @@
 #include "platform/host/units/LengthFormat.h"
 #include "platform/text/ResourceString.h"
 
+#include <map>
+
 using tv::host::AngleUnits;
 using tv::host::LengthUnits;
 
@@ -12,6 +14,20 @@ namespace {
 
 tv::ui::ListItem entry(std::wstring text, int value) {
     return {std::move(text), static_cast<std::uintptr_t>(value), {}};
+}
+
+// The list made for a unit type when it is first asked for: the dialogs of a run all show the same one.
+template <class Make>
+tv::ui::SharedItems madeOnce(std::map<int, tv::ui::SharedItems>& made, int type, const Make& make) {
+    tv::ui::SharedItems& items = made[type];
+    if (!items) items = std::make_shared<const std::vector<tv::ui::ListItem>>(make());
+    return items;
+}
+
+template <class... Entries>
+tv::ui::SharedItems listOf(Entries&&... entries) {
+    return std::make_shared<const std::vector<tv::ui::ListItem>>(
+        std::vector<tv::ui::ListItem>{std::move(entries)...});
 }
 
 template <class Type>
@@ -56,39 +72,44 @@ void CCobxUnitTypeBase::refillChildren() {
     }
 }
 
-std::vector<tv::ui::ListItem> CCobxLUnit::entries() const {
-    return {
+tv::ui::SharedItems CCobxLUnit::entries() const {
+    return listOf(
         typeEntry(VORD_ResourceString("IDS_TAVO_LUNITS_ARCHITECTURAL", L"건축"), LengthUnits::kArchitectural),
         typeEntry(VORD_ResourceString("IDS_TAVO_LUNITS_DECIMAL", L"십진"), LengthUnits::kDecimal),
         typeEntry(VORD_ResourceString("IDS_TAVO_LUNITS_ENGINEERING", L"공학"), LengthUnits::kEngineering),
         typeEntry(VORD_ResourceString("IDS_TAVO_LUNITS_FRACTIONAL", L"분수"), LengthUnits::kFractional),
-        typeEntry(VORD_ResourceString("IDS_TAVO_LUNITS_SCIENTIFIC", L"과학"), LengthUnits::kScientific)};
+        typeEntry(VORD_ResourceString("IDS_TAVO_LUNITS_SCIENTIFIC", L"과학"), LengthUnits::kScientific));
 }
 
-std::vector<tv::ui::ListItem> CCobxLPrec::entries() const {
-    std::vector<tv::ui::ListItem> items;
-    if (GetUnitType() < 0) return items;
-    items.reserve(tv::host::kMaxPrecision + 1);
-    for (int precision = 0; precision <= tv::host::kMaxPrecision; ++precision)
-        items.push_back(entry(kx::controls::lengthPrecisionSample(GetUnitType(), precision), precision));
-    return items;
+tv::ui::SharedItems CCobxLPrec::entries() const {
+    if (GetUnitType() < 0) return nullptr;
+    static std::map<int, tv::ui::SharedItems> made;
+    return madeOnce(made, GetUnitType(), [type = GetUnitType()] {
+        std::vector<tv::ui::ListItem> items;
+        for (int precision = 0; precision <= tv::host::kMaxPrecision; ++precision)
+            items.push_back(entry(kx::controls::lengthPrecisionSample(type, precision), precision));
+        return items;
+    });
 }
 
-std::vector<tv::ui::ListItem> CCobxAUnit::entries() const {
-    return {typeEntry(VORD_ResourceString("IDS_TAVO_AUNITS_DEGREES", L"십진 도수"), AngleUnits::kDegrees),
-            typeEntry(VORD_ResourceString("IDS_TAVO_AUNITS_DMS", L"도/분/초"), AngleUnits::kDegMinSec),
-            typeEntry(VORD_ResourceString("IDS_TAVO_AUNITS_GRADS", L"그라드"), AngleUnits::kGrads),
-            typeEntry(VORD_ResourceString("IDS_TAVO_AUNITS_RADIANS", L"라디안"), AngleUnits::kRadians),
-            typeEntry(VORD_ResourceString("IDS_TAVO_AUNITS_SURVEYOR", L"측량사 단위"), AngleUnits::kSurveyor)};
+tv::ui::SharedItems CCobxAUnit::entries() const {
+    return listOf(
+        typeEntry(VORD_ResourceString("IDS_TAVO_AUNITS_DEGREES", L"십진 도수"), AngleUnits::kDegrees),
+        typeEntry(VORD_ResourceString("IDS_TAVO_AUNITS_DMS", L"도/분/초"), AngleUnits::kDegMinSec),
+        typeEntry(VORD_ResourceString("IDS_TAVO_AUNITS_GRADS", L"그라드"), AngleUnits::kGrads),
+        typeEntry(VORD_ResourceString("IDS_TAVO_AUNITS_RADIANS", L"라디안"), AngleUnits::kRadians),
+        typeEntry(VORD_ResourceString("IDS_TAVO_AUNITS_SURVEYOR", L"측량사 단위"), AngleUnits::kSurveyor));
 }
 
-std::vector<tv::ui::ListItem> CCobxAPrec::entries() const {
-    std::vector<tv::ui::ListItem> items;
-    if (GetUnitType() < 0) return items;
-    items.reserve(tv::host::kMaxPrecision + 1);
-    for (const int precision : kx::controls::anglePrecisions(GetUnitType()))
-        items.push_back(entry(kx::controls::anglePrecisionSample(GetUnitType(), precision), precision));
-    return items;
+tv::ui::SharedItems CCobxAPrec::entries() const {
+    if (GetUnitType() < 0) return nullptr;
+    static std::map<int, tv::ui::SharedItems> made;
+    return madeOnce(made, GetUnitType(), [type = GetUnitType()] {
+        std::vector<tv::ui::ListItem> items;
+        for (const int precision : kx::controls::anglePrecisions(type))
+            items.push_back(entry(kx::controls::anglePrecisionSample(type, precision), precision));
+        return items;
+    });
 }
 
 int CCobxAPrec::entryFor(int value) const {

@@ -22,7 +22,7 @@ class KXGUI_EXPORT CCobxUnitBase : public VORDCobxBase {
 
   protected:
     void RefillList() override { SetComboBoxList(); }
-    virtual std::vector<tv::ui::ListItem> entries() const = 0;
+    virtual tv::ui::SharedItems entries() const = 0;
     virtual int entryFor(int value) const { return FindItemData(static_cast<std::uintptr_t>(value)); }
 
   private:
@@ -63,7 +63,7 @@ class KXGUI_EXPORT CCobxLUnit : public CCobxUnitTypeBase {
     using CCobxUnitTypeBase::CCobxUnitTypeBase;
 
   protected:
-    std::vector<tv::ui::ListItem> entries() const override;
+    tv::ui::SharedItems entries() const override;
 };
 
 // Length precision, 0 to 8: the values of LUPREC.
@@ -72,7 +72,7 @@ class KXGUI_EXPORT CCobxLPrec : public CCobxPrecisionBase {
     using CCobxPrecisionBase::CCobxPrecisionBase;
 
   protected:
-    std::vector<tv::ui::ListItem> entries() const override;
+    tv::ui::SharedItems entries() const override;
 };
 
 // Angle type: the values of AUNITS.
@@ -81,7 +81,7 @@ class KXGUI_EXPORT CCobxAUnit : public CCobxUnitTypeBase {
     using CCobxUnitTypeBase::CCobxUnitTypeBase;
 
   protected:
-    std::vector<tv::ui::ListItem> entries() const override;
+    tv::ui::SharedItems entries() const override;
 };
 
 // Angle precision: the values of AUPREC. Degrees, minutes and seconds have one entry for 1 and 2 (minutes) and one for
@@ -91,6 +91,6 @@ class KXGUI_EXPORT CCobxAPrec : public CCobxPrecisionBase {
     using CCobxPrecisionBase::CCobxPrecisionBase;
 
   protected:
-    std::vector<tv::ui::ListItem> entries() const override;
+    tv::ui::SharedItems entries() const override;
     int entryFor(int value) const override;
 };

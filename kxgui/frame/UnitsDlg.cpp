@@ -9,6 +9,7 @@
 #include "platform/host/TavoPointInput.h"
 #include "platform/host/units/LengthFormat.h"
 #include "platform/host/units/UnitList.h"
+#include "platform/text/MessageManager.h"
 #include "platform/text/ResourceString.h"
 
 #include <cmath>
@@ -60,14 +61,20 @@ void CUnitsDlg::InitCtrl() {
 }
 
 void CUnitsDlg::fillInsertionUnits() {
-    std::vector<int> units;
-    kx::unit::getUnitList(units, kx::unit::kInsertionScale);
-    std::vector<tv::ui::ListItem> items;
-    items.reserve(units.size());
-    for (const int id : units)
-        items.push_back(
-            {kx::unit::getUnitName(id, kx::unit::kPlainName).wstr(), static_cast<std::uintptr_t>(id), {}});
-    m_insertUnit.SetItems(std::move(items));
+    // Every dialog shows the same list until other texts are loaded.
+    static tv::ui::SharedItems made;
+    static unsigned madeFor = 0;
+    if (const unsigned texts = CNativeRCMsgMgr::getInstance()->generation(); !made || madeFor != texts) {
+        std::vector<int> units;
+        kx::unit::getUnitList(units, kx::unit::kInsertionScale);
+        std::vector<tv::ui::ListItem> items;
+        for (const int id : units)
+            items.push_back(
+                {kx::unit::getUnitName(id, kx::unit::kPlainName).wstr(), static_cast<std::uintptr_t>(id), {}});
+        made = std::make_shared<const std::vector<tv::ui::ListItem>>(std::move(items));
+        madeFor = texts;
+    }
+    m_insertUnit.SetItems(made);
 }
 
 void CUnitsDlg::Data2Dlg() {

@@ -89,6 +89,7 @@ void CNativeRCMsgMgr::addFile(File file) {
 }
 
 bool CNativeRCMsgMgr::load() {
+    ++m_generation;
     m_problems.clear();
     m_catalog = tv::text::MessageCatalog(m_pool); // the new texts take the memory of the old ones
     std::vector<Fault> faults;

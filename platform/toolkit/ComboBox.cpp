@@ -18,6 +18,10 @@ int CComboBox::InsertString(int index, std::wstring_view text) {
 }
 
 void CComboBox::SetItems(std::vector<tv::ui::ListItem> items) {
+    SetItems(std::make_shared<const std::vector<tv::ui::ListItem>>(std::move(items)));
+}
+
+void CComboBox::SetItems(tv::ui::SharedItems items) {
     m_items.assign(std::move(items));
     m_curSel = -1;
     showSelection();
@@ -45,14 +49,14 @@ std::wstring CComboBox::GetLBText(int index) const {
 }
 
 void CComboBox::SetItemData(int index, std::uintptr_t data) {
-    if (m_items.valid(index)) m_items.at(index).data = data;
+    if (m_items.valid(index) && m_items.at(index).data != data) m_items.edit(index).data = data;
 }
 
 std::uintptr_t CComboBox::GetItemData(int index) const { return m_items.valid(index) ? m_items.at(index).data : 0; }
 
 void CComboBox::SetItemSwatch(int index, tv::ui::Swatch swatch) {
     if (!m_items.valid(index)) return;
-    m_items.at(index).swatch = std::move(swatch);
+    m_items.edit(index).swatch = std::move(swatch);
     tell(Change::items);
 }
 

@@ -16,8 +16,10 @@ class KXPLATFORM_EXPORT CComboBox : public CWnd {
     // Indices count from 0; -1 is returned for "no such item" and stands for "nothing selected".
     int AddString(std::wstring_view text) { return InsertString(-1, text); }
     int InsertString(int index, std::wstring_view text);
-    // Replaces the whole list at once and selects nothing: the way to fill a long one.
+    // Replaces the whole list at once and selects nothing: the way to fill a long one. A shared list is copied only when
+    // this control changes an item of it.
     void SetItems(std::vector<tv::ui::ListItem> items);
+    void SetItems(tv::ui::SharedItems items);
     int DeleteString(int index); // the new count, -1 when there is no such item
     void ResetContent();
     int GetCount() const { return m_items.count(); }

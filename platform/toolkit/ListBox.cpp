@@ -16,6 +16,10 @@ int CListBox::InsertString(int index, std::wstring_view text) {
 }
 
 void CListBox::SetItems(std::vector<tv::ui::ListItem> items) {
+    SetItems(std::make_shared<const std::vector<tv::ui::ListItem>>(std::move(items)));
+}
+
+void CListBox::SetItems(tv::ui::SharedItems items) {
     m_items.assign(std::move(items));
     m_curSel = -1;
     tell(Change::items);
@@ -40,14 +44,14 @@ std::wstring CListBox::GetText(int index) const {
 }
 
 void CListBox::SetItemData(int index, std::uintptr_t data) {
-    if (m_items.valid(index)) m_items.at(index).data = data;
+    if (m_items.valid(index) && m_items.at(index).data != data) m_items.edit(index).data = data;
 }
 
 std::uintptr_t CListBox::GetItemData(int index) const { return m_items.valid(index) ? m_items.at(index).data : 0; }
 
 void CListBox::SetItemSwatch(int index, tv::ui::Swatch swatch) {
     if (!m_items.valid(index)) return;
-    m_items.at(index).swatch = std::move(swatch);
+    m_items.edit(index).swatch = std::move(swatch);
     tell(Change::items);
 }
 

@@ -14,8 +14,10 @@ class KXPLATFORM_EXPORT CListBox : public CWnd {
 
     int AddString(std::wstring_view text) { return InsertString(-1, text); }
     int InsertString(int index, std::wstring_view text);
-    // Replaces the whole list at once and selects nothing: the way to fill a long one.
+    // Replaces the whole list at once and selects nothing: the way to fill a long one. A shared list is copied only when
+    // this control changes an item of it.
     void SetItems(std::vector<tv::ui::ListItem> items);
+    void SetItems(tv::ui::SharedItems items);
     int DeleteString(int index);
     void ResetContent();
     int GetCount() const { return m_items.count(); }

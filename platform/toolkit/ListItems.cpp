@@ -17,16 +17,37 @@ int search(const ListItems& items, int start, const Matches& matches) {
 
 } // namespace
 
+const SharedItems& ListItems::none() {
+    static const SharedItems empty = std::make_shared<const std::vector<ListItem>>();
+    return empty;
+}
+
+std::vector<ListItem>& ListItems::own() {
+    if (!m_own) {
+        m_own = std::make_shared<std::vector<ListItem>>(*m_items);
+        m_items = m_own;
+    }
+    return *m_own;
+}
+
 int ListItems::insert(int index, std::wstring_view text) {
     if (index < 0 || index > count()) index = count();
-    m_items.insert(m_items.begin() + index, ListItem{std::wstring(text), 0, {}});
+    auto& items = own();
+    items.insert(items.begin() + index, ListItem{std::wstring(text), 0, {}});
     return index;
 }
 
 bool ListItems::erase(int index) {
     if (!valid(index)) return false;
-    m_items.erase(m_items.begin() + index);
+    own().erase(own().begin() + index);
     return true;
+}
+
+void ListItems::clear() { assign(nullptr); }
+
+void ListItems::assign(SharedItems items) {
+    m_items = items ? std::move(items) : none();
+    m_own.reset();
 }
 
 int ListItems::findPrefix(int start, std::wstring_view prefix) const {
@@ -46,8 +67,8 @@ int ListItems::findData(std::uintptr_t data) const {
 
 std::vector<std::wstring> ListItems::texts() const {
     std::vector<std::wstring> out;
-    out.reserve(m_items.size());
-    for (const auto& item : m_items) out.push_back(item.text);
+    out.reserve(m_items->size());
+    for (const auto& item : *m_items) out.push_back(item.text);
     return out;
 }
 
