@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <typeinfo>
 
 namespace tv::ui {
@@ -69,7 +70,11 @@ class KXPLATFORM_EXPORT SimulatedUser : public Driver {
 
     template <class Dialog>
     void expect(std::function<void(WindowUser&)> does) {
-        add({typeid(Dialog).name(), [](CDialog& d) { return dynamic_cast<Dialog*>(&d) != nullptr; }, std::move(does), {}});
+        const auto matches = [](CDialog& dialog) {
+            if constexpr (std::is_same_v<Dialog, CDialog>) return true;
+            else return dynamic_cast<Dialog*>(&dialog) != nullptr;
+        };
+        add({typeid(Dialog).name(), matches, std::move(does), {}});
     }
     // A message box, or any other window, whose snapshot holds `text`; then presses `button`.
     void expectBox(std::wstring_view text, std::string_view button);
