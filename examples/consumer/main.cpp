@@ -1,6 +1,5 @@
-// A small host: the embedded services, a dialog of its own, and a run of it. `consumer <folder>` takes its
-// texts and its Designer file from the folder; a simulated user stands in for the person, so that it runs
-// anywhere.
+// A small host: the embedded services, a dialog of its own, and a run of it. `consumer <folder>` takes texts
+// and Designer file from the folder. A simulated user stands in for the person, so that it runs anywhere.
 #include "kxgui/frame/Messages.h"
 #include "kxgui/frame/VORDBaseDlg.h"
 #include "platform/host/embedded/EmbeddedHost.h"

@@ -8,7 +8,7 @@
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QtToolkit toolkit;           // shows the dialogs
-    tv::host::EmbeddedHost host; // system variables, documents, units and all else a dialog asks a CAD program for
+    tv::host::EmbeddedHost host; // all that a dialog asks a CAD program for
 
     VORD_MSGFunction::AddFileBase(KXGUI_MESSAGES_DIR "/kxgui");
     VORD_MSGFunction::SetCurrentLanguageId(1033); // English

@@ -8,8 +8,8 @@
 #include "platform/toolkit/Edit.h"
 #include "platform/toolkit/Static.h"
 
-// Asks for the height of a storey and of a step. SetData before the run; GetData after one that ended with
-// IDOK.
+// Asks for the height of a storey and of a step. SetData before the run; GetData after one that ended
+// with IDOK.
 class CStairDlg : public VORDRunDlg {
   public:
     explicit CStairDlg(CWnd* parent);
