@@ -99,12 +99,21 @@ int TavoSession::runCommand(const OdString& name, const OdString& arguments) {
                    name));
         return RTERROR;
     }
+    const OdString command = fullName(name);
     m_arguments = arguments;
-    m_lastCommand = name;
-    const int result = m_host->commands()->run(name);
+    m_lastCommand = command;
+    const int result = m_host->commands()->run(command);
     m_arguments.empty();
-    m_commandEnded.emit(name, result);
+    m_commandEnded.emit(command, result);
     return result;
+}
+
+OdString TavoSession::fullName(const OdString& typed) const {
+    const OdString name = commandName(typed);
+    for (const CommandSpec& command : m_commands)
+        for (const wchar_t* alias : command.aliases)
+            if (name == alias) return command.name;
+    return name;
 }
 
 OdString TavoSession::unknownCommand(const OdString& word) const {
@@ -161,11 +170,12 @@ std::optional<OdString> TavoSession::redo() {
 
 bool TavoSession::closeAsking(TavoDocument* document) {
     if (document->isModified()) {
-        const std::wstring question =
-            format(VORD_ResourceString("IDS_TAVO_SAVE_CHANGES",
-                                       L"도면 \"%s\"에 저장하지 않은 변경 내용이 있습니다\n저장하시겠습니까? "
-                                       L"저장하지 않으면 변경 내용을 잃게 됩니다."),
-                   document->name());
+        // The box takes the first sentence as its instruction, so the file's name with its dot comes later.
+        const std::wstring question = format(
+            VORD_ResourceString("IDS_TAVO_SAVE_CHANGES",
+                                L"변경 내용을 저장하시겠습니까? 저장하지 않으면 도면 \"%s\"의 변경 내용을 "
+                                L"잃게 됩니다."),
+            document->name());
         constexpr unsigned yesNoCancelWarning = 0x33;
         const unsigned answer = MessageDlg(question.c_str(), m_host->productName(), yesNoCancelWarning);
         if (answer != IDYES && answer != IDNO) return false;

@@ -108,6 +108,9 @@ class TavoSession {
     tv::host::Signal<> quitting;
 
   private:
+    // An alias spelled out.
+    OdString fullName(const OdString& typed) const;
+
     std::unique_ptr<PointRequests> m_points;
     std::unique_ptr<tv::host::EmbeddedHost> m_host;
     tv::host::Signal<const OdString&, int> m_commandEnded;

@@ -2,6 +2,7 @@
 
 void registerCommands(TavoSession& session) {
     registerUnitsCommand(session);
+    registerPropertyCommands(session);
     registerFileCommands(session);
     registerUndoCommands(session);
     registerSetVarCommand(session);

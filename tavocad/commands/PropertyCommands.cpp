@@ -52,9 +52,11 @@ void registerPropertyCommands(TavoSession& session) {
          {L"LT", L"LTYPE", L"DDLTYPE"},
          [] { return OdString(VORD_ResourceString("IDS_TAVO_HELP_LINETYPE", L"새 객체의 선종류를 정합니다")); },
          onDrawing(session, chooseLinetype)});
-    session.addCommand(
-        {L"LWEIGHT",
-         {L"LW", L"LINEWEIGHT"},
-         [] { return OdString(VORD_ResourceString("IDS_TAVO_HELP_LWEIGHT", L"새 객체의 선가중치를 정합니다")); },
-         onDrawing(session, chooseLineWeight)});
+    session.addCommand({L"LWEIGHT",
+                        {L"LW", L"LINEWEIGHT"},
+                        [] {
+                            return OdString(
+                                VORD_ResourceString("IDS_TAVO_HELP_LWEIGHT", L"새 객체의 선가중치를 정합니다"));
+                        },
+                        onDrawing(session, chooseLineWeight)});
 }

@@ -1,35 +1,14 @@
+#include "tests/tavocad/HeaderDifference.h"
 #include "tests/tavocad/ScriptedSession.h"
 
 #include <gmock/gmock.h>
 
-#include <map>
-#include <sstream>
+#include <cmath>
 
 using testing::UnorderedElementsAre;
 using UnitsCommand = ScriptedSession;
 
 namespace {
-
-std::vector<std::string> lines(const std::string& bytes) {
-    std::istringstream in(bytes);
-    std::vector<std::string> out;
-    for (std::string line; std::getline(in, line);)
-        out.push_back(line);
-    return out;
-}
-
-// The header variables on whose value lines two files of the same number of lines differ.
-std::map<std::string, std::string> changedVariables(const std::string& before, const std::string& after) {
-    const auto a = lines(before), b = lines(after);
-    EXPECT_EQ(a.size(), b.size());
-    std::map<std::string, std::string> changed;
-    std::string variable;
-    for (std::size_t i = 0; i < std::min(a.size(), b.size()); ++i) {
-        if (a[i].starts_with("$")) variable = a[i];
-        if (a[i] != b[i]) changed[variable] = b[i];
-    }
-    return changed;
-}
 
 const std::string changeEverything = R"({"do":"command","name":"UNITS"}
 {"do":"choose","control":"IDC_UNITS_LTYPE","index":0}

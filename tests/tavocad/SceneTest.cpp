@@ -1,0 +1,87 @@
+#include "platform/drawing/OdDbDatabase.h"
+#include "tavocad/scene/Flatten.h"
+#include "tavocad/scene/SceneBuilder.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+
+using namespace tv::scene;
+
+namespace {
+
+// A drawing of the oldest form from "group|value" words: layer OFF is off, ICE frozen, RED red.
+Scene sceneOf(const std::string& blocks, const std::string& entities) {
+    std::string text =
+        "0|SECTION|2|TABLES|0|TABLE|2|LAYER|70|3|0|LAYER|2|OFF|70|0|62|-3|6|CONTINUOUS|"
+        "0|LAYER|2|ICE|70|1|62|3|6|CONTINUOUS|0|LAYER|2|RED|70|0|62|1|6|CONTINUOUS|0|ENDTAB|0|ENDSEC|"
+        "0|SECTION|2|BLOCKS|" +
+        blocks + "0|ENDSEC|0|SECTION|2|ENTITIES|" + entities + "0|ENDSEC|0|EOF|";
+    std::replace(text.begin(), text.end(), '|', '\n');
+    const auto opened = OdDbDatabase::openBytes(text);
+    EXPECT_TRUE(opened.database);
+    EXPECT_TRUE(opened.problems.empty());
+    return opened.database ? buildScene(*opened.database) : Scene{};
+}
+
+const std::string line = "10|0|20|0|11|2|21|1|";
+std::string block(const std::string& name, const std::string& entities) {
+    return "0|BLOCK|8|0|2|" + name + "|70|0|10|0|20|0|" + entities + "0|ENDBLK|8|0|";
+}
+
+} // namespace
+
+TEST(Scene, LeavesOutWhatIsNotShown) {
+    const Scene scene = sceneOf("", "0|LINE|8|RED|" + line + "0|LINE|8|OFF|" + line + "0|LINE|8|ICE|" + line +
+                                        "0|LINE|8|0|60|1|" + line);
+    ASSERT_EQ(scene.paths.size(), 1U);
+    EXPECT_EQ(scene.paths[0].paint, (Paint{0xFF0000, false}));
+    EXPECT_EQ(scene.box.right, 2);
+}
+
+// By layer, by block and layer 0 inside a block all take what the insert has; the foreground colour is marked.
+TEST(Scene, ColoursInsideBlocksComeFromTheInsert) {
+    const Scene scene =
+        sceneOf(block("B", "0|LINE|8|0|" + line + "0|LINE|8|0|62|0|" + line + "0|LINE|8|0|62|5|" + line +
+                               "0|LINE|8|ICE|" + line + "0|INSERT|8|0|2|B|10|0|20|0|"),
+                "0|INSERT|8|RED|62|3|2|B|10|0|20|0|0|LINE|8|0|" + line);
+    ASSERT_EQ(scene.paths.size(), 4U) << "the block inside itself is passed over";
+    EXPECT_EQ(scene.paths[0].paint.rgb, 0xFF0000U);
+    EXPECT_EQ(scene.paths[1].paint.rgb, 0x00FF00U);
+    EXPECT_EQ(scene.paths[2].paint.rgb, 0x0000FFU);
+    EXPECT_TRUE(scene.paths[3].paint.foreground);
+}
+
+// Nested, turned and stretched: the inner line from (0,0) to (2,1) lands where hand calculation puts it.
+TEST(Scene, NestedInsertsArePlaced) {
+    const Scene scene =
+        sceneOf(block("IN", "0|LINE|8|0|" + line) + block("OUT", "0|INSERT|8|0|2|IN|10|10|20|0|41|2|42|3|"),
+                "0|INSERT|8|0|2|OUT|10|100|20|50|50|90|0|INSERT|8|0|2|IN|10|0|20|0|70|3|44|5|71|2|45|7|");
+    ASSERT_EQ(scene.paths.size(), 7U);
+    const OdGePoint2d start = scene.points[0], end = scene.points[1];
+    EXPECT_NEAR(start.x, 100, 1e-9);
+    EXPECT_NEAR(start.y, 60, 1e-9);
+    EXPECT_NEAR(end.x, 97, 1e-9);
+    EXPECT_NEAR(end.y, 64, 1e-9);
+    EXPECT_NEAR(scene.points[scene.paths[6].first].x, 10, 1e-9);
+    EXPECT_NEAR(scene.points[scene.paths[6].first].y, 7, 1e-9);
+}
+
+TEST(Scene, CurvesKeepTheirEndsAndRadius) {
+    std::vector<OdGePoint3d> points{{0, 0, 0}};
+    flattenBulge(points, {0, 0, 0}, {2, 0, 0}, 1); // a half circle below the chord
+    EXPECT_EQ(points.back(), (OdGePoint3d{2, 0, 0}));
+    double lowest = 0;
+    for (const auto& p : points) {
+        EXPECT_NEAR(std::hypot(p.x - 1, p.y), 1, 1e-12);
+        lowest = std::min(lowest, p.y);
+    }
+    EXPECT_NEAR(lowest, -1, 1e-3);
+    EXPECT_NEAR(angleAfter(350, 10), 350 + std::fmod(10 - 350, 2 * std::numbers::pi) + 2 * std::numbers::pi,
+                1e-9);
+    EXPECT_NEAR(angleAfter(1, 1), 1 + 2 * std::numbers::pi, 1e-12);
+    const Scene scene = sceneOf("", "0|ARC|8|0|10|5|20|5|40|2|50|270|51|90|");
+    EXPECT_NEAR(scene.box.left, 5, 1e-9);
+    EXPECT_NEAR(scene.box.right, 7, 1e-2);
+}
