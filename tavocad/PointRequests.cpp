@@ -25,7 +25,7 @@ Tavo::ErrorStatus PointRequests::getPoint(const OdString& prompt, const OdGePoin
     if (!toolkit || m_request) return Tavo::eNotHandled;
     Request request{prompt, base ? std::optional(*base) : std::nullopt, std::nullopt};
     m_request = &request;
-    m_changed.emit(true);
+    m_changed.notify(true);
 
     tv::ui::Waiting waiting;
     waiting.prompt = prompt.wstr();
@@ -41,7 +41,7 @@ Tavo::ErrorStatus PointRequests::getPoint(const OdString& prompt, const OdGePoin
     toolkit->wait(waiting);
 
     m_request = nullptr;
-    m_changed.emit(false);
+    m_changed.notify(false);
     if (!request.answer) return Tavo::eCancelled;
     point = *request.answer;
     return Tavo::eOk;

@@ -104,7 +104,7 @@ int TavoSession::runCommand(const OdString& name, const OdString& arguments) {
     m_lastCommand = command;
     const int result = m_host->commands()->run(command);
     m_arguments.empty();
-    m_commandEnded.emit(command, result);
+    m_commandEnded.notify(command, result);
     return result;
 }
 
@@ -226,5 +226,5 @@ OdString TavoSession::unknownLanguage(const OdString& code) {
 
 void TavoSession::requestQuit() {
     m_quit = true;
-    quitting.emit();
+    quitting.notify();
 }

@@ -38,35 +38,35 @@ class Subscription {
 template <class... Args>
 class Signal {
   public:
-    using Slot = std::function<void(Args...)>;
+    using Listener = std::function<void(Args...)>;
 
-    [[nodiscard]] Subscription connect(Slot slot) {
+    [[nodiscard]] Subscription connect(Listener listener) {
         const std::uint64_t id = ++m_state->lastId;
-        m_state->slots.push_back({id, std::make_shared<Slot>(std::move(slot))});
+        m_state->entries.push_back({id, std::make_shared<Listener>(std::move(listener))});
         return Subscription([state = std::weak_ptr<State>(m_state), id] {
             if (auto alive = state.lock())
-                std::erase_if(alive->slots, [id](const Entry& e) { return e.id == id; });
+                std::erase_if(alive->entries, [id](const Entry& e) { return e.id == id; });
         });
     }
 
-    void emit(Args... args) const {
+    void notify(Args... args) const {
         const auto state = m_state;
-        const std::vector<Entry> told = state->slots;
+        const std::vector<Entry> told = state->entries;
         for (const Entry& entry : told) {
-            const bool registered = std::any_of(state->slots.begin(), state->slots.end(),
+            const bool registered = std::any_of(state->entries.begin(), state->entries.end(),
                                                 [&](const Entry& e) { return e.id == entry.id; });
-            if (registered) (*entry.slot)(args...);
+            if (registered) (*entry.listener)(args...);
         }
     }
 
   private:
     struct Entry {
         std::uint64_t id;
-        std::shared_ptr<Slot> slot;
+        std::shared_ptr<Listener> listener;
     };
     struct State {
         std::uint64_t lastId = 0;
-        std::vector<Entry> slots;
+        std::vector<Entry> entries;
     };
     std::shared_ptr<State> m_state = std::make_shared<State>();
 };

@@ -58,7 +58,7 @@ void registerHelpCommands(TavoSession& session) {
          {L"Z"},
          [] { return OdString(VORD_ResourceString("IDS_TAVO_HELP_ZOOM", L"도면 전체를 보여 줍니다")); },
          [&session](TavoEdCommandContext&) {
-             session.zoomExtents.emit();
+             session.zoomExtents.notify();
              return RTNORM;
          }});
 }

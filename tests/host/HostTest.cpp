@@ -179,10 +179,10 @@ TEST(Host, SignalsSurviveChangesWhileTelling) {
         late = signal.connect([&](int) { seen.push_back(3); });
     });
     second = signal.connect([&](int) { seen.push_back(2); });
-    signal.emit(0);
+    signal.notify(0);
     EXPECT_THAT(seen, ElementsAre(1));
     first.reset();
-    signal.emit(0);
+    signal.notify(0);
     EXPECT_THAT(seen, ElementsAre(1, 3));
     tv::host::Subscription outliving;
     {

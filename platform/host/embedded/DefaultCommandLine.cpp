@@ -15,7 +15,7 @@ void DefaultCommandLine::print(const OdString& text) {
             if (list->size() == kMaxLines) list->erase(list->begin());
             list->push_back(printed);
         }
-        m_printed.emit(printed);
+        m_printed.notify(printed);
         if (end == std::wstring_view::npos) return;
         rest.remove_prefix(end + 1);
     }

@@ -111,7 +111,7 @@ void DefaultCommands::count(TavoCommandActivity bit, int step) {
     int& depth = m_activities[static_cast<std::size_t>(std::countr_zero(static_cast<unsigned>(bit)))];
     if (depth + step < 0) return;
     depth += step;
-    if (activity() != before) m_activityChanged.emit(activity());
+    if (activity() != before) m_activityChanged.notify(activity());
 }
 
 } // namespace tv::host

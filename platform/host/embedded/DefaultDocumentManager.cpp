@@ -3,6 +3,7 @@
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/text/Format.h"
 #include "platform/text/ResourceString.h"
+#include "platform/text/Unicode.h"
 
 #include <algorithm>
 #include <system_error>
@@ -17,7 +18,7 @@ class DefaultDocumentManager::Document final : public TavoDocument {
 
     OdString name() const override {
         const auto file = path();
-        return file.empty() ? m_newName : OdString(file.filename().wstring());
+        return file.empty() ? m_newName : OdString(tv::text::fromUtf8(file.filename().native()));
     }
     std::filesystem::path path() const override { return m_database->fileName(); }
     OdDbDatabasePtr database() const override { return m_database; }
@@ -54,7 +55,7 @@ bool DefaultDocumentManager::owns(const TavoDocument* document) const {
 void DefaultDocumentManager::setCurrentDocument(TavoDocument* document) {
     if (document == m_current || !owns(document)) return;
     m_current = document;
-    m_events.emit(Event::kCurrentChanged, m_current);
+    m_events.notify(Event::kCurrentChanged, m_current);
 }
 
 TavoDocument* DefaultDocumentManager::addDocument(OdDbDatabasePtr database) {
@@ -63,7 +64,7 @@ TavoDocument* DefaultDocumentManager::addDocument(OdDbDatabasePtr database) {
     if (database->fileName().empty())
         newName.format(VORD_ResourceString("IDS_TAVO_DOCUMENT_NEW_NAME", L"도면%d"), ++m_newCount);
     auto* document = m_documents.emplace_back(std::make_unique<Document>(std::move(database), newName)).get();
-    m_events.emit(Event::kOpened, document);
+    m_events.notify(Event::kOpened, document);
     setCurrentDocument(document);
     return document;
 }
@@ -86,26 +87,26 @@ tv::Problem DefaultDocumentManager::saveDocument(TavoDocument* document, const s
     if (!owns(document)) {
         return {Tavo::eInvalidInput,
                 VORD_ResourceString("IDS_TAVO_DOCUMENT_NOT_OPEN", L"저장할 도면이 열려 있지 않습니다.").c_str(),
-                path.wstring()};
+                tv::text::fromUtf8(path.native())};
     }
     const auto& database = document->database();
     tv::Problem problem = path.empty() ? database->save() : database->saveAs(path);
-    if (!problem) m_events.emit(Event::kSaved, document);
+    if (!problem) m_events.notify(Event::kSaved, document);
     return problem;
 }
 
 void DefaultDocumentManager::closeDocument(TavoDocument* document) {
     if (!owns(document)) return;
-    m_events.emit(Event::kClosing, document);
+    m_events.notify(Event::kClosing, document);
     const auto it = std::ranges::find_if(m_documents, [&](const auto& own) { return own.get() == document; });
     if (it == m_documents.end()) return; // closed by an observer
     const auto closed = std::move(*it);
     m_documents.erase(it);
     if (m_current == document) {
         m_current = m_documents.empty() ? nullptr : m_documents.back().get();
-        m_events.emit(Event::kCurrentChanged, m_current);
+        m_events.notify(Event::kCurrentChanged, m_current);
     }
-    m_events.emit(Event::kClosed, nullptr);
+    m_events.notify(Event::kClosed, nullptr);
 }
 
 } // namespace tv::host

@@ -31,12 +31,12 @@ void DefaultSelection::set(const std::vector<OdDbObjectId>& ids) {
         if (!id.isErased() && seen.insert(id).second) fresh.push_back(id);
     if (fresh == m_ids) return;
     m_ids = std::move(fresh);
-    m_changed.emit();
+    m_changed.notify();
 }
 
 void DefaultSelection::forget(const OdDbDatabase* database) {
     if (std::erase_if(m_ids, [&](const OdDbObjectId& id) { return id.database() == database; }) > 0)
-        m_changed.emit();
+        m_changed.notify();
 }
 
 OdString DefaultUnits::formatLinear(double value, int lunits, int luprec, const LengthOptions& options) const {

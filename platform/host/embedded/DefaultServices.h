@@ -15,9 +15,9 @@ namespace tv::host {
 
 class KXPLATFORM_EXPORT DefaultModalEvents final : public TavoModalEvents {
   public:
-    void beginModal() override { m_changed.emit(++m_depth); }
+    void beginModal() override { m_changed.notify(++m_depth); }
     void endModal() override {
-        if (m_depth > 0) m_changed.emit(--m_depth);
+        if (m_depth > 0) m_changed.notify(--m_depth);
     }
     int depth() const override { return m_depth; }
     Subscription onDepthChanged(Listener listener) override { return m_changed.connect(std::move(listener)); }
@@ -65,7 +65,7 @@ class KXPLATFORM_EXPORT DefaultSelection final : public TavoSelection {
 class KXPLATFORM_EXPORT DefaultDisplay final : public TavoDisplay {
   public:
     void request(Request request, const OdDbDatabasePtr& database) override {
-        m_requests.emit(request, database);
+        m_requests.notify(request, database);
     }
     Subscription onRequest(Listener listener) override { return m_requests.connect(std::move(listener)); }
 

@@ -71,7 +71,7 @@ void SysvarStore::watch(const OdDbDatabasePtr& database) {
 }
 
 void SysvarStore::told(const SysvarInfo& info, const OdDbDatabasePtr& database) {
-    m_changed.emit(OdString(info.name), database);
+    m_changed.notify(OdString(info.name), database);
 }
 
 std::optional<SysvarValue> SysvarStore::read(const SysvarInfo& info, const OdDbDatabasePtr& database) const {
