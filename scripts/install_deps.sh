@@ -12,7 +12,7 @@ packages="
 "
 
 if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
-    echo "install_deps: this is no Debian system; install the counterparts of these packages yourself:" $packages >&2
+    echo "install_deps: this is no Debian system; install the counterparts of these packages yourself: $packages" >&2
     exit 1
 fi
 

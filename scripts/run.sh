@@ -4,7 +4,7 @@
 # pictures and drawings of it are put into out/.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
-drawing=${1:-$root/samples/floor_plan.dxf}
+drawing=${1:-$root/samples/workshop.dxf}
 if [ ! -f "$drawing" ] || [ ! -r "$drawing" ]; then
     echo "run.sh: there is no readable drawing $drawing" >&2
     exit 1
