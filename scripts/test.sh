@@ -12,6 +12,7 @@ unset DISPLAY WAYLAND_DISPLAY
 launcher=()
 if command -v ccache >/dev/null; then launcher=(-D CMAKE_CXX_COMPILER_LAUNCHER=ccache); fi
 
+failed=0
 for preset in release sanitize; do
     echo "== $preset: configure and build"
     cmake --preset "$preset" "${launcher[@]}"
@@ -21,11 +22,12 @@ for preset in release sanitize; do
         exit 1
     fi
     echo "== $preset: tests"
-    ctest --preset "$preset" -j "$(nproc)" | tee "build/$preset/ctest.log"
+    ctest --preset "$preset" -j "$(nproc)" | tee "build/$preset/ctest.log" || failed=1
 done
 
 echo
 for preset in release sanitize; do
     echo "== $preset"
-    grep -A 2 'tests passed' "build/$preset/ctest.log"
+    sed -n '/tests passed/,$p' "build/$preset/ctest.log"
 done
+exit $failed
