@@ -13,7 +13,9 @@
 #include <QLayout>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
+#include <QHelpEvent>
 #include <QScreen>
+#include <QToolTip>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -186,6 +188,14 @@ void DialogWindow::present() {
 }
 
 bool DialogWindow::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        const auto& help = static_cast<QHelpEvent&>(*event);
+        const std::wstring hint = m_dialog.toolTipAt({help.pos().x(), help.pos().y()});
+        if (!hint.empty()) {
+            QToolTip::showText(help.globalPos(), QString::fromStdWString(hint), this);
+            return true;
+        }
+    }
     const bool done = QDialog::event(event);
     // Texts may have grown: the window grows with them, and never shrinks while it is open.
     if (event->type() == QEvent::LayoutRequest && m_presented && !m_settingGeometry) {
@@ -338,6 +348,7 @@ void DialogWindow::composing(QEvent& event) {
     if (now == m_composing) return;
     m_composing = now;
     m_dialog.OnImeComposing(now);
+    setCursor(m_dialog.wantsTextCursor() ? Qt::IBeamCursor : Qt::ArrowCursor);
 }
 
 } // namespace tv::qt

@@ -2,6 +2,7 @@
 
 #include "kxgui/frame/Messages.h"
 #include "platform/drawing/OdDbDatabase.h"
+#include "platform/frx/MDlgMove.h"
 #include "platform/host/TavoCommandLine.h"
 #include "platform/host/TavoInterfaces.h"
 #include "platform/host/TavoSysvarManager.h"
@@ -39,10 +40,11 @@ TavoSession::TavoSession(std::unique_ptr<tv::SettingsStore> settings)
     : m_points(std::make_unique<PointRequests>()),
       m_host(std::make_unique<tv::host::EmbeddedHost>(std::move(settings))) {
     m_host->setPointInput(m_points.get());
+    zel::frx::setPlacementStore(m_host->settings());
     registerCommands(*this);
 }
 
-TavoSession::~TavoSession() = default;
+TavoSession::~TavoSession() { zel::frx::setPlacementStore(nullptr); }
 
 TavoInterfaces& TavoSession::host() { return *m_host; }
 

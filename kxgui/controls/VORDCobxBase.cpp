@@ -88,9 +88,10 @@ int VORDCobxBase::SetCurSel(int index) {
 }
 
 int VORDCobxBase::SelectString(int start, const wchar_t* text, bool ignoreCase) {
-    for (int from = start;;) {
+    for (int from = start, turn = 0;; ++turn) {
         const int found = FindString(from, text);
-        if (found < 0 || found <= from) return -1;
+        // The first search may come round to the entry it started after; a later one has been there.
+        if (found < 0 || found < from || (found == from && turn > 0)) return -1;
         const std::wstring entry = GetLBText(found);
         if (ignoreCase ? tv::text::equalNoCase(entry, text) : entry == text) return SetCurSel(found);
         from = found;

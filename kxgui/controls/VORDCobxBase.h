@@ -43,10 +43,11 @@ class KXGUI_EXPORT VORDCobxBase : public CComboBox {
 
     // Records the index; the list is told only when it shows another one. Returns the index.
     int SetCurSel(int index);
-    // Selects the next entry after `start` (-1: from the first) whose whole text is `text`; -1 and nothing changed when
-    // there is none before the search wraps around.
+    // Selects the next entry after `start` (-1: from the first) whose whole text is `text`, `start` itself being the last
+    // one looked at; -1 and nothing changed when there is none before the search wraps around to an earlier entry.
     int SelectString(int start, const wchar_t* text, bool ignoreCase);
 
+    void CreateToolTip(std::wstring_view text) { SetToolTip(text); }
     void SetUseBaseMListBox(int use) { m_useBaseMListBox = use; }
     int UseBaseMListBox() const { return m_useBaseMListBox; }
 

@@ -3,7 +3,7 @@
 #include "kxgui/frame/Templates.h"
 #include "platform/text/ResourceString.h"
 
-CAskMessageDlg::CAskMessageDlg(CWnd* parent) : VORDRunDlg(IDD_ASK_MESSAGE, parent) {
+CAskMessageDlg::CAskMessageDlg(CWnd* parent) : VORDBoxDlg(IDD_ASK_MESSAGE, parent) {
     m_yes.onClick = [this] { EndDialog(IDYES); };
     m_no.onClick = [this] { EndDialog(IDNO); };
     m_notAgain.onClick = [this] { doNotAsk = m_notAgain.GetCheck() == CCheckBox::checked; };

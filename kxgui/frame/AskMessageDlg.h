@@ -1,12 +1,12 @@
 #pragma once
 
-#include "kxgui/frame/VORDBaseDlg.h"
+#include "kxgui/frame/VORDBoxDlg.h"
 #include "platform/text/OdString.h"
 #include "platform/toolkit/Button.h"
 #include "platform/toolkit/Static.h"
 
 // A yes/no question that need not be asked again. End codes: IDYES, IDNO, IDCANCEL when dismissed.
-class KXGUI_EXPORT CAskMessageDlg : public VORDRunDlg {
+class KXGUI_EXPORT CAskMessageDlg : public VORDBoxDlg {
   public:
     explicit CAskMessageDlg(CWnd* parent = nullptr);
 

@@ -89,17 +89,16 @@ void CColorIndexPage::entered() {
         describe(*color);
         return choose(*color);
     }
-    setFault(
-        m_edit,
-        tv::text::format(
-            m_special
-                ? VORD_ResourceString("IDS_TAVO_COLOR_BAD_NAME",
-                                      L"\"%s\"은(는) 색상이 아닙니다. 1에서 255 사이의 번호, 표준 색상 이름, "
-                                      L"ByLayer 또는 ByBlock을 입력하십시오.")
-                      .c_str()
-                : VORD_ResourceString("IDS_TAVO_COLOR_BAD_INDEX",
-                                      L"\"%s\"은(는) 색상이 아닙니다. 1에서 255 사이의 번호 또는 표준 색상 "
-                                      L"이름을 입력하십시오.")
-                      .c_str(),
-            text));
+    setFault(m_edit,
+             tv::text::format(
+                 m_special
+                     ? VORD_ResourceString("IDS_TAVO_COLOR_BAD_NAME",
+                                           L"색상을 읽을 수 없습니다. 입력한 값 \"%s\" 대신 1에서 255 사이의 "
+                                           L"번호, 표준 색상 이름, ByLayer 또는 ByBlock을 입력하십시오.")
+                           .c_str()
+                     : VORD_ResourceString("IDS_TAVO_COLOR_BAD_INDEX",
+                                           L"색상을 읽을 수 없습니다. 입력한 값 \"%s\" 대신 1에서 255 사이의 "
+                                           L"번호 또는 표준 색상 이름을 입력하십시오.")
+                           .c_str(),
+                 text));
 }

@@ -96,11 +96,13 @@ void CColorTruePage::partEntered(std::size_t part) {
         m_values[part] = static_cast<int>(*value);
         return partsChanged(&edit);
     }
-    setFault(edit, tv::text::format(
-                       VORD_ResourceString("IDS_TAVO_COLOR_BAD_PART",
-                                           L"%s 값 \"%s\"은(는) 사용할 수 없습니다. 0에서 %d 사이의 정수를 "
-                                           L"입력하십시오."),
-                       tv::ui::plainLabel(partName(m_model, part)), edit.GetWindowText(), highest));
+    setFault(
+        edit,
+        tv::text::format(
+            VORD_ResourceString(
+                "IDS_TAVO_COLOR_BAD_PART",
+                L"색상 값을 사용할 수 없습니다. %s에 입력한 \"%s\" 대신 0에서 %d 사이의 정수를 입력하십시오."),
+            tv::ui::plainLabel(partName(m_model, part)), edit.GetWindowText(), highest));
 }
 
 void CColorTruePage::hexEntered() {
@@ -108,8 +110,8 @@ void CColorTruePage::hexEntered() {
     if (!color) {
         setFault(m_hex,
                  tv::text::format(VORD_ResourceString("IDS_TAVO_COLOR_BAD_HEX",
-                                                      L"\"%s\"은(는) 16진수 색상이 아닙니다. #FF8000과 같이 "
-                                                      L"여섯 자리로 입력하십시오."),
+                                                      L"16진수 색상을 읽을 수 없습니다. 입력한 값 \"%s\" 대신 "
+                                                      L"#FF8000과 같이 여섯 자리로 입력하십시오."),
                                   m_hex.GetWindowText()));
         return;
     }

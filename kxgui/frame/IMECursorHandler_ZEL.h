@@ -2,8 +2,8 @@
 
 #include "kxgui/Export.h"
 
-// Keeps the text cursor's shape right while an input method composes: the shape of the field it composes in, wherever
-// the pointer moves.
+// Keeps the text cursor's shape right while an input method composes: the shape of the field it composes in,
+// wherever the pointer moves.
 class KXGUI_EXPORT IMECursorHandler_ZEL {
   public:
     enum class Shape { arrow, text };

@@ -25,7 +25,10 @@ OdDbDatabasePtr unowned(OdDbDatabase* database) {
 
 // Tells why the manager refused a value.
 bool refused(const TavoSysvarManager& manager) {
-    MessageDlg(manager.lastProblem().sentence.c_str(), nullptr, 0x30);
+    const std::wstring text =
+        std::wstring(VORD_ResourceString("IDS_TAVO_NOT_STORED", L"값을 저장할 수 없습니다.").c_str()) + L' ' +
+        manager.lastProblem().sentence;
+    MessageDlg(text.c_str(), nullptr, 0x30);
     return false;
 }
 

@@ -1,10 +1,18 @@
 #include "kxgui/frame/MessageDlg.h"
 
+#include "kxgui/frame/ModuleEntry.h"
 #include "kxgui/frame/Templates.h"
+#include "platform/host/TavoComEvents.h"
 
 CMessageDlg::CMessageDlg(CWnd* parent) : CTaskDialogVE(IDD_MESSAGE, parent) {
     m_button1.onClick = [this] { choose(0); };
     m_button2.onClick = [this] { choose(1); };
+}
+
+int CMessageDlg::DoModal() {
+    if (!kxGuiModuleReady()) return -1;
+    const tv::host::ModalBracket bracket;
+    return CTaskDialogVE::DoModal();
 }
 
 int CMessageDlg::OnInitDialog() {

@@ -3,7 +3,8 @@
 #include "kxgui/Export.h"
 #include "platform/frx/TaskDialog.h"
 
-// A two-choice question: a title, an optional subtitle, an optional image and two large buttons. Run by QuestionDlg.
+// A two-choice question: a title, an optional subtitle, an optional image and two large buttons. Run by
+// QuestionDlg.
 class KXGUI_EXPORT CMessageDlg : public CTaskDialogVE {
   public:
     explicit CMessageDlg(CWnd* parent);
@@ -33,6 +34,7 @@ class KXGUI_EXPORT CMessageDlg : public CTaskDialogVE {
     void ShowImage(int show) { showImage = show; }
     void ShowSubTitle(int show) { showSubTitle = show; }
 
+    int DoModal() override;
     int OnInitDialog() override;
     int Dlg2Data() { return 0; }
 

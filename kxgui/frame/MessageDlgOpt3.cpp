@@ -3,7 +3,7 @@
 #include "kxgui/frame/MessageDlg.h"
 #include "kxgui/frame/Templates.h"
 
-CMessageDlgOpt3::CMessageDlgOpt3(CWnd* parent) : VORDRunDlg(IDD_MESSAGE_OPT3, parent) {
+CMessageDlgOpt3::CMessageDlgOpt3(CWnd* parent) : VORDBoxDlg(IDD_WINDOW_XBUTTON, parent) {
     unsigned number = 0;
     for (CCommandButton* button : {&m_button1, &m_button2, &m_button3})
         button->onClick = [this, chosen = number++] {

@@ -2,6 +2,7 @@
 
 #include "kxgui/frame/MessageDlg.h"
 #include "kxgui/frame/MessageStyle.h"
+#include "kxgui/frame/ModuleEntry.h"
 #include "kxgui/frame/WindowXbuttonMessageDlg.h"
 #include "platform/frx/TaskDialog.h"
 #include "platform/host/TavoComEvents.h"
@@ -30,6 +31,7 @@ int askWindowAction(CWnd* parent, unsigned& action, const wchar_t* windowName) {
 } // namespace
 
 unsigned MessageDlg(CWnd* parent, const wchar_t* text, const wchar_t* caption, unsigned style) {
+    if (!kxGuiModuleReady()) return static_cast<unsigned>(-1);
     const auto parts = kx::frame::splitMessage(orEmpty(text));
     CTaskDialogVE dialog(parent, orEmpty(caption), parts.instruction, parts.content, kx::frame::taskButtonsOf(style),
                          kx::frame::taskIconOf(style));
@@ -51,7 +53,6 @@ int QuestionDlg(CWnd* parent, const wchar_t* caption, const wchar_t* title, cons
     dialog.SetBtnTitle2(orEmpty(btnTitle2));
     dialog.ShowImage(showImage);
     dialog.ShowSubTitle(showSubTitle);
-    const tv::host::ModalBracket bracket;
     dialog.DoModal();
     return static_cast<int>(dialog.GetSelectBtn());
 }

@@ -18,7 +18,7 @@ CRect inUnits(int left, int top, int width, int height) {
 
 } // namespace
 
-CMultiAskDlg::CMultiAskDlg(CWnd* parent) : VORDRunDlg(IDD_MULTI_ASK, parent) {
+CMultiAskDlg::CMultiAskDlg(CWnd* parent) : VORDBoxDlg(IDD_MULTI_ASK, parent) {
     m_message.MoveWindow(inUnits(7, 7, 295, 34));
     int top = 44;
     for (CCommandButton* answer : {&m_answer1, &m_answer2, &m_answer3, &m_answer4}) {
@@ -45,7 +45,7 @@ void CMultiAskDlg::SetData(std::wstring_view newCaption, std::wstring_view newMe
 
 int CMultiAskDlg::OnInitDialog() {
     buttonIds = {&m_answer1, &m_answer2, &m_answer3, &m_answer4};
-    VORDRunDlg::OnInitDialog();
+    VORDBoxDlg::OnInitDialog();
     const CRect& rect = GetWindowRect();
     const int bottom = ClientToScreen(buttonIds.back()->GetWindowRect()).bottom + belowLastButton;
     SetMinimumSize(rect.Width(), bottom - rect.top);
@@ -85,5 +85,5 @@ bool CMultiAskDlg::PreTranslateMessage(const tv::ui::KeyEvent& key) {
         OnOK();
         return true;
     }
-    return VORDRunDlg::PreTranslateMessage(key);
+    return VORDBoxDlg::PreTranslateMessage(key);
 }

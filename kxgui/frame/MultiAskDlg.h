@@ -1,11 +1,11 @@
 #pragma once
 
-#include "kxgui/frame/VORDBaseDlg.h"
+#include "kxgui/frame/VORDBoxDlg.h"
 #include "platform/toolkit/Button.h"
 #include "platform/toolkit/Static.h"
 
 // A question with up to four answers plus Cancel. Each answer stands for a result code of the caller's.
-class KXGUI_EXPORT CMultiAskDlg : public VORDRunDlg {
+class KXGUI_EXPORT CMultiAskDlg : public VORDBoxDlg {
   public:
     explicit CMultiAskDlg(CWnd* parent);
     // `labels` and `retIds` go together by index; labels beyond the fourth find no button.

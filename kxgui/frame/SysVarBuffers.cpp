@@ -4,6 +4,7 @@
 #include "platform/host/sysvars/SysvarBuffer.h"
 #include "platform/text/Unicode.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 
@@ -34,9 +35,8 @@ bool take(const OdResBuf& buffer, int type, T& value) {
 std::optional<OdResBuf> toBuffer(bool value) { return OdResBuf(OdResBuf::kRtInt16, std::int64_t{value}); }
 
 std::optional<OdResBuf> toBuffer(int value) {
-    if (value < std::numeric_limits<std::int16_t>::min() || value > std::numeric_limits<std::int16_t>::max())
-        return std::nullopt;
-    return OdResBuf(OdResBuf::kRtInt16, std::int64_t{value});
+    using Limits = std::numeric_limits<std::int16_t>;
+    return OdResBuf(OdResBuf::kRtInt16, std::int64_t{std::clamp<int>(value, Limits::min(), Limits::max())});
 }
 
 std::optional<OdResBuf> toBuffer(double value) { return OdResBuf(OdResBuf::kRtDouble, value); }
@@ -106,14 +106,18 @@ bool fromBuffer(const OdResBuf& buffer, OdDbObjectId& value) {
     return true;
 }
 
-std::optional<OdResBuf> toWrite(std::wstring_view name, const OdResBuf& staged, TavoSysvarType type) {
+bool isNotWritten(int restype) { return restype == OdResBuf::kRtEntName || restype == OdResBuf::kRtPickSet; }
+
+std::optional<OdResBuf> toWrite(const _tSysVar_DlgItem& item, const OdResBuf& staged, TavoSysvarType type) {
     // Kept with the dimension style, which knows one width only.
-    if (tv::text::equalNoCase(name, L"DIMTALN")) {
+    if (tv::text::equalNoCase(item.name, L"DIMTALN")) {
         const auto* number = std::get_if<std::int64_t>(&staged.value());
         if (!number) return std::nullopt;
         return OdResBuf(OdResBuf::kRtInt16, std::int64_t{static_cast<std::int16_t>(*number)});
     }
-    const int restype = staged.restype() == OdResBuf::kRtNone ? tv::host::restypeOf(type) : staged.restype();
+    const bool kindIsType = item.kind > OdResBuf::kRtNone && item.kind <= OdResBuf::kRtInt32;
+    const int own = kindIsType ? item.kind : tv::host::restypeOf(type);
+    const int restype = staged.restype() == OdResBuf::kRtNone ? own : staged.restype();
     switch (restype) {
     case OdResBuf::kRtDouble:
     case OdResBuf::kRtPoint2d:

@@ -9,7 +9,7 @@
 // How the values a settings dialog stages stand in result buffers.
 namespace kx::sysvar {
 
-// Nothing for an integer beyond 16 bits and an object without a name.
+// Integers are brought into 16 bits. Nothing for an object without a name.
 std::optional<OdResBuf> toBuffer(bool value);
 std::optional<OdResBuf> toBuffer(int value);
 std::optional<OdResBuf> toBuffer(double value);
@@ -39,12 +39,22 @@ bool readCurrent(const TavoSysvarManager& manager, std::wstring_view name, const
         return manager.getVar(variable, value, database) == Tavo::eOk;
     } else {
         OdResBuf buffer;
-        return manager.getVar(variable, buffer, database) == Tavo::eOk && fromBuffer(buffer, value);
+        if (manager.getVar(variable, buffer, database) != Tavo::eOk) return false;
+        if constexpr (std::is_same_v<T, int> || std::is_same_v<T, bool>) {
+            const auto* number = std::get_if<std::int64_t>(&buffer.value()); // of either width
+            if (number) value = static_cast<T>(*number);
+            return number != nullptr;
+        } else {
+            return fromBuffer(buffer, value);
+        }
     }
 }
 
-// The buffer to hand to the manager for a staged one, by its result type; nothing for types that are not
-// written.
-std::optional<OdResBuf> toWrite(std::wstring_view name, const OdResBuf& staged, TavoSysvarType type);
+// Whether values of that result type are passed over by a commit: entity names and selection sets.
+bool isNotWritten(int restype);
+
+// The buffer to hand to the manager for a staged one, by its result type; one without a type takes that of its
+// record's kind, when the kind is a result type, else the variable's. Nothing for a type that can't be written.
+std::optional<OdResBuf> toWrite(const _tSysVar_DlgItem& item, const OdResBuf& staged, TavoSysvarType type);
 
 } // namespace kx::sysvar

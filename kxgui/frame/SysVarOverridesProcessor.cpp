@@ -108,14 +108,13 @@ const OdResBuf* SysVarOverridesProcessor::staged(std::wstring_view name) const {
 
 template <class T>
 bool SysVarOverridesProcessor::stage(_tSysVar_DlgItem& item, const T& value) {
-    const auto buffer = kx::sysvar::toBuffer(value);
-    if (!buffer) return false;
     T current{};
     if (m_manager && kx::sysvar::readCurrent(*m_manager, item.name, m_database, current) && current == value) {
         eraseSysVarFromOverridesList(item);
         return false;
     }
-    return putSysVarToOverridesList(item, *buffer);
+    const auto buffer = kx::sysvar::toBuffer(value);
+    return buffer && putSysVarToOverridesList(item, *buffer);
 }
 
 bool SysVarOverridesProcessor::overrideSysVar(_tSysVar_DlgItem& item, bool value) { return stage(item, value); }
@@ -244,7 +243,8 @@ std::vector<OdString> SysVarOverridesProcessor::saveVariablesToDataBase() {
 
 Tavo::ErrorStatus SysVarOverridesProcessor::write(const SysVarOverride& entry) {
     const OdString name(entry.item->name);
-    const auto value = kx::sysvar::toWrite(name.view(), entry.value, getVarType(name.view()));
+    if (kx::sysvar::isNotWritten(entry.value.restype())) return Tavo::eOk;
+    const auto value = kx::sysvar::toWrite(*entry.item, entry.value, getVarType(name.view()));
     if (!value) {
         tvedPrint(tv::text::format(VORD_ResourceString("IDS_TAVO_SYSVAR_NOT_WRITABLE",
                                                        L"시스템 변수 %s에 형식 %d의 값을 쓸 수 없습니다."),

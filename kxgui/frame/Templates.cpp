@@ -7,11 +7,10 @@
 namespace kx::frame {
 namespace {
 
-constexpr std::array<tv::ui::DialogTemplate, 13> templates{{
+constexpr std::array<tv::ui::DialogTemplate, 12> templates{{
     {IDD_UNITS, "IDD_UNITS", {260, 190}, false},
     {IDD_UNITS_DIRECTION, "IDD_UNITS_DIRECTION", {150, 170}, false},
     {IDD_MESSAGE, "IDD_MESSAGE", {267, 192}, false},
-    {IDD_MESSAGE_OPT3, "IDD_MESSAGE_OPT3", {295, 210}, false},
     {IDD_MULTI_ASK, "IDD_MULTI_ASK", {309, 149}, false},
     {IDD_ASK_MESSAGE, "IDD_ASK_MESSAGE", {383, 127}, false},
     {IDD_WINDOW_XBUTTON, "IDD_WINDOW_XBUTTON", {295, 210}, false},

@@ -5,7 +5,6 @@ enum KxTemplate : unsigned {
     IDD_UNITS = 2001,
     IDD_UNITS_DIRECTION,
     IDD_MESSAGE,
-    IDD_MESSAGE_OPT3,
     IDD_MULTI_ASK,
     IDD_ASK_MESSAGE,
     IDD_WINDOW_XBUTTON,

@@ -10,4 +10,8 @@ void enableToolTips(VORDBaseTooltip& tooltip, int enable) {
     tooltip.Activate(enable != 0);
 }
 
+std::wstring toolTipText(const VORDBaseTooltip::Tool& tool) {
+    return tool.title.empty() ? tool.text : tool.title + L"\n" + tool.text;
+}
+
 } // namespace kx::frame

@@ -12,4 +12,7 @@ constexpr unsigned setCursorMessage = 0x0020;
 // Switches the hints of a dialog or page on or off, under the product's name as title.
 void enableToolTips(VORDBaseTooltip& tooltip, int enable);
 
+// A hint's words: its title, if it has one, in a line above the text.
+std::wstring toolTipText(const VORDBaseTooltip::Tool& tool);
+
 } // namespace kx::frame

@@ -46,11 +46,16 @@ void CUnitsDirDlg::Data2Dlg() {
 
 CRadioButton& CUnitsDirDlg::radio(Compass compass) {
     switch (compass) {
-    case Compass::east: return m_east;
-    case Compass::north: return m_north;
-    case Compass::west: return m_west;
-    case Compass::south: return m_south;
-    case Compass::other: break;
+    case Compass::east:
+        return m_east;
+    case Compass::north:
+        return m_north;
+    case Compass::west:
+        return m_west;
+    case Compass::south:
+        return m_south;
+    case Compass::other:
+        break;
     }
     return m_other;
 }
@@ -77,7 +82,8 @@ void CUnitsDirDlg::enableEntry() {
 
 int CUnitsDirDlg::Dlg2Data() {
     if (m_radio == Compass::other && m_angleType == static_cast<int>(tv::host::AngleUnits::kSurveyor))
-        if (const auto letter = kx::frame::compassOfLetter(m_angleEdit.GetWindowText(), m_clockwise)) select(*letter);
+        if (const auto letter = kx::frame::compassOfLetter(m_angleEdit.GetWindowText(), m_clockwise))
+            select(*letter);
     if (m_radio != Compass::other) {
         m_angle = kx::frame::compassAngle(m_radio);
         return 1;
@@ -93,8 +99,8 @@ bool CUnitsDirDlg::gatherEntry() {
         MessageDlg(this,
                    tv::text::format(
                        VORD_ResourceString("IDS_TAVO_UNITDIR_INVALID",
-                                           L"기준 각도에 입력한 \"%s\"은(는) 각도로 읽을 수 없습니다. 45, 12.5 또는 "
-                                           L"45d30'15\"와 같이 입력하십시오."),
+                                           L"기준 각도를 읽을 수 없습니다. 입력한 값 \"%s\" 대신 45, 12.5 또는 "
+                                           L"45d30'15\"와 같은 각도를 입력하십시오."),
                        text)
                        .c_str(),
                    GetWindowText().c_str(), 0x30);

@@ -7,10 +7,10 @@
 
 // A drawing's unit settings, exchanged with the host's command.
 struct T_UNITS_D {
-    int lunits;     // length type, as LUNITS: 1 scientific, 2 decimal, 3 engineering, 4 architectural, 5 fractional
-    int luprec;     // length precision
-    int aunits;     // angle type, as AUNITS: 0 degrees, 1 degrees/minutes/seconds, 2 grads, 3 radians, 4 surveyor's
-    int auprec;     // angle precision
+    int lunits; // length type, as LUNITS: 1 scientific, 2 decimal, 3 engineering, 4 architectural, 5 fractional
+    int luprec; // length precision
+    int aunits; // angle type, as AUNITS: 0 degrees, 1 degrees/minutes/seconds, 2 grads, 3 radians, 4 surveyor's
+    int auprec; // angle precision
     bool clockwise; // angles grow clockwise
     int insunits;   // the insertion unit's identifier, as kx::unit::getUnitList gives it
     double angbase; // base angle in radians

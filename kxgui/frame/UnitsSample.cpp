@@ -36,13 +36,14 @@ std::wstring sexagesimal(double degrees, int precision) {
                             seconds - whole * 3600.0 - minutes * 60.0);
 }
 
-// From north or south towards east or west; on an axis its letter alone.
+// From north or south towards east or west; what shows as on an axis is its letter alone.
 std::wstring bearing(double degrees, int precision) {
     const double turn = std::fmod(std::fmod(degrees, 360.0) + 360.0, 360.0);
     const bool north = turn <= 180.0, east = turn < 90.0 || turn > 270.0;
     const double fromEast = turn <= 90.0 ? turn : turn <= 180.0 ? 180.0 - turn : turn <= 270.0 ? turn - 180.0 : 360.0 - turn;
-    if (fromEast == 0.0) return east ? L"E" : L"W";
-    if (fromEast == 90.0) return north ? L"N" : L"S";
+    const std::wstring zero = sexagesimal(0.0, precision);
+    if (sexagesimal(fromEast, precision) == zero) return east ? L"E" : L"W";
+    if (sexagesimal(90.0 - fromEast, precision) == zero) return north ? L"N" : L"S";
     return tv::text::format(L"%s %s %s", north ? L"N" : L"S", sexagesimal(90.0 - fromEast, precision), east ? L"E" : L"W");
 }
 

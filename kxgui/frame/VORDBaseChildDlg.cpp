@@ -1,6 +1,7 @@
 #include "kxgui/frame/VORDBaseChildDlg.h"
 
 #include "kxgui/frame/ToolTips.h"
+#include "platform/toolkit/ModuleChain.h"
 
 VORDBaseChildDlg::VORDBaseChildDlg(unsigned templateId, CWnd& parent, const char* name)
     : MChildDlg(templateId, parent, name) {}
@@ -11,13 +12,23 @@ VORDBaseChildDlg::~VORDBaseChildDlg() {
 }
 
 int VORDBaseChildDlg::OnInitDialog() {
-    if (resizable) clipChildren = true;
+    const auto* found = tv::ui::ModuleChain::instance().find(templateId());
+    if (resizable || (found && found->sizingFrame)) clipChildren = true;
     MChildDlg::OnInitDialog();
     tooltip.Create(*this);
     return 1;
 }
 
-bool VORDBaseChildDlg::PreTranslateMessage(const tv::ui::KeyEvent& key) { return MChildDlg::PreTranslateMessage(key); }
+bool VORDBaseChildDlg::PreTranslateMessage(const tv::ui::KeyEvent& key) {
+    if (tooltip.exists()) tooltip.RelayEvent(key);
+    return MChildDlg::PreTranslateMessage(key);
+}
+
+void VORDBaseChildDlg::OnImeComposing(bool composing) {
+    imeCursor.SetComposing(composing);
+    imeCursor.OnSetCursor();
+    if (!composing) PostMessage(kx::frame::idleMessage);
+}
 
 std::intptr_t VORDBaseChildDlg::WindowProc(unsigned message, std::uintptr_t wParam, std::intptr_t lParam) {
     if (message == kx::frame::setCursorMessage && imeCursor.OnSetCursor()) return 1;

@@ -13,6 +13,8 @@ class KXGUI_EXPORT VORDBaseChildDlg : public zel::frx::MChildDlg {
 
     int OnInitDialog() override;
     bool PreTranslateMessage(const tv::ui::KeyEvent& key) override;
+    // An input method starts or stops composing in one of the page's controls.
+    void OnImeComposing(bool composing);
     std::intptr_t WindowProc(unsigned message, std::uintptr_t wParam, std::intptr_t lParam) override;
 
     void EnableToolTips(int enable);

@@ -1,9 +1,13 @@
 #include "kxgui/frame/VORDBaseDlg.h"
 
+#include "kxgui/frame/ModuleEntry.h"
 #include "kxgui/frame/SizingBand.h"
 #include "kxgui/frame/ToolTips.h"
+#include "kxgui/frame/VORDBaseChildDlg.h"
 #include "platform/host/CommandRefHelp.h"
 #include "platform/host/TavoComEvents.h"
+
+#include <algorithm>
 
 VORDBaseDlg::VORDBaseDlg(unsigned templateId, CWnd* parent) : MDlgMove(templateId, parent) {}
 
@@ -13,6 +17,7 @@ VORDBaseDlg::~VORDBaseDlg() {
 }
 
 int VORDBaseDlg::DoModal() {
+    if (!kxGuiModuleReady()) return -1;
     const tv::host::ModalBracket bracket;
     return MInternationalDlg::DoModal();
 }
@@ -38,7 +43,8 @@ void VORDBaseDlg::OnSize(unsigned type, int cx, int cy) {
     if (!initialized || sizeRestored || rememberedWidth() < 1 || rememberedHeight() < 1 || !resizable) return;
     sizeRestored = 1;
     const CPoint at = GetWindowRect().TopLeft();
-    MoveWindow({at.x, at.y, at.x + rememberedWidth(), at.y + rememberedHeight()});
+    MoveWindow({at.x, at.y, at.x + std::max(rememberedWidth(), minimumSize().cx),
+                at.y + std::max(rememberedHeight(), minimumSize().cy)});
 }
 
 HitTest VORDBaseDlg::OnNcHitTest(CPoint point) {
@@ -57,7 +63,22 @@ bool VORDBaseDlg::OnHelpInfo() {
 void VORDBaseDlg::OnImeComposing(bool composing) {
     imeCursor.SetComposing(composing);
     imeCursor.OnSetCursor();
+    // The page that holds the field has a helper of its own.
+    for (CWnd* wnd = GetFocus(); wnd; wnd = wnd->GetParent())
+        if (auto* page = dynamic_cast<VORDBaseChildDlg*>(wnd)) page->OnImeComposing(composing);
     if (!composing) PostMessage(kx::frame::idleMessage);
+}
+
+bool VORDBaseDlg::wantsTextCursor() const { return imeCursor.shape() == IMECursorHandler_ZEL::Shape::text; }
+
+std::wstring VORDBaseDlg::toolTipAt(CPoint point) {
+    const auto* tool = tooltip.toolAt(point);
+    return tool && tooltip.OnShow(*tool) ? kx::frame::toolTipText(*tool) : std::wstring();
+}
+
+bool VORDBaseDlg::PreTranslateMessage(const tv::ui::KeyEvent& key) {
+    tooltip.RelayEvent(key);
+    return MDlgMove::PreTranslateMessage(key);
 }
 
 std::intptr_t VORDBaseDlg::WindowProc(unsigned message, std::uintptr_t wParam, std::intptr_t lParam) {
@@ -80,7 +101,9 @@ int VORDBaseDlg::AddToolTip(const char* control, const wchar_t* title, const wch
     return tooltip.AddTool({control, {}, title, text, 0});
 }
 
-int VORDBaseDlg::AddToolTip(const CRect& area, const wchar_t* text) { return tooltip.AddTool({{}, area, {}, text, 0}); }
+int VORDBaseDlg::AddToolTip(const CRect& area, const wchar_t* text) {
+    return tooltip.AddTool({{}, area, {}, text, 0});
+}
 
 int VORDRunDlg::OnInitDialog() {
     VORDBaseDlg::OnInitDialog();

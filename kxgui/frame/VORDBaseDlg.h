@@ -8,8 +8,8 @@
 class CDataExchange; // this library's dialogs bind their controls as members; nothing is exchanged through it
 
 // The base of every top-level dialog. A concrete dialog's OnInitDialog calls the base first and then SetText(),
-// InitCtrl() and Data2Dlg() in this order; its OnOK calls Dlg2Data() and hands on to the base only when that returned
-// nonzero. VORDRunDlg does both for a dialog without further wishes.
+// InitCtrl() and Data2Dlg() in this order; its OnOK calls Dlg2Data() and hands on to the base only when that
+// returned nonzero. VORDRunDlg does both for a dialog without further wishes.
 class KXGUI_EXPORT VORDBaseDlg : public zel::frx::MDlgMove {
   public:
     VORDBaseDlg(unsigned templateId, CWnd* parent);
@@ -22,12 +22,16 @@ class KXGUI_EXPORT VORDBaseDlg : public zel::frx::MDlgMove {
     HitTest OnNcHitTest(CPoint point) override;
     bool OnHelpInfo() override;
     void OnImeComposing(bool composing) override;
+    bool wantsTextCursor() const override;
+    std::wstring toolTipAt(CPoint point) override;
+    // The tooltip sees every key first.
+    bool PreTranslateMessage(const tv::ui::KeyEvent& key) override;
     std::intptr_t WindowProc(unsigned message, std::uintptr_t wParam, std::intptr_t lParam) override;
 
     // Activates the tooltip once the window exists; its title is the product name.
     void EnableToolTips(int enable);
-    // A hint for a control by name, with an image number or a title of its own, or for an area of the client rectangle.
-    // 1 when it was added; 0 when there is no such control or the window does not exist yet.
+    // A hint for a control by name, with an image number or a title of its own, or for an area of the client
+    // rectangle. 1 when it was added; 0 when there is no such control or the window does not exist yet.
     int AddToolTip(const char* control, int image, const wchar_t* text, int flags = 0);
     int AddToolTip(const char* control, const wchar_t* title, const wchar_t* text, int flags = 0);
     int AddToolTip(const CRect& area, const wchar_t* text);
@@ -35,8 +39,8 @@ class KXGUI_EXPORT VORDBaseDlg : public zel::frx::MDlgMove {
     virtual void SetText() = 0;
     virtual void InitCtrl() = 0;
     virtual void Data2Dlg() = 0;
-    // Checks the controls and gathers their values. 0: not acceptable, the dialog stays open (the user has been told
-    // why).
+    // Checks the controls and gathers their values. 0: not acceptable, the dialog stays open (the user has been
+    // told why).
     virtual int Dlg2Data() = 0;
     void DoDataExchange(CDataExchange*) {}
 

@@ -29,7 +29,7 @@ void rememberWindowClose(WindowCloseAction action) {
 
 } // namespace kx::frame
 
-CWindowXbuttonMessageDlg::CWindowXbuttonMessageDlg(CWnd* parent) : VORDRunDlg(IDD_WINDOW_XBUTTON, parent) {
+CWindowXbuttonMessageDlg::CWindowXbuttonMessageDlg(CWnd* parent) : VORDBoxDlg(IDD_WINDOW_XBUTTON, parent) {
     m_close.onClick = [this] { choose(windowActionClose); };
     m_delete.onClick = [this] { choose(windowActionDelete); };
     m_export.onClick = [this] { choose(windowActionExport); };
@@ -49,7 +49,7 @@ void CWindowXbuttonMessageDlg::choose(WindowCloseAction action) {
 }
 
 CSingleWindowXbuttonMessageDlg::CSingleWindowXbuttonMessageDlg(CWnd* parent)
-    : VORDRunDlg(IDD_SINGLE_WINDOW_XBUTTON, parent) {
+    : VORDBoxDlg(IDD_SINGLE_WINDOW_XBUTTON, parent) {
     m_close.onClick = [this] { choose(windowActionClose); };
     m_export.onClick = [this] { choose(windowActionExport); };
     SetDefaultButton(m_close);

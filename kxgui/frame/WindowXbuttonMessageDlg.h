@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kxgui/frame/VORDBaseDlg.h"
+#include "kxgui/frame/VORDBoxDlg.h"
 #include "platform/toolkit/Button.h"
 #include "platform/toolkit/Static.h"
 
@@ -27,7 +27,7 @@ void rememberWindowClose(WindowCloseAction action);
 } // namespace kx::frame
 
 // Asked when one of several drawing windows is closed with its X button. IDOK when an action was chosen.
-class KXGUI_EXPORT CWindowXbuttonMessageDlg : public VORDRunDlg {
+class KXGUI_EXPORT CWindowXbuttonMessageDlg : public VORDBoxDlg {
   public:
     explicit CWindowXbuttonMessageDlg(CWnd* parent);
     void SetWindowName(std::wstring_view name) { windowName = name; }
@@ -51,7 +51,7 @@ class KXGUI_EXPORT CWindowXbuttonMessageDlg : public VORDRunDlg {
 };
 
 // The same when it is the only drawing window: it can't be deleted.
-class KXGUI_EXPORT CSingleWindowXbuttonMessageDlg : public VORDRunDlg {
+class KXGUI_EXPORT CSingleWindowXbuttonMessageDlg : public VORDBoxDlg {
   public:
     explicit CSingleWindowXbuttonMessageDlg(CWnd* parent);
     void SetWindowName(std::wstring_view name) { windowName = name; }

@@ -20,11 +20,16 @@ namespace {
 
 tv::ui::Icon iconOf(unsigned taskIcon) {
     switch (taskIcon) {
-    case taskIconError: return tv::ui::Icon::error;
-    case taskIconWarning: return tv::ui::Icon::warning;
-    case taskIconInformation: return tv::ui::Icon::information;
-    case taskIconQuestion: return tv::ui::Icon::question;
-    default: return tv::ui::Icon::none;
+    case taskIconError:
+        return tv::ui::Icon::error;
+    case taskIconWarning:
+        return tv::ui::Icon::warning;
+    case taskIconInformation:
+        return tv::ui::Icon::information;
+    case taskIconQuestion:
+        return tv::ui::Icon::question;
+    default:
+        return tv::ui::Icon::none;
     }
 }
 
@@ -84,25 +89,27 @@ int CTaskDialogVE::OnInitDialog() {
 }
 
 void CTaskDialogVE::OnCancel() {
-    if (!m_parts || (m_buttons & taskCancel) || m_buttons == 0) EndDialog(IDCANCEL);
-    else if (m_buttons == taskOK) EndDialog(IDOK);
+    if (!m_parts || (m_buttons & taskCancel) || m_buttons == 0)
+        EndDialog(IDCANCEL);
+    else if (m_buttons == taskOK)
+        EndDialog(IDOK);
 }
 
 bool CTaskDialogVE::PreTranslateMessage(const tv::ui::KeyEvent& key) {
-    if (key.key == tv::ui::Key::character && key.ctrl && !key.alt && key.ch == L'C') {
-        tv::ui::Toolkit::current()->setClipboardText(clipboardText());
-        return true;
-    }
-    return MDialog::PreTranslateMessage(key);
+    return copyKey(*this, key) || MDialog::PreTranslateMessage(key);
 }
 
-std::wstring CTaskDialogVE::clipboardText() const {
-    std::wstring out = GetWindowText();
+namespace zel::frx {
+
+std::wstring boxText(const CDialog& box) {
+    std::wstring out = box.GetWindowText();
     std::wstring buttons;
-    for (const CWnd* child : children()) {
+    for (const CWnd* child : box.children()) {
         if (!child->IsWindowVisible() || child->GetWindowText().empty()) continue;
-        if (isButton(*child)) buttons += L"[" + tv::ui::plainLabel(child->GetWindowText()) + L"] ";
-        else out += (out.empty() ? L"" : L"\n\n") + child->GetWindowText();
+        if (isButton(*child))
+            buttons += L"[" + tv::ui::plainLabel(child->GetWindowText()) + L"] ";
+        else
+            out += (out.empty() ? L"" : L"\n\n") + child->GetWindowText();
     }
     if (!buttons.empty()) {
         buttons.pop_back();
@@ -110,3 +117,11 @@ std::wstring CTaskDialogVE::clipboardText() const {
     }
     return out;
 }
+
+bool copyKey(const CDialog& box, const tv::ui::KeyEvent& key) {
+    if (key.key != tv::ui::Key::character || !key.ctrl || key.alt || key.ch != L'C') return false;
+    tv::ui::Toolkit::current()->setClipboardText(boxText(box));
+    return true;
+}
+
+} // namespace zel::frx

@@ -9,25 +9,35 @@
 
 namespace zel::frx {
 
+// What a box is copied as: title, visible texts and button names, one group a paragraph.
+KXPLATFORM_EXPORT std::wstring boxText(const CDialog& box);
+// Ctrl+C puts a box's text on the clipboard; false for every other key.
+KXPLATFORM_EXPORT bool copyKey(const CDialog& box, const tv::ui::KeyEvent& key);
+
 // Task-dialog common buttons, combined as flags.
 enum TaskButtons : unsigned { taskOK = 1, taskYes = 2, taskNo = 4, taskCancel = 8, taskRetry = 16 };
 
 // Task-dialog icon numbers; 0: no icon.
-enum TaskIcon : unsigned { taskIconQuestion = 0xFFF7, taskIconInformation = 0xFFFD, taskIconError = 0xFFFE, taskIconWarning = 0xFFFF };
+enum TaskIcon : unsigned {
+    taskIconQuestion = 0xFFF7,
+    taskIconInformation = 0xFFFD,
+    taskIconError = 0xFFFE,
+    taskIconWarning = 0xFFFF
+};
 
 constexpr unsigned taskDialogTemplate = 0x7F01; // IDD_TASK_DIALOG
 
 } // namespace zel::frx
 
-// A dialog drawn as a task dialog: an icon, a main instruction in large letters, the content below it, and buttons.
-// Ctrl+C copies all its texts.
+// A dialog drawn as a task dialog: an icon, a main instruction in large letters, the content below it, and
+// buttons. Ctrl+C copies all its texts.
 class KXPLATFORM_EXPORT CTaskDialogVE : public zel::frx::MDialog {
   public:
-    // The standard box. Its end code is the result of the pressed button (IDOK, IDCANCEL, IDRETRY, IDYES, IDNO). Escape
-    // and the close box press Cancel, or OK when that is the only button; a box with Yes and No only has to be
-    // answered.
-    CTaskDialogVE(CWnd* owner, std::wstring_view caption, std::wstring_view instruction, std::wstring_view content,
-                  unsigned buttons, unsigned icon);
+    // The standard box. Its end code is the result of the pressed button (IDOK, IDCANCEL, IDRETRY, IDYES,
+    // IDNO). Escape and the close box press Cancel, or OK when that is the only button; a box with Yes and No
+    // only has to be answered.
+    CTaskDialogVE(CWnd* owner, std::wstring_view caption, std::wstring_view instruction,
+                  std::wstring_view content, unsigned buttons, unsigned icon);
     // A box with a template and controls of its own.
     CTaskDialogVE(unsigned templateId, CWnd* owner);
     ~CTaskDialogVE() override;
@@ -35,9 +45,6 @@ class KXPLATFORM_EXPORT CTaskDialogVE : public zel::frx::MDialog {
     int OnInitDialog() override;
     void OnCancel() override;
     bool PreTranslateMessage(const tv::ui::KeyEvent& key) override;
-
-    // What Ctrl+C puts on the clipboard: title, texts and button names, one group a paragraph.
-    std::wstring clipboardText() const;
 
   private:
     struct Parts;

@@ -79,13 +79,9 @@ const wchar_t* CNativeRCMsgMgr::textFor(const char* key, const wchar_t* defaultT
 }
 
 void CNativeRCMsgMgr::addFile(File file) {
-    const auto same = std::find_if(m_files.begin(), m_files.end(), [&](const File& known) {
-        return file.base.empty() ? known.path == file.path : known.base == file.base;
-    });
-    if (same == m_files.end())
-        m_files.push_back(std::move(file));
-    else
-        *same = std::move(file);
+    const auto same =
+        std::find_if(m_files.begin(), m_files.end(), [&](const File& known) { return known.path == file.path; });
+    if (same == m_files.end()) m_files.push_back(std::move(file));
 }
 
 bool CNativeRCMsgMgr::load() {
@@ -95,8 +91,9 @@ bool CNativeRCMsgMgr::load() {
     std::vector<Fault> faults;
     std::vector<std::filesystem::path> refused;
     for (File& file : m_files) {
-        if (m_language != m_loadedLanguage && !file.base.empty())
+        if (m_language != m_loadedLanguage && file.follows)
             file.path = withSuffix(file.base, VORD_MSGFunction::languageSuffix(m_language));
+        file.follows = !file.base.empty();
         std::string bytes;
         if (const tv::Problem problem = tv::readFile(file.path, bytes)) {
             if (problem.status != Tavo::eFileNotFound) refused.push_back(file.path);
@@ -134,11 +131,11 @@ void VORD_MSGFunction::AddFile(const std::filesystem::path& path) {
         const std::string& name = path.native();
         base = name.substr(0, name.size() - std::string_view(language->fileSuffix).size());
     }
-    CNativeRCMsgMgr::getInstance()->addFile({path, base});
+    CNativeRCMsgMgr::getInstance()->addFile({path, base, false});
 }
 
 void VORD_MSGFunction::AddFileBase(const std::filesystem::path& base) {
-    CNativeRCMsgMgr::getInstance()->addFile({withSuffix(base, languageSuffix(GetCurrentLanguageId())), base});
+    CNativeRCMsgMgr::getInstance()->addFile({withSuffix(base, languageSuffix(GetCurrentLanguageId())), base, true});
 }
 
 bool VORD_MSGFunction::LoadFile() { return CNativeRCMsgMgr::getInstance()->load(); }

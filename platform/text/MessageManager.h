@@ -44,6 +44,7 @@ class KXPLATFORM_EXPORT CNativeRCMsgMgr {
     struct File {
         std::filesystem::path path;
         std::filesystem::path base; // the path without language suffix; empty when the file has no language
+        bool follows = false;       // the next switch of the language takes another file of the same base
     };
 
     CNativeRCMsgMgr() = default;

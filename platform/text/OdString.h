@@ -36,7 +36,10 @@ class KXPLATFORM_EXPORT OdString {
     bool isEmpty() const { return m_text.empty(); }
     void empty() { m_text.clear(); }
     int getLength() const { return static_cast<int>(m_text.size()); }
-    wchar_t getAt(int index) const { return m_text.at(static_cast<std::size_t>(index)); }
+    // 0 outside the text.
+    wchar_t getAt(int index) const {
+        return index >= 0 && index < getLength() ? m_text[static_cast<std::size_t>(index)] : L'\0';
+    }
 
     // Exact comparison by code point: negative, 0 or positive.
     int compare(std::wstring_view other) const { return m_text.compare(other); }

@@ -57,6 +57,10 @@ class KXPLATFORM_EXPORT CDialog : public CWnd {
     virtual bool OnHelpInfo() { return false; }
     // An input method starts or stops composing in one of the controls.
     virtual void OnImeComposing(bool) {}
+    // The cursor over the dialog is the text cursor for now.
+    virtual bool wantsTextCursor() const { return false; }
+    // The hint for an area of the client rectangle that belongs to no control with a hint of its own; empty: none.
+    virtual std::wstring toolTipAt(CPoint) { return {}; }
     // sizeMessage arrives as OnSize with the present size.
     std::intptr_t WindowProc(unsigned message, std::uintptr_t wParam, std::intptr_t lParam) override;
     static constexpr unsigned sizeMessage = 0x0005;

@@ -10,6 +10,9 @@
 #include "platform/toolkit/Dialog.h"
 #include "tavocad/TavoSession.h"
 
+#include <cmath>
+#include <numbers>
+
 namespace {
 
 // The whole-number variables behind the record's fields.
@@ -49,7 +52,10 @@ void writeUnits(TavoSession& session, const OdDbDatabasePtr& database, const T_U
     for (const Field& field : fields)
         if (field.get(before) != field.get(after))
             write(field.variable, OdResBuf(OdResBuf::kRtInt16, std::int64_t{field.get(after)}));
-    if (before.angbase != after.angbase) write(baseAngle, OdResBuf(OdResBuf::kRtDouble, after.angbase));
+    // A base angle of zero comes back as a full turn when it was entered clockwise.
+    const double angle = std::fmod(after.angbase, 2.0 * std::numbers::pi);
+    if (before.angbase != after.angbase && before.angbase != angle)
+        write(baseAngle, OdResBuf(OdResBuf::kRtDouble, angle));
 }
 
 int units(TavoSession& session, TavoEdCommandContext& context) {

@@ -115,7 +115,7 @@ TEST_F(ColorDlg, TrueColorViewsStayInStep) {
                   EXPECT_EQ(u.text("IDC_COLOR_HEX"), L"#FFFFFF");
                   EXPECT_EQ(u.text("IDC_COLOR_PART1"), L"210") << "white keeps the hue on its way";
                   u.choose("IDC_COLOR_PART3_SLIDER", 25);
-                  user.expectBox(L"채도 값 \"101\"", "IDOK");
+                  user.expectBox(L"채도에 입력한 \"101\"", "IDOK");
                   u.type("IDC_COLOR_PART2", L"101");
                   u.click("IDOK");
                   EXPECT_EQ(u.dialog().GetFocus()->name(), "IDC_COLOR_PART2");

@@ -38,7 +38,8 @@ TEST(BaseAngle, FullTurnsComeOffAndClockwiseIsMirrored) {
     EXPECT_NEAR(baseAngleOfEntry(2.0 * pi, false), 0.0, 1e-12);
     for (const double angle : {0.0, 0.3, 2.0, 6.2})
         for (const bool clockwise : {false, true})
-            EXPECT_NEAR(std::sin(baseAngleOfEntry(entryOfBaseAngle(angle, clockwise), clockwise)), std::sin(angle), 1e-12);
+            EXPECT_NEAR(std::sin(baseAngleOfEntry(entryOfBaseAngle(angle, clockwise), clockwise)),
+                        std::sin(angle), 1e-12);
 }
 
 TEST(BaseAngle, DegreesMinutesSecondsAreReadPartByPart) {
@@ -47,7 +48,8 @@ TEST(BaseAngle, DegreesMinutesSecondsAreReadPartByPart) {
     EXPECT_NEAR(GetAngleFromDegreeMinSec(L"12°30'").value(), 12.5, 1e-12);
     EXPECT_NEAR(GetAngleFromDegreeMinSec(L"45d30").value(), 45.5, 1e-12);
     EXPECT_NEAR(GetAngleFromDegreeMinSec(L"33.25").value(), 33.25, 1e-12);
-    for (const wchar_t* wrong : {L"", L"d", L"45d60'", L"45.5d30'", L"45d30'61\"", L"45d30'1\"2", L"4 5", L"1e3d", L"x"})
+    for (const wchar_t* wrong :
+         {L"", L"d", L"45d60'", L"45.5d30'", L"45d30'61\"", L"45d30'1\"2", L"4 5", L"1e3d", L"x"})
         EXPECT_FALSE(GetAngleFromDegreeMinSec(wrong)) << wrong;
 }
 
@@ -97,4 +99,5 @@ TEST(UnitsSample, AnglesOfEveryTypeAndPrecision) {
     EXPECT_EQ(angleText(300.0, surveyor, 0), L"S 30d E");
     EXPECT_EQ(angleText(90.0, surveyor, 0), L"N");
     EXPECT_EQ(angleText(180.0, surveyor, 0), L"W");
+    EXPECT_EQ(angleText(89.8, surveyor, 0), L"N") << "what shows as on the axis";
 }

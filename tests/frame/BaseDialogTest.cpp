@@ -79,9 +79,12 @@ TEST_F(BaseDialog, EscapeCloseBoxAndCancelEndItWithoutGathering) {
     for (const char* way : {"key", "box", "button"}) {
         TestDlg dialog;
         user.expect<TestDlg>([&](auto& u) {
-            if (way == std::string("key")) u.key(L"Escape");
-            else if (way == std::string("box")) u.closeBox();
-            else u.click("IDCANCEL");
+            if (way == std::string("key"))
+                u.key(L"Escape");
+            else if (way == std::string("box"))
+                u.closeBox();
+            else
+                u.click("IDCANCEL");
         });
         EXPECT_EQ(dialog.DoModal(), IDCANCEL);
         EXPECT_EQ(dialog.log, "TID") << way;
@@ -189,6 +192,10 @@ TEST_F(BaseDialog, ToolTipsNeedTheirWindow) {
         EXPECT_EQ(dialog.tooltip.title(), L"타보캐드");
         ASSERT_TRUE(dialog.tooltip.toolAt({505, 505}));
         EXPECT_EQ(dialog.tooltip.toolAt({505, 505})->text, L"구역");
+        EXPECT_EQ(dialog.toolTipAt({505, 505}), L"구역");
+        EXPECT_TRUE(dialog.tooltip.shown());
+        u.key(L"F2");
+        EXPECT_FALSE(dialog.tooltip.shown()) << "a key takes the hint away";
         dialog.EnableToolTips(0);
         EXPECT_EQ(dialog.edit.toolTip(), L"");
         u.key(L"Escape");
@@ -198,7 +205,8 @@ TEST_F(BaseDialog, ToolTipsNeedTheirWindow) {
 
 TEST_F(BaseDialog, TakesControlTextsFromTheFilesOfItsTemplateAndItsPages) {
     const auto file = std::filesystem::temp_directory_path() / "kx_base_dialog_test_en.ini";
-    std::ofstream(file) << "[IDD_TEST_FIXED]\nCAPTION = Test\nIDOK = Fine\n[IDD_TEST_PAGE]\nIDC_PAGE_TEXT = Text of the page\n";
+    std::ofstream(file)
+        << "[IDD_TEST_FIXED]\nCAPTION = Test\nIDOK = Fine\n[IDD_TEST_PAGE]\nIDC_PAGE_TEXT = Text of the page\n";
     VORD_MSGFunction::AddFile(file);
     ASSERT_TRUE(VORD_MSGFunction::LoadFile());
     TestDlg dialog;

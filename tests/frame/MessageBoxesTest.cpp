@@ -16,7 +16,8 @@ struct MessageBoxes : HeadlessTest {
         std::vector<std::string> shown;
         user.expect<CTaskDialogVE>([&](auto& u) {
             for (const auto& control : u.look().controls)
-                if (control.kind == tv::ui::ControlKind::button && control.visible) shown.push_back(control.name);
+                if (control.kind == tv::ui::ControlKind::button && control.visible)
+                    shown.push_back(control.name);
             u.click(shown.empty() ? "IDOK" : shown.back());
         });
         MessageDlg(L"본문", nullptr, style);
@@ -53,8 +54,9 @@ TEST_F(MessageBoxes, StylesGiveTheirButtonsIconsAndResults) {
     EXPECT_EQ(buttonsOf(6), (Names{"IDOK", "IDRETRY", "IDCANCEL"}));
     EXPECT_EQ(kx::frame::taskButtonsOf(7), 0u);
 
-    const std::pair<unsigned, const char*> icons[] = {
-        {0x10, "error"}, {0x20, "question"}, {0x30, "warning"}, {0x121, "question"}, {0x40, "information"}, {0x50, "none"}};
+    const std::pair<unsigned, const char*> icons[] = {{0x10, "error"},       {0x20, "question"},
+                                                      {0x30, "warning"},     {0x121, "question"},
+                                                      {0x40, "information"}, {0x50, "none"}};
     for (const auto& [style, icon] : icons) {
         user.expect<CTaskDialogVE>([&, name = icon](auto& u) {
             EXPECT_EQ(u.look("IDC_ICON").icon, name);
@@ -94,7 +96,8 @@ TEST_F(MessageBoxes, EscapeAndCopyFollowTheButtons) {
 
 TEST_F(MessageBoxes, AModalBracketSurroundsEachBox) {
     int deepest = 0;
-    const auto subscription = host.modalEvents()->onDepthChanged([&](int depth) { deepest = std::max(deepest, depth); });
+    const auto subscription =
+        host.modalEvents()->onDepthChanged([&](int depth) { deepest = std::max(deepest, depth); });
     user.expectBox(L"본문", "IDOK");
     MessageDlg(L"본문", L"", 0);
     EXPECT_EQ(deepest, 1);
@@ -102,7 +105,9 @@ TEST_F(MessageBoxes, AModalBracketSurroundsEachBox) {
 }
 
 TEST_F(MessageBoxes, ADismissedQuestionIsTheSecondAnswer) {
-    const auto ask = [] { return QuestionDlg(L"제목", L"병합할까요?", L"부제", L"병합\n합칩니다.", L"그대로", 0, 1); };
+    const auto ask = [] {
+        return QuestionDlg(L"제목", L"병합할까요?", L"부제", L"병합\n합칩니다.", L"그대로", 0, 1);
+    };
     user.expect<CMessageDlg>([](auto& u) {
         EXPECT_FALSE(u.look("IDC_MESSAGE_IMAGE").visible);
         EXPECT_TRUE(u.look("IDC_MESSAGE_SUBTITLE").visible);
@@ -120,7 +125,10 @@ TEST_F(MessageBoxes, ADismissedQuestionIsTheSecondAnswer) {
     EXPECT_EQ(dialog.DoModal(), 100);
 
     CMessageDlgOpt3 three(nullptr);
-    user.expect<CMessageDlgOpt3>([](auto& u) { u.click("IDC_MESSAGE_BTN2"); });
+    user.expect<CMessageDlgOpt3>([](auto& u) {
+        EXPECT_FALSE(u.look("IDC_WINDOW_X_NOT_AGAIN").visible);
+        u.click("IDC_WINDOW_X_DELETE");
+    });
     three.DoModal();
     EXPECT_EQ(three.GetSelectBtn(), 1u);
 }
@@ -160,7 +168,9 @@ TEST_F(MessageBoxes, MultiAskShowsItsAnswersAndIsShortened) {
 TEST_F(MessageBoxes, AskMessageKeepsWhatTheBoxWasClickedTo) {
     CAskMessageDlg dialog;
     dialog.setMsg(L"다시 읽을까요?");
-    user.expect<CAskMessageDlg>([](auto& u) {
+    user.expect<CAskMessageDlg>([&](auto& u) {
+        u.key(L"Ctrl+C");
+        EXPECT_NE(toolkit.clipboardText().find(L"다시 읽을까요?"), std::wstring::npos);
         u.click("IDC_ASK_MSG_DLG_NOT_AGAIN");
         u.key(L"Alt+N");
     });

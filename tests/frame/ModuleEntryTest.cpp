@@ -1,6 +1,9 @@
-#include "kxgui/frame/MultiAskDlg.h"
 #include "kxgui/frame/ModuleEntry.h"
+#include "kxgui/frame/MessageDlg.h"
+#include "kxgui/frame/Messages.h"
+#include "kxgui/frame/MultiAskDlg.h"
 #include "kxgui/frame/Templates.h"
+#include "kxgui/frame/UnitsDlg.h"
 #include "platform/toolkit/ModuleChain.h"
 #include "tests/support/HeadlessTest.h"
 
@@ -22,7 +25,11 @@ TEST_F(ModuleEntry, WithoutRegistrationNoDialogOpens) {
     ASSERT_TRUE(ModuleChain::instance().add({"squatter", false, taken}));
     EXPECT_EQ(kxGuiModuleEntry(1), 0);
     EXPECT_EQ(kxGuiModuleReady(), 0);
+    OdDbDatabasePtr none;
+    EXPECT_EQ(CUnitsDlg(none, 0.0, nullptr).DoModal(), -1) << "though a template of that number is there";
     EXPECT_EQ(CMultiAskDlg(L"", L"", {L"a"}, {1}, nullptr).DoModal(), -1);
+    EXPECT_EQ(CMessageDlg(nullptr).DoModal(), -1);
+    EXPECT_EQ(MessageDlg(L"본문", nullptr, 0), static_cast<unsigned>(-1));
     ModuleChain::instance().remove("squatter");
     EXPECT_EQ(kxGuiModuleEntry(1), 1);
     EXPECT_EQ(kxGuiModuleReady(), 1);

@@ -1,5 +1,5 @@
-#include "kxgui/frame/UnitsDirDlg.h"
 #include "kxgui/frame/UnitsDlg.h"
+#include "kxgui/frame/UnitsDirDlg.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "tests/support/HeadlessTest.h"
 
@@ -117,13 +117,14 @@ TEST_F(UnitsDlg, ArchitecturalAndEngineeringAskForInches) {
 }
 
 TEST_F(UnitsDlg, DirectionDialogSetsTheBaseAngle) {
-    EXPECT_DOUBLE_EQ(direction(0, false, 0.0, [](auto& u) {
-                         EXPECT_EQ(u.title(), L"뱡향 조정");
-                         EXPECT_EQ(u.look("IDC_UNITDIR_EAST").checked, 1);
-                         EXPECT_FALSE(u.look("IDC_UNITDIR_ANGLE").enabled);
-                         u.key(L"Alt+W");
-                         u.key(L"Enter");
-                     }),
+    EXPECT_DOUBLE_EQ(direction(0, false, 0.0,
+                               [](auto& u) {
+                                   EXPECT_EQ(u.title(), L"뱡향 조정");
+                                   EXPECT_EQ(u.look("IDC_UNITDIR_EAST").checked, 1);
+                                   EXPECT_FALSE(u.look("IDC_UNITDIR_ANGLE").enabled);
+                                   u.key(L"Alt+W");
+                                   u.key(L"Enter");
+                               }),
                      pi);
     EXPECT_NEAR(direction(0, true, 0.0,
                           [](auto& u) {
@@ -141,7 +142,8 @@ TEST_F(UnitsDlg, DirectionDialogSetsTheBaseAngle) {
                                }),
                      pi / 2.0);
     const double odd = 0.123456789012345;
-    EXPECT_EQ(direction(2, true, odd, [](auto& u) { u.click("IDOK"); }), odd) << "an untouched entry loses no digit";
+    EXPECT_EQ(direction(2, true, odd, [](auto& u) { u.click("IDOK"); }), odd)
+        << "an untouched entry loses no digit";
     EXPECT_DOUBLE_EQ(direction(2, false, 0.5,
                                [](auto& u) {
                                    u.type("IDC_UNITDIR_ANGLE", L"100");

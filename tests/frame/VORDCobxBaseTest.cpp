@@ -1,5 +1,5 @@
-#include "kxgui/controls/UnitCombos.h"
 #include "kxgui/controls/VORDCobxBase.h"
+#include "kxgui/controls/UnitCombos.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/Value.h"
 #include "platform/toolkit/ModuleChain.h"
@@ -116,6 +116,8 @@ TEST_F(CobxBase, SelectStringWantsTheWholeText) {
         EXPECT_EQ(combo.SelectString(-1, L"도면", false), -1);
         EXPECT_EQ(combo.SelectString(-1, L"없음", false), -1);
         EXPECT_EQ(combo.SelectString(2, L"도면층", false), -1) << "wrapped around";
+        EXPECT_EQ(combo.SelectString(1, L"도면층 2", false), 1) << "the entry it started after comes last";
+        combo.SetCurSel(2);
         EXPECT_EQ(combo.GetCurSel(), 2) << "a failed search leaves the selection";
 
         const auto before = toolkit.changeCount();

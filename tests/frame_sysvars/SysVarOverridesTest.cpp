@@ -116,8 +116,9 @@ TEST_F(Overrides, AValueKeepsItsPlaceAndGoesWhenItIsTheDrawingsAgain) {
     int value = 0;
     EXPECT_FALSE(p.getSysVarWithOverrides(luprec, value));
     EXPECT_EQ(value, 2);
-    EXPECT_FALSE(p.overrideSysVar(luprec, 70000)) << "no 16-bit integer";
-    EXPECT_FALSE(luprec.overridden);
+    EXPECT_TRUE(p.overrideSysVar(luprec, 70000));
+    EXPECT_TRUE(p.getSysVarWithOverrides(luprec, value));
+    EXPECT_EQ(value, 32767) << "brought into 16 bits";
 }
 
 TEST_F(Overrides, IntegersAreReadFromTwoBufferTypesOnly) {
@@ -190,7 +191,7 @@ TEST_F(Overrides, ValuesAreClampedToTheRangeOfTheVariable) {
     EXPECT_EQ(p.getVarType(L"NOSUCH"), TavoSysvarType::kNone);
 }
 
-// What the manager refuses, and what can't be written, is named and does not stop the rest.
+// What the manager refuses is named and does not stop the rest; names and selection sets are passed over.
 TEST_F(Overrides, CommitWritesByTypeAndReportsWhatIsRefused) {
     Processor p(database);
     p.putSysVarToOverridesList(item(L"LUNITS"), OdResBuf(5003, std::int64_t{9}));
@@ -198,16 +199,18 @@ TEST_F(Overrides, CommitWritesByTypeAndReportsWhatIsRefused) {
     p.putSysVarToOverridesList(item(L"AUNITS"), OdResBuf(5007, std::int64_t{1}));
     p.putSysVarToOverridesList(item(L"ANGBASE"), OdResBuf(5004, 1.0));
     p.putSysVarToOverridesList(item(L"DIMJOGANG"), OdResBuf(5008, 0.5));
+    p.putSysVarToOverridesList(item(L"LTSCALE"), OdResBuf(70, std::int64_t{1}));
     p.putSysVarToOverridesList(item(L"USERI1"), OdResBuf(5010, std::int64_t{77}));
     p.putSysVarToOverridesList(item(L"LUPREC"), OdResBuf(5000, std::int64_t{3}));
     p.putSysVarToOverridesList(item(L"dimtaln"), OdResBuf(280, std::int64_t{2}));
     p.putSysVarToOverridesList(item(L"AUPREC"), OdResBuf(5003, std::int64_t{4}));
     host.commandLine()->takeNew();
-    EXPECT_THAT(p.saveVariablesToDataBase(), ElementsAre(L"LUNITS", L"CLAYER", L"AUNITS"));
+    EXPECT_THAT(p.saveVariablesToDataBase(), ElementsAre(L"LUNITS", L"LTSCALE"));
     const auto lines = host.commandLine()->takeNew();
-    ASSERT_EQ(lines.size(), 3u);
+    ASSERT_EQ(lines.size(), 2u);
     EXPECT_THAT(lines[0].wstr(), HasSubstr(L"LUNITS"));
-    EXPECT_THAT(lines[1].wstr(), HasSubstr(L"CLAYER"));
+    EXPECT_THAT(lines[1].wstr(), HasSubstr(L"LTSCALE"));
+    EXPECT_EQ(drawing(L"AUNITS"), 0);
     OdResBuf angle;
     host.sysvarManager()->getVar(L"ANGBASE", angle, database);
     EXPECT_EQ(angle.getDouble(), 1.0);

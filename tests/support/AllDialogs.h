@@ -5,7 +5,6 @@
 #include "kxgui/frame/LineWeightDlg.h"
 #include "kxgui/frame/LinetypeDlg.h"
 #include "kxgui/frame/MessageDlg.h"
-#include "kxgui/frame/MessageDlgOpt3.h"
 #include "kxgui/frame/MultiAskDlg.h"
 #include "kxgui/frame/UnitsDirDlg.h"
 #include "kxgui/frame/UnitsDlg.h"
@@ -50,15 +49,6 @@ inline std::vector<SampleDialog> allDialogs() {
         dialog.SetSubTitle(L"병합한 도면층은 도면에서 없어집니다.");
         dialog.SetBtnTitle1(L"병합");
         dialog.SetBtnTitle2(L"그대로 두기");
-        dialog.DoModal();
-    });
-    add("IDD_MESSAGE_OPT3", [] {
-        CMessageDlgOpt3 dialog(nullptr);
-        dialog.SetCaption(L"도면");
-        dialog.SetTitle(L"변경 사항을 어떻게 하시겠습니까?");
-        dialog.SetBtnTitle(0, L"저장\n변경 사항을 파일에 씁니다.");
-        dialog.SetBtnTitle(1, L"저장 안 함\n변경 사항을 버립니다.");
-        dialog.SetBtnTitle(2, L"취소\n도면으로 돌아갑니다.");
         dialog.DoModal();
     });
     add("IDD_MULTI_ASK", [] {
