@@ -19,9 +19,7 @@ int openDrawingWindows() {
     return documents ? documents->drawingWindowCount() : 0;
 }
 
-template <class Dialog>
-int askWindowAction(CWnd* parent, unsigned& action, const wchar_t* windowName) {
-    Dialog dialog(parent);
+int askWindowAction(CWindowCloseDlg&& dialog, unsigned& action, const wchar_t* windowName) {
     dialog.SetWindowName(windowName);
     if (dialog.DoModal() != IDOK) return 0;
     action = dialog.result;
@@ -33,8 +31,8 @@ int askWindowAction(CWnd* parent, unsigned& action, const wchar_t* windowName) {
 unsigned MessageDlg(CWnd* parent, const wchar_t* text, const wchar_t* caption, unsigned style) {
     if (!kxGuiModuleReady()) return static_cast<unsigned>(-1);
     const auto parts = kx::frame::splitMessage(orEmpty(text));
-    CTaskDialogVE dialog(parent, orEmpty(caption), parts.instruction, parts.content, kx::frame::taskButtonsOf(style),
-                         kx::frame::taskIconOf(style));
+    CTaskDialogVE dialog(parent, orEmpty(caption), parts.instruction, parts.content,
+                         kx::frame::taskButtonsOf(style), kx::frame::taskIconOf(style));
     const tv::host::ModalBracket bracket;
     return static_cast<unsigned>(dialog.DoModal());
 }
@@ -64,6 +62,7 @@ int QuestionDlg(const wchar_t* caption, const wchar_t* title, const wchar_t* sub
 
 int WindowXbuttonMessageDlg(CWnd* parent, unsigned& action, const wchar_t* windowName) {
     action = windowActionClose;
-    return openDrawingWindows() > 1 ? askWindowAction<CWindowXbuttonMessageDlg>(parent, action, orEmpty(windowName))
-                                    : askWindowAction<CSingleWindowXbuttonMessageDlg>(parent, action, orEmpty(windowName));
+    return openDrawingWindows() > 1
+               ? askWindowAction(CWindowXbuttonMessageDlg(parent), action, orEmpty(windowName))
+               : askWindowAction(CSingleWindowXbuttonMessageDlg(parent), action, orEmpty(windowName));
 }

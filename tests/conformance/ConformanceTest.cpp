@@ -378,7 +378,9 @@ TYPED_TEST(Conformance, Timers) {
     });
     auto second = toolkit.post(note(1));
     EXPECT_TRUE(ran.empty()); // never inside the event that asked for it
-    this->face.pass(60ms);
+    // A busy machine may take its time; the order is what counts.
+    for (int i = 0; again.pending() && i < 500; ++i)
+        this->face.pass(10ms);
     EXPECT_EQ(ran, (std::vector<int>{0, 1, 10, 2, 3, 4}));
     EXPECT_FALSE(late.pending() || early.pending() || again.pending());
 }
@@ -389,7 +391,8 @@ TYPED_TEST(Conformance, WindowTimersDieWithTheRun) {
         dlg.SetTimer(1, 5);
         dlg.SetTimer(2, 5);
         dlg.KillTimer(2);
-        this->face.pass(40ms);
+        for (int i = 0; dlg.ticks.size() < 2 && i < 500; ++i)
+            this->face.pass(10ms);
         EXPECT_GE(dlg.ticks.size(), 2u);
         EXPECT_EQ(std::count(dlg.ticks.begin(), dlg.ticks.end(), 2u), 0);
     });
