@@ -134,7 +134,8 @@ void ListBridge::showColumns() {
         // A width the person dragged stays until the dialog asks for another one.
         if (!columns[i].visible || m_widths[i] == columns[i].width) continue;
         m_widths[i] = columns[i].width;
-        m_view.setColumnWidth(at, m_widths[i]);
+        // At least as wide as the title in the current language.
+        m_view.setColumnWidth(at, std::max(m_widths[i], m_view.horizontalHeader()->sectionSizeHint(at)));
     }
 }
 
