@@ -1,7 +1,6 @@
 #include "tavocad/Options.h"
 
 #include "platform/text/Unicode.h"
-#include "tavocad/Face.h"
 #include "tavocad/Languages.h"
 #include "tavocad/Version.h"
 
@@ -18,12 +17,12 @@ bool displayThere() {
 }
 } // namespace
 
-std::optional<int> parseOptions(int argc, const char* const* argv, Options& options) {
+std::optional<int> parseOptions(int argc, const char* const* argv, bool window, Options& options) {
     CLI::App app("TavoCAD opens drawings, shows them and changes their settings in dialogs.", "tavocad");
     std::string language;
     std::optional<Face> face;
     std::map<std::string, Face> faces{{"headless", Face::headless}};
-    if (windowBuiltIn()) faces.emplace("qt", Face::qt);
+    if (window) faces.emplace("qt", Face::qt);
     const std::map<std::string, ThemeChoice> themes{
         {"light", ThemeChoice::light}, {"dark", ThemeChoice::dark}, {"system", ThemeChoice::system}};
 
@@ -32,7 +31,7 @@ std::optional<int> parseOptions(int argc, const char* const* argv, Options& opti
     app.add_option("--face", face, "How dialogs are shown; without it qt when there is a display")
         ->transform(CLI::Transformer(faces))
         ->check(CLI::IsMember(std::vector<Face>{Face::headless, Face::qt}))
-        ->option_text(windowBuiltIn() ? "headless|qt" : "headless");
+        ->option_text(window ? "headless|qt" : "headless");
     app.add_option("--language", language, "Language of the texts")
         ->check(CLI::IsMember({"kr", "en", "jp", "rs", "ch"}))
         ->option_text("kr|en|jp|rs|ch");
@@ -51,7 +50,7 @@ std::optional<int> parseOptions(int argc, const char* const* argv, Options& opti
         return app.exit(error);
     }
     if (!language.empty()) options.language = uiLanguage(tv::text::fromUtf8(language));
-    options.face = face.value_or(windowBuiltIn() && displayThere() ? Face::qt : Face::headless);
+    options.face = face.value_or(window && displayThere() ? Face::qt : Face::headless);
     if (options.face == Face::headless && !options.automation) {
         std::fputs(face ? "tavocad: the headless face needs --automation: there is nobody to look at it\n"
                         : "tavocad: there is no display to show a window on; use --automation\n",

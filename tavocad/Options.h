@@ -20,6 +20,6 @@ struct Options {
     std::filesystem::path screenshots;    // where relative screenshot paths start
 };
 
-// Fills `options`. An exit code when the program ends here: help or version was shown, or an option makes no
-// sense (stderr says which).
-std::optional<int> parseOptions(int argc, const char* const* argv, Options& options);
+// Fills `options`; `window`: this build can show windows. An exit code when the program ends here: help or
+// version was shown, or an option makes no sense (stderr says which).
+std::optional<int> parseOptions(int argc, const char* const* argv, bool window, Options& options);

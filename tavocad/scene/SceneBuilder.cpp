@@ -8,6 +8,7 @@
 #include "platform/text/Unicode.h"
 #include "tavocad/scene/Flatten.h"
 #include "tavocad/scene/Transform.h"
+#include "tavocad/scene/WidePolyline.h"
 
 #include <algorithm>
 #include <cmath>
@@ -161,6 +162,14 @@ class Builder {
     }
     void draw(const PolylineGeometry& line) {
         if (line.vertices.empty()) return;
+        if (!line.is3d && hasWidth(line)) {
+            const PolylineParts parts = partsOf(line);
+            for (const auto& area : parts.areas)
+                path(area, line.normal, true);
+            for (const auto& thin : parts.lines)
+                path(thin, line.normal);
+            return;
+        }
         std::vector<OdGePoint3d> points{line.vertices.front().position};
         const std::size_t count = line.vertices.size();
         for (std::size_t i = 1; i < count + (line.closed && count > 1); ++i) {

@@ -13,6 +13,18 @@ CommandEdit::CommandEdit(QWidget* parent) : QLineEdit(parent), m_words(new QStri
 
 void CommandEdit::setWords(const QStringList& words) { m_words->setStringList(words); }
 
+bool CommandEdit::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && text().isEmpty()) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo) ||
+            key->keyCombination() == (Qt::CTRL | Qt::Key_Y)) {
+            event->ignore(); // the menu's
+            return false;
+        }
+    }
+    return QLineEdit::event(event);
+}
+
 void CommandEdit::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
     case Qt::Key_Return:
@@ -20,6 +32,7 @@ void CommandEdit::keyPressEvent(QKeyEvent* event) {
         enter();
         return;
     case Qt::Key_Escape:
+        completer()->popup()->hide();
         if (text().isEmpty()) Q_EMIT cancelled();
         clear();
         m_at = static_cast<int>(m_history.size());

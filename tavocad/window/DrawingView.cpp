@@ -122,7 +122,7 @@ void DrawingView::paintPaths(QPainter& painter, const Box& visible) const {
             line.append(toScreen(scene.points[p]));
         painter.setBrush(path.filled ? QBrush(color) : QBrush(Qt::NoBrush));
         if (path.filled)
-            painter.drawPolygon(line);
+            painter.drawPolygon(line, Qt::WindingFill); // a wide arc may overlap itself
         else
             painter.drawPolyline(line);
     }

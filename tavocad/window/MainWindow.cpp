@@ -7,6 +7,7 @@
 #include "platform/host/TavoUnits.h"
 #include "platform/text/MessageManager.h"
 #include "platform/text/ResourceString.h"
+#include "platform/text/SettingsStore.h"
 #include "tavocad/TavoSession.h"
 #include "tavocad/window/CommandEdit.h"
 #include "tavocad/window/DrawingView.h"
@@ -20,10 +21,11 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QStatusBar>
-#include <QTimer>
 
 namespace {
 constexpr int shownLines = 5000;
+constexpr QSize usualSize(1100, 760);
+constexpr wchar_t placeKey[] = L"Window";
 
 QString droppedDrawing(const QMimeData* data) {
     const QList<QUrl> urls = data->urls();
@@ -34,12 +36,13 @@ QString droppedDrawing(const QMimeData* data) {
 MainWindow::MainWindow(TavoSession& session) : m_session(session) {
     setObjectName(QStringLiteral("TavoCAD"));
     setAcceptDrops(true);
-    resize(1100, 760);
+    resize(usualSize);
     buildPanes();
     buildMenus();
     observe();
     retranslate();
     updateWords();
+    restorePlace();
     m_command->setFocus();
 }
 
@@ -105,11 +108,19 @@ void MainWindow::observe() {
         [this](const OdString& line) { m_history->appendPlainText(toQt(line.view())); }));
     m_subscriptions.push_back(host.documentManager()->onDocumentEvent([this](auto, auto*) { showTitle(); }));
     m_subscriptions.push_back(m_session.onCommandEnded([this](const OdString&, int) { showTitle(); }));
+    m_valuesChanged.setSingleShot(true);
+    m_valuesChanged.setInterval(0);
+    connect(&m_valuesChanged, &QTimer::timeout, this, [this] {
+        showPosition(m_x, m_y);
+        showTitle();
+    });
     m_subscriptions.push_back(host.sysvarManager()->onSysvarChanged(
-        [this](const OdString&, const OdDbDatabasePtr&) { showPosition(m_x, m_y); }));
+        [this](const OdString&, const OdDbDatabasePtr&) { m_valuesChanged.start(); }));
+    m_subscriptions.push_back(m_session.quitting.connect([this] { rememberPlace(); }));
     m_subscriptions.push_back(m_session.zoomExtents.connect([this] { m_view->zoomExtents(); }));
     m_subscriptions.push_back(m_session.points().onWaiting([this](bool waiting) {
         if (waiting) {
+            activateWindow(); // a dialog that got out of the way may have had the keyboard
             const auto base = m_session.points().base();
             m_view->beginPick(base ? std::optional(OdGePoint2d{base->x, base->y}) : std::nullopt);
         } else {
@@ -145,6 +156,18 @@ void MainWindow::updateWords() {
     m_command->setWords(words);
 }
 
+void MainWindow::restorePlace() {
+    const auto stored = m_session.host().settings()->getString(TavoSession::settingsSection, placeKey);
+    if (stored) restoreGeometry(QByteArray::fromBase64(toQt(*stored).toLatin1()));
+    // A damaged setting is taken for what its beginning says.
+    if (size() != size().expandedTo(minimumSizeHint())) resize(usualSize);
+}
+
+void MainWindow::rememberPlace() {
+    m_session.host().settings()->setString(TavoSession::settingsSection, placeKey,
+                                           fromQt(QString::fromLatin1(saveGeometry().toBase64())).view());
+}
+
 // --- what the window shows
 // -------------------------------------------------------------------------------------------
 
@@ -157,8 +180,11 @@ void MainWindow::showPrompt() {
 void MainWindow::showTitle() {
     const QString product = toQt(m_session.host().productName().view());
     TavoDocument* document = m_session.document();
+    const QString mark = QStringLiteral("[*]"); // where Qt shows that something was changed; doubled: itself
+    setWindowTitle(document ? toQt(document->name().view()).replace(mark, mark + mark) + mark +
+                                  QStringLiteral(" - ") + product
+                            : product);
     setWindowModified(document && document->isModified());
-    setWindowTitle(document ? toQt(document->name().view()) + QStringLiteral("[*] - ") + product : product);
     const OdDbDatabasePtr database = document ? document->database() : nullptr;
     m_undo->setEnabled(database && database->hasUndo());
     m_redo->setEnabled(database && database->hasRedo());
@@ -201,7 +227,9 @@ void MainWindow::dropEvent(QDropEvent* event) {
 
 void MainWindow::keyPressEvent(QKeyEvent* event) {
     const QString text = event->text();
-    if (text.isEmpty() || !text.front().isPrint()) return QMainWindow::keyPressEvent(event);
+    // Alt and a letter nobody listens to is no text.
+    const bool shortcut = event->modifiers() & (Qt::AltModifier | Qt::ControlModifier | Qt::MetaModifier);
+    if (shortcut || text.isEmpty() || !text.front().isPrint()) return QMainWindow::keyPressEvent(event);
     m_command->setFocus();
     m_command->insert(text);
 }

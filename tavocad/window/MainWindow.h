@@ -4,6 +4,7 @@
 #include "tavocad/Options.h"
 
 #include <QMainWindow>
+#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -18,7 +19,8 @@ class QLabel;
 class QPlainTextEdit;
 
 // The program's window: menus, the drawing, what the program said and the line to tell it what to do. It knows
-// no command; everything goes through the session.
+// no command; everything goes through the session. Its size and place are remembered in the settings when the
+// program quits.
 class MainWindow : public QMainWindow {
     Q_OBJECT
   public:
@@ -50,6 +52,8 @@ class MainWindow : public QMainWindow {
     void showTitle();
     void showPosition(double x, double y);
     void updateWords();
+    void restorePlace();
+    void rememberPlace();
 
     TavoSession& m_session;
     DrawingView* m_view = nullptr;
@@ -63,4 +67,5 @@ class MainWindow : public QMainWindow {
     std::vector<tv::host::Subscription> m_subscriptions;
     std::shared_ptr<void> m_languageHandle;
     double m_x = 0, m_y = 0;
+    QTimer m_valuesChanged; // once for all variables that change in an event
 };

@@ -106,7 +106,10 @@ void MainWindow::buildMenus() {
     for (const UiLanguage& language : uiLanguages()) {
         QAction* action = addAction(
             languages, [&language] { return toQt(language.ownName); },
-            [this, &language] { m_session.runCommand(L"LANGUAGE", language.code); });
+            [this, &language] {
+                // Refused, the mark goes back to the language in use.
+                if (m_session.runCommand(L"LANGUAGE", language.code) != RTNORM) retranslate();
+            });
         action->setCheckable(true);
         m_languages->addAction(action);
         m_texts.push_back(

@@ -3,8 +3,8 @@
 #include "tavocad/Program.h"
 #include "tavocad/TavoSession.h"
 #include "tavocad/automation/AutomationServer.h"
+#include "tavocad/window/FileQuestions.h"
 #include "tavocad/window/MainWindow.h"
-#include "tavocad/window/QtText.h"
 #include "tavocad/window/WatchedChannel.h"
 
 #include "platform/host/TavoInterfaces.h"
@@ -15,7 +15,6 @@
 #include "qt/QtToolkit.h"
 
 #include <QApplication>
-#include <QFileDialog>
 #include <QStandardPaths>
 
 #include <clocale>
@@ -29,21 +28,6 @@ std::unique_ptr<tv::SettingsStore> settingsOf(const Options& options) {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
     return std::make_unique<tv::FileSettingsStore>(std::filesystem::path(folder.toStdString()) / "TavoCAD" /
                                                    "settings.ini");
-}
-
-std::optional<std::filesystem::path> askFile(MainWindow& window, TavoSession& session,
-                                             TavoSession::FileQuestion question) {
-    const QString filter = toQt(VORD_ResourceString("IDS_TAVO_WIN_DXF_FILES", L"DXF 도면 (*.dxf)"));
-    QString start;
-    if (TavoDocument* document = session.document()) start = QString::fromStdString(document->path().string());
-    const QString file =
-        question == TavoSession::FileQuestion::open
-            ? QFileDialog::getOpenFileName(
-                  &window, toQt(VORD_ResourceString("IDS_TAVO_WIN_OPEN", L"도면 열기")), start, filter)
-            : QFileDialog::getSaveFileName(
-                  &window, toQt(VORD_ResourceString("IDS_TAVO_WIN_SAVE", L"도면 저장")), start, filter);
-    if (file.isEmpty()) return std::nullopt;
-    return file.toStdString();
 }
 
 ThemeChoice themeOf(const Options& options, TavoSession& session) {
