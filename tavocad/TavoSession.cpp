@@ -184,6 +184,11 @@ bool TavoSession::closeAsking(TavoDocument* document) {
         if (answer == IDYES) {
             std::filesystem::path file;
             if (document->path().empty()) {
+                if (!askFile)
+                    m_host->commandLine()->print(
+                        format(VORD_ResourceString("IDS_TAVO_FILE_NAME_MISSING",
+                                                   L"파일 이름이 필요합니다. 예: %s drawing.dxf"),
+                               L"SAVEAS"));
                 const auto asked = askFile ? askFile(FileQuestion::save) : std::nullopt;
                 if (!asked) return false;
                 file = *asked;

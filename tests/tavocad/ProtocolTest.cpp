@@ -1,3 +1,4 @@
+#include "platform/host/TavoSysvarManager.h"
 #include "tests/tavocad/ScriptedSession.h"
 
 #include <gmock/gmock.h>
@@ -158,4 +159,130 @@ TEST_F(Protocol, PointsAreReadAsTyped) {
     EXPECT_NEAR(polar->y, 22, 1e-12);
     for (const wchar_t* text : {L"", L"1", L"1,2,3,4", L"1,x", L"1;2", L"2<", L"@", L"1,,2"})
         EXPECT_FALSE(parsePoint(text, base)) << testing::PrintToString(std::wstring(text));
+}
+
+// Every field of every request, missing or of every wrong type, with a window open: the refusal names the
+// field, and neither the window nor the drawing has changed.
+TEST_F(Protocol, EveryFieldIsChecked) {
+    struct Field {
+        const char *request, *name;
+        const char* rest;     // what else the request needs
+        const char* accepted; // the one of the values below that it takes
+        bool optional = false;
+    };
+    const char control[] = R"("control":"IDC_UNITS_LTYPE")";
+    const std::vector<Field> fields = {
+        {"open", "path", "", R"("x")"},
+        {"save", "path", "", R"("x")", true},
+        {"getvar", "name", "", R"("x")"},
+        {"setvar", "name", R"("value":1)", R"("x")"},
+        {"command", "name", "", R"("x")"},
+        {"command", "arguments", R"("name":"NEW")", R"("x")", true},
+        {"language", "name", "", R"("x")"},
+        {"select", "handles", "", "[]"},
+        {"click", "control", "", R"("x")"},
+        {"type", "text", control, R"("x")"},
+        {"type", "control", R"("text":"")", R"("x")"},
+        {"choose", "index", control, "7"},
+        {"choose", "text", control, R"("x")", true},
+        {"check", "checked", R"("control":"IDC_UNITS_CLOCKWISE")", "true", true},
+        {"selectRows", "rows", control, "[]"},
+        {"cell", "row", R"("column":0,"control":"IDOK")", "7"},
+        {"cell", "column", R"("row":0,"control":"IDOK")", "7"},
+        {"cell", "action", R"("row":0,"column":0,"control":"IDOK")", "", true},
+        {"cell", "text", R"("row":0,"column":0,"action":"edit","control":"IDOK")", R"("x")"},
+        {"header", "column", control, "7"},
+        {"tree", "path", control, "[]"},
+        {"tree", "expanded", R"("path":[],"action":"expand","control":"IDOK")", "true", true},
+        {"key", "key", "", R"("x")"},
+        {"menu", "text", "", R"("x")"},
+        {"point", "at", "", ""},
+        {"point", "cancel", "", "true", true},
+        {"advance", "ms", "", "7"},
+        {"screenshot", "path", "", R"("x")"},
+        {"dialog", "first", "", "7", true},
+    };
+    std::string script = "{\"do\":\"new\"}\n{\"do\":\"command\",\"name\":\"UNITS\"}\n{\"do\":\"dialog\"}\n";
+    std::vector<std::string> names;
+    for (const Field& field : fields)
+        for (const std::string value :
+             {"", "null", "7", "1.5", "99999999999", R"("x")", "true", "[]", "[{}]", "{}"}) {
+            const bool missing = value.empty() || value == "null";
+            if (value == field.accepted || (missing && field.optional)) continue;
+            script += std::string("{\"do\":\"") + field.request + "\"";
+            if (*field.rest) script += std::string(",") + field.rest;
+            if (!value.empty()) script += std::string(",\"") + field.name + "\":" + value;
+            script += "}\n";
+            names.push_back(field.name);
+        }
+    const auto replies = run(script + "{\"do\":\"dialog\"}\n{\"do\":\"click\",\"control\":\"IDCANCEL\"}\n");
+    ASSERT_EQ(replies.size(), names.size() + 5);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const auto& reply = replies[i + 3];
+        EXPECT_FALSE(reply["ok"].get<bool>()) << names[i] << ' ' << reply.dump();
+        EXPECT_THAT(error(reply), HasSubstr('"' + names[i] + '"'));
+        EXPECT_EQ(reply["modal"], "IDD_UNITS");
+    }
+    EXPECT_EQ(replies[2]["dialog"], replies[names.size() + 3]["dialog"]);
+    EXPECT_FALSE(session.document()->isModified());
+}
+
+// Each drawing keeps its own values and steps; opening an open file again only brings it to the front.
+TEST_F(Protocol, SeveralDrawingsAtOnce) {
+    const std::string openPlan = "{\"do\":\"open\",\"path\":" + quoted(makeDrawing("plan.dxf")) + "}\n";
+    const std::string get = "{\"do\":\"getvar\",\"name\":\"LUNITS\"}\n", undo = "{\"do\":\"undo\"}\n";
+    auto set = [](int value) {
+        return "{\"do\":\"setvar\",\"name\":\"LUNITS\",\"value\":" + std::to_string(value) + "}\n";
+    };
+    const auto replies =
+        run(openPlan + set(4) + "{\"do\":\"new\"}\n" + set(5) + openPlan + get + undo + undo + get +
+            "{\"do\":\"save\"}\n{\"do\":\"close\"}\n" + get + undo +
+            "{\"do\":\"command\",\"name\":\"REDO\"}\n{\"do\":\"command\",\"name\":\"CLOSE\"}\n" +
+            "{\"do\":\"click\",\"control\":\"IDYES\"}\n{\"do\":\"close\"}\n" + get);
+    EXPECT_EQ(replies[5]["value"], 4);
+    EXPECT_TRUE(replies[6]["ok"].get<bool>());
+    EXPECT_FALSE(replies[7]["ok"].get<bool>()) << "the other drawing's step is not this one's";
+    EXPECT_EQ(replies[8]["value"], 2);
+    EXPECT_EQ(replies[10]["discarded"], false);
+    EXPECT_EQ(replies[11]["value"], 5);
+    EXPECT_EQ(replies[14]["modal"], "IDD_TASK_DIALOG");
+    EXPECT_EQ(replies[15]["ended"]["result"], RTCAN) << "there is no name to save to";
+    EXPECT_EQ(replies[15]["messages"].size(), 1U);
+    EXPECT_EQ(replies[16]["discarded"], true);
+    EXPECT_FALSE(replies[17]["ok"].get<bool>()) << "no drawing is open";
+}
+
+// Whatever a variable can't take is one sentence with its name, the value and what is allowed; it stays as it
+// was.
+TEST_F(Protocol, RefusedVariablesSayWhatIsAllowed) {
+    run("{\"do\":\"new\"}\n");
+    const std::pair<const wchar_t*, const wchar_t*> lines[] = {{L"LUNITS abc", L"정수"},
+                                                               {L"LUNITS 2.5", L"정수"},
+                                                               {L"LUNITS 9", L"1"},
+                                                               {L"LUNITS 99999999999", L""},
+                                                               {L"LTSCALE -1", L"0"},
+                                                               {L"LTSCALE 1e999", L"실수"},
+                                                               {L"LTSCALE nan", L"실수"},
+                                                               {L"ANGDIR 2", L"1"},
+                                                               {L"INSBASE 1,x", L"x,y,z"},
+                                                               {L"CECOLOR purple", L"색"},
+                                                               {L"CLAYER nolayer", L"nolayer"},
+                                                               {L"ACADVER 1", L"읽기"},
+                                                               {L"SETVAR NOSUCH 1", L"없습니다"}};
+    for (const auto& [line, allowed] : lines) {
+        const std::wstring text(line);
+        const std::size_t blank = text.rfind(L' ');
+        std::wstring name = text.substr(0, blank);
+        name = name.substr(name.find(L' ') + 1);
+        OdString before, after;
+        session.host().sysvarManager()->getText(name, before, nullptr);
+        session.host().commandLine()->takeNew();
+        EXPECT_EQ(session.enterLine(line), RTERROR) << testing::PrintToString(text);
+        const auto said = session.host().commandLine()->takeNew();
+        ASSERT_EQ(said.size(), 1U) << testing::PrintToString(text);
+        EXPECT_THAT(said[0].wstr(), testing::AllOf(HasSubstr(name), HasSubstr(allowed)));
+        session.host().sysvarManager()->getText(name, after, nullptr);
+        EXPECT_EQ(before, after);
+    }
+    EXPECT_FALSE(session.document()->isModified());
 }

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -84,4 +85,37 @@ TEST(Scene, CurvesKeepTheirEndsAndRadius) {
     const Scene scene = sceneOf("", "0|ARC|8|0|10|5|20|5|40|2|50|270|51|90|");
     EXPECT_NEAR(scene.box.left, 5, 1e-9);
     EXPECT_NEAR(scene.box.right, 7, 1e-2);
+}
+
+// An L of width 2 has a mitred corner and exactly its outer size; tapering, thin and doubling-back segments and
+// a full circle of two arcs with a doubled vertex come out as hand calculation says.
+TEST(Scene, PolylinesAreAsWideAsTheySay) {
+    auto boxOf = [](const std::string& widths, const std::string& vertices) {
+        return sceneOf("", "0|LWPOLYLINE|8|0|90|3|" + widths + vertices).box;
+    };
+    const std::string corner = "10|0|20|0|10|10|20|0|10|10|20|10|";
+    const Box square = boxOf("43|2|", corner);
+    EXPECT_NEAR(square.left, 0, 1e-9);
+    EXPECT_NEAR(square.right, 11, 1e-9);
+    EXPECT_NEAR(square.bottom, -1, 1e-9);
+    EXPECT_NEAR(square.top, 10, 1e-9);
+    const Scene l = sceneOf("", "0|LWPOLYLINE|8|0|90|3|43|2|" + corner);
+    ASSERT_EQ(l.paths.size(), 2U);
+    EXPECT_TRUE(l.paths[0].filled);
+    EXPECT_EQ(std::count(l.points.begin(), l.points.end(), OdGePoint2d(11, -1)), 2) << "both reach the corner";
+
+    const Scene mixed = sceneOf("", "0|LWPOLYLINE|8|0|90|3|10|0|20|0|40|4|41|0|10|10|20|0|10|20|20|0|");
+    ASSERT_EQ(mixed.paths.size(), 2U);
+    EXPECT_TRUE(mixed.paths[0].filled);
+    EXPECT_FALSE(mixed.paths[1].filled);
+    EXPECT_NEAR(mixed.box.top, 2, 1e-9);
+    EXPECT_NEAR(mixed.box.left, 0, 1e-9);
+
+    const Box needle = boxOf("43|2|", "10|0|20|0|10|100|20|0|10|0|20|1|");
+    EXPECT_LT(needle.right, 102) << "a sharp corner does not stick out";
+    const Box ring = boxOf("70|1|43|1|", "10|-2|20|0|42|1|10|2|20|0|10|2|20|0|42|1|");
+    EXPECT_NEAR(ring.right, 2.5, 1e-2);
+    EXPECT_NEAR(ring.top, 2.5, 1e-2);
+    for (const char* width : {"43|-1|", "43|1e999|", "43|0|"})
+        EXPECT_NEAR(boxOf(width, corner).right, 10, 1e-9) << width;
 }
