@@ -16,6 +16,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QTest>
 
 #include <gmock/gmock.h>
@@ -139,8 +140,9 @@ class ScriptedWindow : public testing::Test {
     }
     // Where in the drawing a pixel of the drawing area is.
     OdGePoint2d at(QPoint pixel) {
-        QTest::mouseMove(&view, pixel + QPoint(1, 1));
-        QTest::mouseMove(&view, pixel);
+        // Not by way of the screen, which knows whole pixels of its own only.
+        QMouseEvent event(QEvent::MouseMove, pixel, view.mapToGlobal(pixel), Qt::NoButton, {}, {});
+        QApplication::sendEvent(&view, &event);
         return pointed;
     }
     // What the program said since the last call.
