@@ -23,7 +23,7 @@ FILES = {
                       ("#include <QString>", "Qt is known")],
     "tavocad/window/a.cpp": [('#include "qt/b.h"', None), ('#include "tavocad/b.h"', None), ("#include <QString>", None)],
     "docs/a.md": [("see Part " + "1.2", "not here"), ("as is" + "sue 7 says", "tracker"), ("# TO" + "DO", "unfinished"),
-                  ("/ho" + "me/me/x", "one machine"), ("${HOME}/work/x and a/work/b", None), ("part 2 of 3", None)],
+                  ("/ho" + "me/me/x", "one machine"), ("${HOME}/wo" + "rk/x and a/wo" + "rk/b", None), ("part 2 of 3", None)],
 }
 
 with tempfile.TemporaryDirectory() as folder:
