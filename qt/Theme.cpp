@@ -1,13 +1,39 @@
 #include "qt/Theme.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <QPalette>
+#include <QProxyStyle>
 #include <QStyle>
 #include <QStyleFactory>
+#include <QStyleOption>
 #include <QWidget>
 
 namespace tv::qt {
 namespace {
+
+// Fusion's empty check boxes and radio buttons all but vanish on a dark window: they get an outline in the
+// colour of placeholder texts, which is chosen to be seen on every background.
+class OutlinedFusion : public QProxyStyle {
+  public:
+    OutlinedFusion() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        if (element != PE_IndicatorCheckBox && element != PE_IndicatorRadioButton) return;
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setBrush(Qt::NoBrush);
+        painter->setPen(QPen(option->palette.color(QPalette::PlaceholderText), 1));
+        const QRectF outline = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+        if (element == PE_IndicatorCheckBox)
+            painter->drawRect(outline);
+        else
+            painter->drawEllipse(outline);
+        painter->restore();
+    }
+};
 
 struct Colors {
     QRgb window, base, alternate, button, text, disabledText, placeholder, highlight, highlightedText, link,
@@ -101,8 +127,7 @@ QPalette themePalette(Theme theme) {
 
 void applyTheme(Theme theme) {
     const QPalette palette = themePalette(theme);
-    if (QApplication::style()->name().compare(QLatin1String("fusion"), Qt::CaseInsensitive) != 0)
-        QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    if (!dynamic_cast<OutlinedFusion*>(QApplication::style())) QApplication::setStyle(new OutlinedFusion);
     QApplication::setPalette(palette);
     // Qt tells the widgets of a new palette only while QApplication::exec runs; a host may run loops of its
     // own.

@@ -52,8 +52,14 @@ std::optional<int> parseOptions(int argc, const char* const* argv, bool window, 
     if (!language.empty()) options.language = uiLanguage(tv::text::fromUtf8(language));
     options.face = face.value_or(window && displayThere() ? Face::qt : Face::headless);
     if (options.face == Face::headless && !options.automation) {
-        std::fputs(face ? "tavocad: the headless face needs --automation: there is nobody to look at it\n"
-                        : "tavocad: there is no display to show a window on; use --automation\n",
+        std::fputs(face     ? "tavocad: the headless face needs --automation: there is nobody to look at it\n"
+                   : window ? "tavocad: there is no display to show a window on; use --automation\n"
+                            : "tavocad: this build has no window; use --automation\n",
+                   stderr);
+        return 2;
+    }
+    if (options.face == Face::qt && !displayThere()) {
+        std::fputs("tavocad: there is no display to show a window on; use --face headless --automation\n",
                    stderr);
         return 2;
     }

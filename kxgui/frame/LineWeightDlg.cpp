@@ -21,8 +21,8 @@ CLineWeightDlg::CLineWeightDlg(const OdDbDatabasePtr& database, CWnd* parent, bo
 void CLineWeightDlg::SetText() {
     SetWindowText(VORD_ResourceString("IDS_TAVO_LINEWEIGHT_CAPTION", L"선가중치 선택"));
     m_label.SetWindowText(VORD_ResourceString("IDS_TAVO_LINEWEIGHT_LIST", L"선가중치(&L):"));
-    m_list.SetColumns({{VORD_ResourceString("IDS_TAVO_LINEWEIGHT_COL_WIDTH", L"폭").c_str(), 130},
-                       {VORD_ResourceString("IDS_TAVO_LINEWEIGHT_COL_SAMPLE", L"모양").c_str(), 100}});
+    m_list.SetColumns({{VORD_ResourceString("IDS_TAVO_LINEWEIGHT_COL_WIDTH", L"폭").c_str(), 120},
+                       {VORD_ResourceString("IDS_TAVO_LINEWEIGHT_COL_SAMPLE", L"모양").c_str(), 60}});
     m_ok.SetWindowText(VORD_ResourceString("IDS_MGD_COMMON_OK", L"확인"));
     m_cancel.SetWindowText(VORD_ResourceString("IDS_MGD_COMMON_CANCEL", L"취소"));
 }

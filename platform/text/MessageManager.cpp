@@ -28,7 +28,7 @@ std::wstring faultReason(tv::text::MessageFault kind) {
     case MessageFault::EmptyKey:
         return VORD_ResourceString("IDS_TAVO_MSGFILE_NO_KEY", L"'=' 앞에 키가 없습니다").c_str();
     case MessageFault::BadSection:
-        return VORD_ResourceString("IDS_TAVO_MSGFILE_SECTION", L"[섹션] 이름이 올바르지 않습니다").c_str();
+        return VORD_ResourceString("IDS_TAVO_MSGFILE_SECTION", L"[섹션] 이름이 올바르지 않아 그 아래 줄도 읽지 않았습니다").c_str();
     case MessageFault::UnknownEscape:
         return VORD_ResourceString("IDS_TAVO_MSGFILE_ESCAPE", L"백슬래시 뒤에 알 수 없는 문자가 있습니다")
             .c_str();

@@ -47,7 +47,12 @@ void AutomationServer::doNew(const Fields&) {
 }
 
 void AutomationServer::doSave(const Fields& fields) {
-    const std::wstring path = fields.optionalText("path").value_or(L"");
+    // Without a path onto the drawing's own file; an empty one is a mistake of the script.
+    const std::optional<std::wstring> given = fields.optionalText("path");
+    if (given && given->empty())
+        throw RequestError{
+            VORD_ResourceString("IDS_TAVO_AUTO_EMPTY_PATH", L"저장할 경로가 비어 있습니다.").c_str()};
+    const std::wstring path = given.value_or(L"");
     requireIdle();
     document();
     require(m_session.save(pathOf(path)));

@@ -1,11 +1,15 @@
 #include "tavocad/automation/VariableJson.h"
 
+#include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdResBuf.h"
+#include "platform/host/TavoInterfaces.h"
 #include "platform/host/TavoSysvarManager.h"
 #include "platform/text/Format.h"
 #include "platform/text/ResourceString.h"
 #include "platform/text/Unicode.h"
 #include "tavocad/automation/Fields.h"
+
+#include <optional>
 
 using Json = nlohmann::ordered_json;
 using tv::text::format;
@@ -66,5 +70,9 @@ void writeVariable(TavoSysvarManager& manager, const std::wstring& name, const n
     if (!buffer)
         Fields::wrongType("value",
                           VORD_ResourceString("IDS_TAVO_AUTO_TYPE_VARIABLE", L"숫자, 문자열 또는 [x, y, z]"));
-    if (manager.setVar(name, *buffer, nullptr) != Tavo::eOk) throw RequestError{manager.lastProblem().sentence};
+    const OdDbDatabasePtr database = tvedWorkingDatabase();
+    std::optional<OdDbUndoScope> step;
+    if (database) step.emplace(*database, L"_SETVAR");
+    if (manager.setVar(name, *buffer, database) != Tavo::eOk)
+        throw RequestError{manager.lastProblem().sentence};
 }
