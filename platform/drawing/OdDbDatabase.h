@@ -91,7 +91,6 @@ class KXPLATFORM_EXPORT OdDbDatabase {
     // Main entities in file order, without allocating (see OdDbEntity.h).
     OdDbEntityRange modelSpace() const;
     OdDbEntityRange paperSpace() const;
-    // Main entities in file order, without allocating (see OdDbEntity.h).
 
     // Null ids for tables the file lacks.
     OdDbObjectId getLayerTableId() const;

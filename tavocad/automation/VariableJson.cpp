@@ -4,6 +4,7 @@
 #include "platform/drawing/OdResBuf.h"
 #include "platform/host/TavoInterfaces.h"
 #include "platform/host/TavoSysvarManager.h"
+#include "platform/host/sysvars/SysvarRules.h"
 #include "platform/text/Format.h"
 #include "platform/text/ResourceString.h"
 #include "platform/text/Unicode.h"
@@ -18,8 +19,7 @@ namespace {
 
 void requireKnown(const TavoSysvarManager& manager, const std::wstring& name) {
     if (manager.type(name) == TavoSysvarType::kNone)
-        throw RequestError{format(
-            VORD_ResourceString("IDS_TAVO_UNKNOWN_VARIABLE", L"\"%s\"(이)라는 시스템 변수는 없습니다."), name)};
+        throw RequestError{tv::host::unknownVariable(name).sentence};
 }
 
 std::optional<OdResBuf> toBuffer(const nlohmann::json& value, TavoSysvarType type) {

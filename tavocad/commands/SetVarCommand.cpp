@@ -3,6 +3,7 @@
 #include "platform/host/TavoCommandLine.h"
 #include "platform/host/TavoInterfaces.h"
 #include "platform/host/TavoSysvarManager.h"
+#include "platform/host/sysvars/SysvarRules.h"
 #include "platform/text/Format.h"
 #include "platform/text/ResourceString.h"
 #include "platform/text/Unicode.h"
@@ -36,8 +37,7 @@ int setVar(TavoSession& session) {
     const int blank = line.find(L' ');
     const OdString name = tv::text::toUpper((blank < 0 ? line : line.left(blank)).view());
     if (manager.type(name) == TavoSysvarType::kNone) {
-        session.host().commandLine()->print(tv::text::format(
-            VORD_ResourceString("IDS_TAVO_UNKNOWN_VARIABLE", L"\"%s\"(이)라는 시스템 변수는 없습니다."), name));
+        session.print(tv::host::unknownVariable(name.view()));
         return RTERROR;
     }
     if (blank < 0) {

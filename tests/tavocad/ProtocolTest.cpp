@@ -268,7 +268,7 @@ TEST_F(Protocol, RefusedVariablesSayWhatIsAllowed) {
                                                                {L"CECOLOR purple", L"색"},
                                                                {L"CLAYER nolayer", L"nolayer"},
                                                                {L"ACADVER 1", L"읽기"},
-                                                               {L"SETVAR NOSUCH 1", L"없습니다"}};
+                                                               {L"SETVAR NOSUCH 1", L"없는 이름입니다"}};
     for (const auto& [line, allowed] : lines) {
         const std::wstring text(line);
         const std::size_t blank = text.rfind(L' ');

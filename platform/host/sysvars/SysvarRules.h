@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Export.h"
 #include "platform/drawing/HeaderValue.h"
 #include "platform/drawing/Value.h"
 #include "platform/host/sysvars/SysvarInfo.h"
@@ -42,6 +43,7 @@ double radiansOf(double degrees);
 
 // Why a write was refused, in one sentence: the variable, the value, what is allowed.
 tv::Problem refusal(const SysvarInfo& info, Tavo::ErrorStatus status, std::wstring_view value);
-tv::Problem unknownVariable(std::wstring_view name);
+// The same for a name that no variable has.
+KXPLATFORM_EXPORT tv::Problem unknownVariable(std::wstring_view name);
 
 } // namespace tv::host
