@@ -11,8 +11,12 @@ endif()
 if(KXGUI_SANITIZE)
   # With the sanitizers' checks in the way GCC 12 can't follow a std::variant and warns of members that are never read.
   target_compile_options(kxgui_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
-                                                 -fno-omit-frame-pointer -Wno-maybe-uninitialized)
+                                                 -fno-omit-frame-pointer $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
   target_link_options(kxgui_options INTERFACE -fsanitize=address,undefined)
 endif()
 target_include_directories(kxgui_options INTERFACE $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
                                                    $<BUILD_INTERFACE:${PROJECT_BINARY_DIR}>)
+if(KXGUI_LIBFUZZER)
+  target_compile_options(kxgui_options INTERFACE -fsanitize=fuzzer-no-link)
+  target_link_options(kxgui_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
