@@ -63,8 +63,21 @@ OdDbDatabase::~OdDbDatabase() {
 
 OdDbDatabase::OpenResult OdDbDatabase::open(const std::filesystem::path& file) {
     std::string bytes;
+    const FileStamp stamp = FileStamp::of(file); // before reading: what changes meanwhile is noticed
     if (tv::Problem problem = tv::readFile(file, bytes)) return {nullptr, {std::move(problem)}};
-    return openBytes(std::move(bytes), file);
+    OpenResult result = openBytes(std::move(bytes), file);
+    if (result.database) result.database->m_stamp = stamp;
+    return result;
+}
+
+OdDbDatabase::FileStamp OdDbDatabase::FileStamp::of(const std::filesystem::path& file) {
+    std::error_code failed;
+    FileStamp stamp;
+    stamp.size = std::filesystem::file_size(file, failed);
+    if (failed) return {};
+    stamp.time = std::filesystem::last_write_time(file, failed);
+    stamp.known = !failed;
+    return stamp;
 }
 
 OdDbDatabase::OpenResult OdDbDatabase::openBytes(std::string bytes, const std::filesystem::path& name) try {
@@ -76,7 +89,10 @@ OdDbDatabase::OpenResult OdDbDatabase::openBytes(std::string bytes, const std::f
     database->m_impl = std::make_unique<Impl>(*database->m_store);
     database->m_file = name;
     database->m_damaged = !result.problems.empty();
-    if (database->m_damaged) database->m_damagedFile = name;
+    if (database->m_damaged) {
+        database->m_damagedFile = name;
+        database->setReadOnly(true);
+    }
     database->m_store->setListener([raw = database.get()](ChangeKind kind, RecordId id) {
         raw->recordChanged(static_cast<int>(kind), id);
     });
@@ -126,36 +142,57 @@ TableNames& OdDbDatabase::tableNames() { return m_impl->names; }
 
 // --- files ---
 
-tv::Problem OdDbDatabase::save() {
+tv::Problem OdDbDatabase::save(SaveOver over) {
     if (m_file.empty())
         return refusal(Tavo::eInvalidInput, {},
                        VORD_ResourceString("IDS_TAVO_DXF_SAVE_NO_NAME",
                                            L"도면을 저장할 수 없습니다: 아직 파일 이름이 없습니다."));
-    return write(m_file);
+    return write(m_file, over);
 }
 
-tv::Problem OdDbDatabase::saveAs(const std::filesystem::path& file) {
-    tv::Problem problem = write(file);
+tv::Problem OdDbDatabase::saveAs(const std::filesystem::path& file, SaveOver over) {
+    tv::Problem problem = write(file, over);
     if (!problem) m_file = file;
     return problem;
 }
 
-tv::Problem OdDbDatabase::write(const std::filesystem::path& file) {
-    std::error_code ignored;
-    if (m_damaged && (file == m_damagedFile || std::filesystem::equivalent(file, m_damagedFile, ignored)))
+tv::Problem OdDbDatabase::write(const std::filesystem::path& file, SaveOver over) {
+    const auto same = [&](const std::filesystem::path& other) {
+        std::error_code ignored;
+        return file == other || std::filesystem::equivalent(file, other, ignored);
+    };
+    if (over == SaveOver::kNo && m_damaged && same(m_damagedFile))
         return refusal(
             Tavo::eReadOnly, wideName(file),
             VORD_ResourceString("IDS_TAVO_DXF_SAVE_DAMAGED",
                                 L"도면 \"%s\"을(를) 저장할 수 없습니다: 손상된 채 열린 도면이므로 다른 "
                                 L"이름으로 저장하십시오."));
+    if (over == SaveOver::kNo && same(m_file) && changedOnDisk())
+        return refusal(
+            Tavo::eDuplicate, wideName(file),
+            VORD_ResourceString("IDS_TAVO_DXF_SAVE_CHANGED_ON_DISK",
+                                L"도면 \"%s\"을(를) 저장하지 않았습니다: 연 뒤에 다른 프로그램이 파일을 "
+                                L"바꾸었습니다. 다른 이름으로 저장하거나 덮어쓰기를 확인하십시오."));
     tv::Problem problem = tv::writeFileAtomically(file, [this](tv::FileSink& sink) {
         bool good = true;
         m_store->forEachSpan([&](std::string_view part) { good = good && sink.write(part); });
         return good;
     });
-    if (!problem) m_store->undoLog().markSaved();
-    return problem;
+    if (problem) return problem;
+    m_store->undoLog().markSaved();
+    m_stamp = FileStamp::of(file);
+    if (m_damaged && isReadOnly()) setReadOnly(false);
+    return {};
 }
+
+bool OdDbDatabase::changedOnDisk() const {
+    if (!m_stamp.known) return false;
+    const FileStamp now = FileStamp::of(m_file);
+    return now.known && (now.size != m_stamp.size || now.time != m_stamp.time);
+}
+
+bool OdDbDatabase::isReadOnly() const { return m_store->readOnly(); }
+void OdDbDatabase::setReadOnly(bool readOnly) { m_store->setReadOnly(readOnly); }
 
 std::string OdDbDatabase::bytes() const {
     std::string out;

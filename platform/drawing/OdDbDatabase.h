@@ -49,18 +49,29 @@ class KXPLATFORM_EXPORT OdDbDatabase {
     OdDbDatabase(const OdDbDatabase&) = delete;
     OdDbDatabase& operator=(const OdDbDatabase&) = delete;
 
-    // Writes to fileName(). Refused for a drawing without a file name and for a damaged one. A failed save
-    // leaves the old file whole and changed() as it was.
-    tv::Problem save();
-    // Writes to `file` and, when that went well, makes it the fileName(). Allowed for a damaged drawing unless
-    // `file` is the damaged file itself; what could not be understood is written as it was read.
-    tv::Problem saveAs(const std::filesystem::path& file);
+    // Whether a save may replace a file a person might still need. kYes only when somebody was asked.
+    enum class SaveOver : std::uint8_t { kNo, kYes };
+    // Writes to fileName(). Refused for a drawing without a file name and, unless `over` is kYes, over the
+    // damaged file it was read from (eReadOnly) and over a file that is changedOnDisk() (eDuplicate). A failed
+    // save leaves the old file whole and changed() as it was.
+    tv::Problem save(SaveOver over = SaveOver::kNo);
+    // Writes to `file` and, when that went well, makes it the fileName(); a drawing that was read only because
+    // of its damaged file can be edited from then on. What could not be understood is written as it was read.
+    // Refused as save() is when `file` is the drawing's own.
+    tv::Problem saveAs(const std::filesystem::path& file, SaveOver over = SaveOver::kNo);
+    // True when size or time of fileName() are no longer what they were when it was last read or written here;
+    // not for a file that is gone.
+    bool changedOnDisk() const;
     // The bytes save() would write.
     std::string bytes() const;
 
     const std::filesystem::path& fileName() const { return m_file; }
-    // True when reading found faults that may mean lost contents; such a drawing isn't saved over its own file.
+    // True when reading found faults that may mean lost contents. Such a drawing opens read-only and isn't
+    // saved over its own file unless somebody says so.
     bool damaged() const { return m_damaged; }
+    // Edits of a read-only drawing are refused with eReadOnly.
+    bool isReadOnly() const;
+    void setReadOnly(bool readOnly);
     // The version by $ACADVER, and its text ("AC1032", empty when the file says nothing).
     OdDb::DxfVersion version() const;
     OdString versionText() const;
@@ -135,8 +146,14 @@ class KXPLATFORM_EXPORT OdDbDatabase {
 
   private:
     struct Impl;
+    struct FileStamp {
+        std::uintmax_t size = 0;
+        std::filesystem::file_time_type time;
+        bool known = false;
+        static FileStamp of(const std::filesystem::path& file);
+    };
     OdDbDatabase();
-    tv::Problem write(const std::filesystem::path& file);
+    tv::Problem write(const std::filesystem::path& file, SaveOver over);
     void recordChanged(int kind, tv::dwg::RecordId record);
     OdDbObjectId idOf(tv::dwg::RecordId record) const;
     OdDbObjectId tableId(std::string_view name) const;
@@ -145,6 +162,7 @@ class KXPLATFORM_EXPORT OdDbDatabase {
     std::unique_ptr<Impl> m_impl;
     std::filesystem::path m_file;
     std::filesystem::path m_damagedFile;
+    FileStamp m_stamp; // of m_file
     bool m_damaged = false;
 };
 

@@ -117,7 +117,7 @@ OdDbObjectId OdDbObject::idAt(int code) const { return database()->getOdDbObject
 Tavo::ErrorStatus OdDbObject::checkWrite() const {
     if (isErased()) return Tavo::eWasErased;
     if (m_mode != OdDb::kForWrite) return Tavo::eNotOpenForWrite;
-    return database()->store().replaying() ? Tavo::eReadOnly : Tavo::eOk;
+    return database()->store().writable() ? Tavo::eOk : Tavo::eReadOnly;
 }
 
 Tavo::ErrorStatus OdDbObject::setAt(int code, const Value& value, std::initializer_list<int> behind,

@@ -1,5 +1,6 @@
 #include "tests/drawing/Drawings.h"
 
+#include "platform/drawing/OdDbEntity.h"
 #include "platform/drawing/OdDbLayerTable.h"
 
 #include <gmock/gmock.h>
@@ -77,15 +78,73 @@ TEST_F(DamageFiles, DamageNamesTheLineAndKeepsEveryByte) {
         EXPECT_THAT(opened.problems[0].sentence, HasSubstr(std::to_wstring(line)));
         OdDbDatabase& db = *opened.database;
         EXPECT_TRUE(db.damaged());
+        EXPECT_TRUE(db.isReadOnly());
         EXPECT_EQ(db.bytes(), bytes);
-        db.setHeaderVar(L"LUNITS", HeaderValue::integer(4));
+        EXPECT_EQ(db.setHeaderVar(L"LUNITS", HeaderValue::integer(4)).status, Tavo::eReadOnly);
         EXPECT_EQ(db.save().status, Tavo::eReadOnly);
         EXPECT_EQ(db.saveAs(m_folder / "." / "damaged.dxf").status, Tavo::eReadOnly);
         EXPECT_EQ(slurp(path), bytes);
         EXPECT_FALSE(db.saveAs(m_folder / "rescued.dxf"));
-        EXPECT_EQ(slurp(m_folder / "rescued.dxf"), db.bytes());
+        EXPECT_EQ(slurp(m_folder / "rescued.dxf"), bytes);
+        db.setHeaderVar(L"LUNITS", HeaderValue::integer(4));
         EXPECT_FALSE(db.save());
+        EXPECT_EQ(slurp(path), bytes);
+        EXPECT_FALSE(db.saveAs(path, OdDbDatabase::SaveOver::kYes)) << "who was asked may";
+        EXPECT_EQ(slurp(path), db.bytes());
     }
+}
+
+TEST(Damage, ReadingGoesOnBehindEachDamagedPlace) {
+    const std::string whole =
+        lines("0|SECTION|2|HEADER|9|$LUNITS|70|2|9|$LUPREC|70|4|0|ENDSEC|0|SECTION|2|TABLES|0|"
+              "TABLE|2|LAYER|70|2|0|LAYER|2|A|70|0|62|1|0|LAYER|2|B|70|0|62|2|0|ENDTAB|0|ENDSEC|0|"
+              "SECTION|2|ENTITIES|0|POINT|5|1|8|A|0|POINT|5|2|8|B|0|POINT|5|3|8|A|0|ENDSEC|0|EOF");
+    std::string torn = whole;
+    torn.replace(torn.find("70\n2\n9"), 2, "seventy");
+    torn.erase(torn.find("62\n1\n") + 3, 2); // a value line is gone: what follows is read one line off
+    torn.replace(torn.find("8\nB"), 3, "\x01\x02 rubbish\n0\n\xFF\n0\n12\n");
+    const auto opened = OdDbDatabase::openBytes(torn, "torn.dxf");
+    ASSERT_TRUE(opened.database);
+    OdDbDatabase& db = *opened.database;
+    EXPECT_EQ(db.bytes(), torn);
+    ASSERT_EQ(opened.problems.size(), 3u);
+    EXPECT_EQ(opened.problems[0].line, 7);
+    EXPECT_EQ(opened.problems[1].line, 33);
+    EXPECT_EQ(opened.problems[2].line, 58);
+    EXPECT_EQ(db.headerVar(L"LUPREC")->asInteger(), 4);
+    EXPECT_FALSE(db.headerVar(L"LUNITS"));
+    EXPECT_TRUE(db.layers()->has(L"A"));
+    EXPECT_TRUE(db.layers()->has(L"B"));
+    EXPECT_EQ(std::distance(db.modelSpace().begin(), db.modelSpace().end()), 3);
+    db.setReadOnly(false);
+    const auto damaged = db.getOdDbObjectId(OdDbHandle(2)).open<OdDbEntity>(OdDb::kForWrite);
+    ASSERT_TRUE(damaged);
+    EXPECT_EQ(damaged->setColor(OdCmColor::byIndex(3)), Tavo::eOk);
+    EXPECT_THAT(db.bytes(), HasSubstr("rubbish")) << "an edit keeps what it can't read";
+    EXPECT_TRUE(db.undo());
+    EXPECT_EQ(db.bytes(), torn);
+
+    std::string hopeless = whole;
+    for (int i = 0; i < 500; ++i)
+        hopeless.insert(hopeless.find("0\nENDSEC\n0\nEOF"), "0\nPOINT\nbad\n");
+    const auto many = OdDbDatabase::openBytes(hopeless, "hopeless.dxf");
+    ASSERT_EQ(many.problems.size(), 101u);
+    EXPECT_THAT(many.problems.back().sentence, HasSubstr(L"400"));
+}
+
+TEST(Damage, BinaryReadingGoesOnToo) {
+    const std::string mark("AutoCAD Binary DXF\r\n\x1A\0", 22);
+    const auto tag = [](int code, const std::string& text) {
+        return std::string{static_cast<char>(code & 255), static_cast<char>(code >> 8)} + text + '\0';
+    };
+    const std::string bytes = mark + tag(0, "SECTION") + tag(2, "ENTITIES") + tag(0, "POINT") + tag(5, "1") +
+                              "\x7F\x7F garbage" + tag(0, "POINT") + tag(5, "2") + tag(8, "0") +
+                              tag(0, "ENDSEC") + tag(0, "EOF");
+    const auto opened = OdDbDatabase::openBytes(bytes, "torn.dxf");
+    ASSERT_TRUE(opened.database);
+    EXPECT_EQ(opened.problems.size(), 1u);
+    EXPECT_EQ(opened.database->bytes(), bytes);
+    EXPECT_FALSE(opened.database->getOdDbObjectId(OdDbHandle(2)).isNull());
 }
 
 TEST_F(DamageFiles, SavingIsWholeOrNotAtAll) {
@@ -96,8 +155,12 @@ TEST_F(DamageFiles, SavingIsWholeOrNotAtAll) {
     EXPECT_EQ(db->bytes(), whole) << "the file on disk is no concern of the drawing in memory";
     ASSERT_FALSE(db->setHeaderVar(L"LUNITS", HeaderValue::integer(5)));
     EXPECT_TRUE(db->changed());
-    EXPECT_FALSE(db->save());
+    EXPECT_TRUE(db->changedOnDisk());
+    EXPECT_EQ(db->save().status, Tavo::eDuplicate);
+    EXPECT_THAT(slurp(path), HasSubstr("somebody else"));
+    EXPECT_FALSE(db->save(OdDbDatabase::SaveOver::kYes));
     EXPECT_FALSE(db->changed());
+    EXPECT_FALSE(db->changedOnDisk());
     EXPECT_EQ(slurp(path),
               lines("0|SECTION|2|HEADER|9|$LUNITS|70|5|0|ENDSEC|0|SECTION|2|ENTITIES|0|POINT|5|1|8|0|0|"
                     "ENDSEC|0|EOF",

@@ -2,6 +2,7 @@
 
 #include "platform/drawing/HeaderValue.h"
 #include "platform/drawing/dxf/NotADrawing.h"
+#include "platform/drawing/dxf/Resync.h"
 #include "platform/text/Format.h"
 #include "platform/text/ResourceString.h"
 
@@ -48,6 +49,8 @@ class IndexBuilder {
     bool sawSection() const { return m_sawSection; }
     bool ended() const { return m_ended; }
     bool tooLong() const { return m_tooLong; }
+    bool inHeader() const { return m_section == Section::kHeader; }
+    std::size_t faultsLeftOut() const { return m_faultsLeftOut; }
 
     void onTag(const Tag& tag) {
         switch (tag.code) {
@@ -87,7 +90,13 @@ class IndexBuilder {
         }
     }
 
-    void fault(Fault kind, std::size_t offset) { m_faults.push_back({kind, offset}); }
+    // Remembers the first hundred and counts the others.
+    void fault(Fault kind, std::size_t offset) {
+        if (m_faults.size() < kMostFaults)
+            m_faults.push_back({kind, offset});
+        else
+            ++m_faultsLeftOut;
+    }
 
   private:
     // In binary files the value is two bytes, of which the second is zero.
@@ -210,7 +219,9 @@ class IndexBuilder {
 
     RecordStore& m_store;
     std::vector<Record>& m_records;
+    static constexpr std::size_t kMostFaults = 100;
     std::vector<Found> m_faults;
+    std::size_t m_faultsLeftOut = 0;
     Section m_section = Section::kNone;
     Naming m_naming = Naming::kNothing;
     RecordId m_table = kNoRecord;
@@ -221,28 +232,61 @@ class IndexBuilder {
     bool m_tooLong = false;
 };
 
-template <class Scanner>
-void scan(Scanner scanner, IndexBuilder& builder, std::size_t start, std::size_t size) {
+// `scannerAt(offset)` gives a scanner that starts there.
+template <class ScannerAt>
+void scan(const ScannerAt& scannerAt, IndexBuilder& builder, const RecordStore& store, std::size_t start) {
+    const std::string_view bytes = store.bytesAsRead();
+    auto scanner = scannerAt(start);
     std::size_t done = start;
+    std::size_t lastValue = start;
     Tag tag;
-    for (;;) {
+    while (!builder.ended()) {
         const ScanResult result = scanner.next(tag);
-        if (result != ScanResult::kTag) {
-            if (result == ScanResult::kBadCode) builder.fault(Fault::kBadCode, done);
-            if (result == ScanResult::kTruncated) builder.fault(Fault::kTruncated, done);
-            if (result == ScanResult::kEnd) builder.fault(Fault::kNoEnd, size);
+        if (result == ScanResult::kTag) {
+            builder.onTag(tag);
+            done = tag.end;
+            lastValue = static_cast<std::size_t>(tag.value.data() - bytes.data());
+            continue;
+        }
+        if (result == ScanResult::kEnd) {
+            builder.fault(Fault::kNoEnd, bytes.size());
             break;
         }
-        builder.onTag(tag);
-        done = tag.end;
-        if (builder.ended()) break;
+        builder.fault(result == ScanResult::kBadCode ? Fault::kBadCode : Fault::kTruncated, done);
+        if (!builder.sawSection()) break;
+        // What lies between stays at the end of the record it damaged. Where a line is missing, the next
+        // record's group code was taken for a value, so the search begins there.
+        const std::size_t from = store.format().encoding == Encoding::kText ? lastValue : done;
+        std::size_t next = nextRecordStart(store.format(), bytes, from, builder.inHeader());
+        if (next == done) next = nextRecordStart(store.format(), bytes, done + 1, builder.inHeader());
+        if (next == std::string_view::npos) break;
+        scanner = scannerAt(next);
+        done = lastValue = next;
     }
-    builder.finish(done, size);
+    builder.finish(done, bytes.size());
 }
 
-std::int64_t lineOf(std::string_view bytes, std::size_t offset, char lineBreak) {
-    return 1 + std::count(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(offset), lineBreak);
-}
+// Lines of offsets that are asked for in rising order, counted once.
+class LineCounter {
+  public:
+    LineCounter(std::string_view bytes, char lineBreak) : m_bytes(bytes), m_break(lineBreak) {}
+    std::int64_t lineOf(std::size_t offset) {
+        if (offset < m_done) {
+            m_done = 0;
+            m_line = 1;
+        }
+        const auto from = m_bytes.begin() + static_cast<std::ptrdiff_t>(m_done);
+        m_line += std::count(from, m_bytes.begin() + static_cast<std::ptrdiff_t>(offset), m_break);
+        m_done = offset;
+        return m_line;
+    }
+
+  private:
+    std::string_view m_bytes;
+    char m_break;
+    std::size_t m_done = 0;
+    std::int64_t m_line = 1;
+};
 
 std::wstring reason(Fault fault) {
     switch (fault) {
@@ -270,12 +314,13 @@ std::wstring reason(Fault fault) {
     return VORD_ResourceString("IDS_TAVO_DXF_TOO_LONG", L"한 항목이 4GB를 넘습니다").c_str();
 }
 
-tv::Problem describe(const IndexBuilder::Found& found, const RecordStore& store, std::wstring_view file) {
+tv::Problem describe(const IndexBuilder::Found& found, const RecordStore& store, LineCounter& lines,
+                     std::wstring_view file) {
     tv::Problem problem;
     problem.status = Tavo::eBadFile;
     problem.file = file;
     if (store.format().encoding == Encoding::kText) {
-        problem.line = lineOf(store.bytesAsRead(), found.offset, store.format().lineBreak);
+        problem.line = lines.lineOf(found.offset);
         problem.sentence =
             tv::text::format(VORD_ResourceString("IDS_TAVO_DXF_DAMAGED_LINE",
                                                  L"도면 \"%s\"이(가) %d번째 줄에서 손상되었습니다: %s."),
@@ -348,23 +393,24 @@ ReadResult readDxf(std::string bytes, std::wstring_view file) {
     if (binary) {
         store->format().encoding = oneByteCodes(all) ? Encoding::kBinaryR12 : Encoding::kBinary;
         store->records().reserve(all.size() / 40 + 64);
-        scan(BinaryScanner(all, store->format().encoding == Encoding::kBinaryR12, kBinaryMark.size()), builder,
-             kBinaryMark.size(), all.size());
+        const bool r12 = store->format().encoding == Encoding::kBinaryR12;
+        scan([&](std::size_t at) { return BinaryScanner(all, r12, at); }, builder, *store, kBinaryMark.size());
     } else {
         if (all.find('\n') == std::string_view::npos && all.find('\r') != std::string_view::npos)
             store->format().lineBreak = '\r';
         // An entity takes 60 bytes at the very least; memory reserved and not used costs nothing.
         store->records().reserve(all.size() / 40 + 64);
         const std::size_t start = mark ? kByteOrderMark.size() : 0;
-        scan(TextScanner(all, store->format().lineBreak, start), builder, start, all.size());
+        scan([&](std::size_t at) { return TextScanner(all, store->format().lineBreak, at); }, builder, *store,
+             start);
     }
-    if (builder.tooLong()) builder.fault(Fault::kTooLong, 0);
+    LineCounter lines(all, store->format().lineBreak);
     if (!builder.sawSection() || builder.tooLong()) {
         tv::Problem problem;
         problem.status = Tavo::eBadFile;
         problem.file = file;
         if (builder.sawSection())
-            problem = describe(builder.faults().back(), *store, file);
+            problem = describe({Fault::kTooLong, 0}, *store, lines, file);
         else
             problem.sentence = tv::text::format(
                 VORD_ResourceString("IDS_TAVO_DXF_NOT_DXF",
@@ -375,7 +421,15 @@ ReadResult readDxf(std::string bytes, std::wstring_view file) {
     }
     learnStyle(*store);
     for (const IndexBuilder::Found& found : builder.faults())
-        result.problems.push_back(describe(found, *store, file));
+        result.problems.push_back(describe(found, *store, lines, file));
+    if (builder.faultsLeftOut() > 0) {
+        tv::Problem& more = result.problems.emplace_back();
+        more.status = Tavo::eBadFile;
+        more.file = file;
+        more.sentence = tv::text::format(
+            VORD_ResourceString("IDS_TAVO_DXF_MORE_DAMAGE", L"손상된 곳이 %d개 더 있습니다(도면 \"%s\")."),
+            builder.faultsLeftOut(), more.file);
+    }
     result.store = std::move(store);
     return result;
 }

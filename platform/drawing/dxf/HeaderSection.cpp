@@ -27,7 +27,13 @@ tv::Problem wrongValue(std::string_view name, int group) {
             wide(name), group));
 }
 
-tv::Problem readOnly(std::string_view name) {
+tv::Problem refused(const RecordStore& store, std::string_view name) {
+    if (store.readOnly())
+        return problem(Tavo::eReadOnly,
+                       tv::text::format(VORD_ResourceString("IDS_TAVO_DXF_HEADER_READ_ONLY",
+                                                            L"도면 변수 %s을(를) 바꿀 수 없습니다: 도면이 "
+                                                            L"읽기 전용으로 열려 있습니다."),
+                                        wide(name)));
     return problem(
         Tavo::eReadOnly,
         tv::text::format(
@@ -127,7 +133,7 @@ std::optional<HeaderValue> HeaderSection::read(RecordId id) const {
 }
 
 tv::Problem HeaderSection::set(std::string_view name, const HeaderValue& value) {
-    if (m_store.replaying()) return readOnly(name);
+    if (!m_store.writable()) return refused(m_store, name);
     const RecordId id = find(name);
     return id == kNoRecord ? add(name, value) : change(id, name, value);
 }

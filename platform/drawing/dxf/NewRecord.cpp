@@ -85,7 +85,7 @@ OdDbObjectId addTableRecord(OdDbDatabase& database, RecordId table, std::wstring
     RecordStore& store = database.store();
     const std::string_view tableName = rawAt(store, table, 2);
     const Kind* kind = kindOf(tableName);
-    if (!kind || store.replaying()) return {};
+    if (!kind || !store.writable()) return {};
     const DxfFormat& format = store.format();
 
     const std::wstring stepName(tableName.begin(), tableName.end());

@@ -104,7 +104,7 @@ RecordId RecordStore::endOfTable(RecordId table) const {
 }
 
 bool RecordStore::replace(RecordId id, std::string bytes) {
-    if (m_replaying || isErased(id) || id == kHead) return false;
+    if (!writable() || isErased(id) || id == kHead) return false;
     if (text(id) == bytes) return true;
     const Record& r = m_records[id];
     Change change{ChangeKind::kReplaced, id, kNoRecord, r.block ? m_blocks[r.block - 1] : nullptr,
@@ -116,7 +116,7 @@ bool RecordStore::replace(RecordId id, std::string bytes) {
 }
 
 RecordId RecordStore::insertAfter(RecordId after, std::string bytes, Section section, RecordId owner) {
-    if (m_replaying || isErased(after)) return kNoRecord;
+    if (!writable() || isErased(after)) return kNoRecord;
     const auto id = static_cast<RecordId>(m_records.size());
     Record record;
     record.section = section;
@@ -133,7 +133,7 @@ RecordId RecordStore::insertAfter(RecordId after, std::string bytes, Section sec
 }
 
 bool RecordStore::remove(RecordId id) {
-    if (m_replaying || isErased(id) || id == kHead) return false;
+    if (!writable() || isErased(id) || id == kHead) return false;
     Change change{ChangeKind::kRemoved, id, m_records[id].prev, nullptr, nullptr};
     apply(change, true);
     m_undo.push(std::move(change));

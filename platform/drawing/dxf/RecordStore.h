@@ -102,7 +102,11 @@ class KXPLATFORM_EXPORT RecordStore {
         if (!run.empty()) sink(run);
     }
 
-    // --- edits; all refused (false, kNoRecord) while an undo is being replayed ---
+    // --- edits; all refused (false, kNoRecord) unless writable ---
+    // False while an undo is being replayed and for a store set to be read only.
+    bool writable() const { return !m_replaying && !m_readOnly; }
+    bool readOnly() const { return m_readOnly; }
+    void setReadOnly(bool readOnly) { m_readOnly = readOnly; }
     // Gives the record other bytes; nothing happens when they are the same.
     bool replace(RecordId id, std::string bytes);
     // Type, handle and flags are taken from the bytes; section and owner from the arguments.
@@ -147,6 +151,7 @@ class KXPLATFORM_EXPORT RecordStore {
     mutable std::pair<RecordId, RecordId> m_tableEnd{kNoRecord, kNoRecord};
     UndoLog m_undo;
     bool m_replaying = false;
+    bool m_readOnly = false;
     Listener m_listener;
 };
 
