@@ -12,10 +12,14 @@
 #include "platform/text/ResourceString.h"
 #include "platform/text/Unicode.h"
 #include "platform/toolkit/Dialog.h"
+#include "tavocad/DocumentFiles.h"
+#include "tavocad/DrawingScenes.h"
 #include "tavocad/Languages.h"
 #include "tavocad/NearNames.h"
+#include "tavocad/SelectionRequests.h"
 #include "tavocad/commands/Commands.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 using tv::text::format;
@@ -39,6 +43,13 @@ std::optional<OdString> stepOutsideRecord(OdDbDatabase& database, OdString (OdDb
 TavoSession::TavoSession(std::unique_ptr<tv::SettingsStore> settings)
     : m_points(std::make_unique<PointRequests>()),
       m_host(std::make_unique<tv::host::EmbeddedHost>(std::move(settings))) {
+    m_scenes = std::make_unique<DrawingScenes>();
+    m_documentsWatched = m_host->documentManager()->onDocumentEvent(
+        [this](TavoDocumentManager::Event event, TavoDocument* document) {
+            if (event == TavoDocumentManager::Event::kClosing) m_scenes->release(document->database().get());
+        });
+    m_objects = std::make_unique<SelectionRequests>(*m_host->selection(), [this] { return pickTolerance(); });
+    m_files = std::make_unique<DocumentFiles>(*m_host->documentManager());
     m_host->setPointInput(m_points.get());
     zel::frx::setPlacementStore(m_host->settings());
     registerCommands(*this);
@@ -49,6 +60,15 @@ TavoSession::~TavoSession() { zel::frx::setPlacementStore(nullptr); }
 TavoInterfaces& TavoSession::host() { return *m_host; }
 
 TavoDocument* TavoSession::document() const { return m_host->documentManager()->currentDocument(); }
+
+double TavoSession::pickTolerance() {
+    constexpr double pixels = 1000;
+    int pickBox = 3;
+    tvedGetVar(L"PICKBOX", pickBox, nullptr);
+    if (!document()) return 0;
+    const tv::scene::Box box = m_scenes->sceneOf(document()->database())->box;
+    return box.empty() ? 0 : std::max(box.right - box.left, box.top - box.bottom) * pickBox / pixels;
+}
 
 void TavoSession::print(const tv::Problem& problem) {
     if (problem) m_host->commandLine()->print(problem.sentence);
@@ -81,6 +101,11 @@ int TavoSession::enterLine(const OdString& line) {
             m_host->commandLine()->print(result.refusal);
         return RTNORM;
     }
+    if (m_objects->waiting()) {
+        if (const auto result = m_objects->supplyText(text.view()); !result)
+            m_host->commandLine()->print(result.refusal);
+        return RTNORM;
+    }
     if (text.isEmpty()) return m_lastCommand.isEmpty() ? RTNORM : runCommand(m_lastCommand);
     const int blank = text.find(L' ');
     const OdString word = blank < 0 ? text : text.left(blank);
@@ -106,6 +131,7 @@ int TavoSession::runCommand(const OdString& name, const OdString& arguments) {
     m_lastCommand = command;
     const int result = m_host->commands()->run(command);
     m_arguments.empty();
+    m_host->selection()->dropErased();
     m_commandEnded.notify(command, result);
     return result;
 }
@@ -139,7 +165,7 @@ OdString TavoSession::unknownCommand(const OdString& word) const {
 
 tv::Problem TavoSession::open(const std::filesystem::path& file) {
     std::vector<tv::Problem> problems;
-    if (m_host->documentManager()->openDocument(file, problems)) {
+    if (m_files->open(file, problems)) {
         for (const tv::Problem& problem : problems)
             print(problem);
         return {};
@@ -151,13 +177,64 @@ tv::Problem TavoSession::open(const std::filesystem::path& file) {
             name};
 }
 
-tv::Problem TavoSession::save(const std::filesystem::path& file) {
+tv::Problem TavoSession::save(const std::filesystem::path& file, bool force) {
     TavoDocument* current = document();
     if (!current)
         return {Tavo::eNoDatabase,
                 VORD_ResourceString("IDS_TAVO_NO_DRAWING", L"열려 있는 도면이 없습니다.").c_str(),
                 {}};
-    return m_host->documentManager()->saveDocument(current, file);
+    return m_files->save(*current, file, force);
+}
+
+bool TavoSession::askOverwrite(const TavoDocument& document) {
+    const std::wstring question =
+        format(VORD_ResourceString("IDS_TAVO_CHANGED_OUTSIDE_ASK",
+                                   L"다른 곳에서 변경된 파일에 저장하시겠습니까? \"%s\" 파일은 연 뒤에 다른 "
+                                   L"곳에서 변경되었고, 저장하면 그 변경 내용을 잃게 됩니다."),
+               document.name());
+    constexpr unsigned yesNoWarning = 0x34;
+    return MessageDlg(question.c_str(), m_host->productName(), yesNoWarning) == IDYES;
+}
+
+std::optional<std::filesystem::path> TavoSession::askSaveName() {
+    if (askFile) return askFile(FileQuestion::save);
+    m_host->commandLine()->print(
+        format(VORD_ResourceString("IDS_TAVO_FILE_NAME_MISSING", L"파일 이름이 필요합니다. 예: %s drawing.dxf"),
+               L"SAVEAS"));
+    return std::nullopt;
+}
+
+void TavoSession::say(const tv::Problem& problem, bool box) {
+    constexpr unsigned okError = 0x10;
+    if (box)
+        MessageDlg(problem.sentence.c_str(), m_host->productName(), okError);
+    else
+        print(problem);
+}
+
+TavoSession::SaveResult TavoSession::saveAsking(TavoDocument& document, const std::filesystem::path& file,
+                                                bool boxes) {
+    std::filesystem::path target = file;
+    const bool damagedOver = document.database()->damaged() && DocumentFiles::isOwnFile(document, file);
+    if (damagedOver && QuestionDlg(m_host->productName(),
+                                   VORD_ResourceString("IDS_TAVO_SAVE_DAMAGED",
+                                                       L"손상된 도면을 다른 이름으로 저장하시겠습니까?"),
+                                   VORD_ResourceString("IDS_TAVO_SAVE_DAMAGED_WHY",
+                                                       L"읽지 못한 내용이 있으므로 원래 파일은 그대로 둡니다."),
+                                   VORD_ResourceString("IDS_TAVO_SAVE_OTHER_NAME", L"다른 이름으로 저장"),
+                                   VORD_ResourceString("IDS_TAVO_SAVE_NOT", L"저장하지 않음"), 1, 1) != 0)
+        return SaveResult::givenUp;
+    if (damagedOver || (target.empty() && document.path().empty())) {
+        const auto asked = askSaveName();
+        if (!asked) return SaveResult::givenUp;
+        target = *asked;
+    }
+    const bool overwrite = m_files->changedOutside(document, target);
+    if (overwrite && !askOverwrite(document)) return SaveResult::givenUp;
+    const tv::Problem problem = m_files->save(document, target, overwrite);
+    if (!problem) return SaveResult::saved;
+    say(problem, boxes);
+    return SaveResult::failed;
 }
 
 std::optional<OdString> TavoSession::undo() {
@@ -181,23 +258,7 @@ bool TavoSession::closeAsking(TavoDocument* document) {
         constexpr unsigned yesNoCancelWarning = 0x33;
         const unsigned answer = MessageDlg(question.c_str(), m_host->productName(), yesNoCancelWarning);
         if (answer != IDYES && answer != IDNO) return false;
-        if (answer == IDYES) {
-            std::filesystem::path file;
-            if (document->path().empty()) {
-                if (!askFile)
-                    m_host->commandLine()->print(
-                        format(VORD_ResourceString("IDS_TAVO_FILE_NAME_MISSING",
-                                                   L"파일 이름이 필요합니다. 예: %s drawing.dxf"),
-                               L"SAVEAS"));
-                const auto asked = askFile ? askFile(FileQuestion::save) : std::nullopt;
-                if (!asked) return false;
-                file = *asked;
-            }
-            if (const auto problem = m_host->documentManager()->saveDocument(document, file)) {
-                print(problem);
-                return false;
-            }
-        }
+        if (answer == IDYES && saveAsking(*document, {}, true) != SaveResult::saved) return false;
     }
     m_host->documentManager()->closeDocument(document);
     return true;

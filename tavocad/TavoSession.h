@@ -15,6 +15,9 @@
 #include <vector>
 
 struct UiLanguage;
+class DocumentFiles;
+class DrawingScenes;
+class SelectionRequests;
 class TavoInterfaces;
 
 namespace tv::host {
@@ -43,6 +46,11 @@ class TavoSession {
 
     TavoInterfaces& host();
     PointRequests& points() { return *m_points; }
+    SelectionRequests& objects() { return *m_objects; }
+    DrawingScenes& scenes() { return *m_scenes; }
+    // How near to an object a point must be when nobody looks at pixels: the pick box's, with the whole drawing
+    // seen in a thousand of them.
+    double pickTolerance();
     TavoDocument* document() const;
 
     // --- commands
@@ -78,8 +86,13 @@ class TavoSession {
     // wrong with a file that opened nevertheless goes to the command line; the problem says why it did not
     // open.
     tv::Problem open(const std::filesystem::path& file);
-    // An empty path means the drawing's own file.
-    tv::Problem save(const std::filesystem::path& file = {});
+    // An empty path means the drawing's own file. Refused for one that somebody else changed since it was
+    // opened, unless `force`.
+    tv::Problem save(const std::filesystem::path& file = {}, bool force = false);
+    enum class SaveResult { saved, givenUp, failed };
+    // The same with a person there: asks before writing over what somebody else wrote, and for another name
+    // when the drawing has none or is damaged. A failure is told on the command line, with `boxes` in a box.
+    SaveResult saveAsking(TavoDocument& document, const std::filesystem::path& file = {}, bool boxes = false);
     // One step of the current drawing: its name ("_UNITS"), nothing when there is none to take. Also inside the
     // running UNDO and REDO commands.
     std::optional<OdString> undo();
@@ -111,8 +124,16 @@ class TavoSession {
     // An alias spelled out.
     OdString fullName(const OdString& typed) const;
 
+    bool askOverwrite(const TavoDocument& document);
+    std::optional<std::filesystem::path> askSaveName();
+    void say(const tv::Problem& problem, bool box);
+
     std::unique_ptr<PointRequests> m_points;
     std::unique_ptr<tv::host::EmbeddedHost> m_host;
+    std::unique_ptr<DrawingScenes> m_scenes;
+    std::unique_ptr<SelectionRequests> m_objects;
+    std::unique_ptr<DocumentFiles> m_files;
+    tv::host::Subscription m_documentsWatched;
     tv::host::Signal<const OdString&, int> m_commandEnded;
     std::vector<CommandSpec> m_commands;
     OdString m_arguments, m_lastCommand;

@@ -5,6 +5,7 @@
 #include "platform/host/TavoCommandLine.h"
 #include "platform/host/TavoDisplay.h"
 #include "platform/host/TavoDocumentManager.h"
+#include "platform/host/TavoSelection.h"
 
 #include <utility>
 
@@ -43,6 +44,11 @@ void tvedPrint(const OdString& text) {
 
 void tvedRedraw(const OdDbDatabasePtr& database) { requestDisplay(TavoDisplay::Request::kRedraw, database); }
 void tvedRegen(const OdDbDatabasePtr& database) { requestDisplay(TavoDisplay::Request::kRegen, database); }
+
+Tavo::ErrorStatus tvedSSGet(const TavoSelectionQuery& query, TavoSelectionSet& found) {
+    auto* selection = serviceOf(&TavoInterfaces::selection);
+    return selection ? selection->select(query, tvedWorkingDatabase(), found) : Tavo::eNotHandled;
+}
 
 void TavoComEvents::appBeginModal() {
     if (auto* events = serviceOf(&TavoInterfaces::modalEvents)) events->beginModal();

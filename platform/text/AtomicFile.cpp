@@ -11,6 +11,7 @@
 #include <new>
 #include <optional>
 #include <stdio.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -42,20 +43,38 @@ class Neighbour {
     }
     int create(const fs::path& file) {
         static std::atomic<unsigned> counter{0};
-        // The file's own name goes in, so that a neighbour left by a killed process can be told; names end at
-        // 255 bytes.
-        const std::string name = file.filename().native().substr(0, 200);
         for (int attempt = 0; attempt < 1000; ++attempt) {
-            fs::path path = file.parent_path() / ("." + name + "." + std::to_string(::getpid()) + "-" +
-                                                  std::to_string(counter++) + ".tmp");
+            fs::path path = file.parent_path() / (prefixOf(file) + std::to_string(::getpid()) + "-" +
+                                                  std::to_string(counter++) + std::string(ending));
             m_descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-            if (m_descriptor >= 0) {
+            if (m_descriptor < 0 && errno != EEXIST) return errno;
+            if (m_descriptor < 0) continue;
+            // The lock tells a file being written from one left behind. Where locks are unknown nobody asks.
+            static_cast<void>(::flock(m_descriptor, LOCK_EX | LOCK_NB));
+            struct stat made {};
+            if (::fstat(m_descriptor, &made) == 0 && made.st_nlink > 0) {
                 m_path = std::move(path);
                 return 0;
             }
-            if (errno != EEXIST) return errno;
+            ::close(m_descriptor); // somebody tidied up between the two calls
+            m_descriptor = -1;
         }
         return EEXIST;
+    }
+    // Neighbours of `file` that killed processes left behind go.
+    static void removeAbandoned(const fs::path& file) {
+        const std::string prefix = prefixOf(file);
+        std::error_code error;
+        const fs::path folder = file.has_parent_path() ? file.parent_path() : fs::path(".");
+        for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
+            const std::string name = it->path().filename().native();
+            if (!name.starts_with(prefix) || !name.ends_with(ending) || !isNumbered(name, prefix.size()))
+                continue;
+            const int descriptor = ::open(it->path().c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+            if (descriptor < 0) continue;
+            if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0) ::unlink(it->path().c_str());
+            ::close(descriptor);
+        }
     }
     int descriptor() const { return m_descriptor; }
     int syncAndClose() {
@@ -71,6 +90,17 @@ class Neighbour {
     }
 
   private:
+    static constexpr std::string_view ending = ".tmp";
+    // The file's own name goes in, so that what a killed process left can be told; names end at 255 bytes.
+    static std::string prefixOf(const fs::path& file) {
+        return "." + file.filename().native().substr(0, 200) + ".";
+    }
+    // "123-4" between the prefix and the ending.
+    static bool isNumbered(const std::string& name, std::size_t from) {
+        const std::string_view middle = std::string_view(name).substr(from, name.size() - from - ending.size());
+        return middle.find('-') != std::string_view::npos &&
+               middle.find_first_not_of("0123456789-") == std::string_view::npos;
+    }
     fs::path m_path;
     int m_descriptor = -1;
 };
@@ -122,6 +152,7 @@ int replaceFile(fs::path file, const std::function<bool(FileSink&)>& writer) {
     if (exists && !S_ISREG(old.st_mode)) return EINVAL;
     if (exists && ((old.st_mode & 0222) == 0 || ::access(file.c_str(), W_OK) != 0)) return EROFS;
 
+    Neighbour::removeAbandoned(file);
     Neighbour neighbour;
     if (const int error = neighbour.create(file)) return error;
     if (const int error = exists ? copyPermissions(neighbour.descriptor(), old) : 0) return error;

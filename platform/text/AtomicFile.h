@@ -29,8 +29,9 @@ class KXPLATFORM_EXPORT FileSink {
 // Replaces the contents of `file`, or creates it, so that at any moment either all of the old or all of the new
 // contents are there: `writer` fills a neighbour in the same folder, which is synced to disk and renamed over
 // the file. Links are followed, and the permissions of an existing file are kept. On any failure, also when the
-// writer returns false (eCancelled) or throws, the old file is untouched and the neighbour is gone. A file that
-// nobody may write to is refused with eReadOnly.
+// writer returns false (eCancelled) or throws, the old file is untouched and the neighbour is gone. A neighbour
+// that a killed process left goes at the next write of the same file. A file that nobody may write to is
+// refused with eReadOnly.
 KXPLATFORM_EXPORT Problem writeFileAtomically(const std::filesystem::path& file,
                                               const std::function<bool(FileSink&)>& writer);
 KXPLATFORM_EXPORT Problem writeFileAtomically(const std::filesystem::path& file, std::string_view contents);

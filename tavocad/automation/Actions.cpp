@@ -132,8 +132,13 @@ CWnd& controlOf(CDialog& dialog, std::wstring_view name) {
     if (CWnd* control = dialog.GetDlgItem(tv::text::toUtf8(name))) return *control;
     std::vector<std::wstring> names;
     collectNames(dialog, names);
+    const std::wstring window = fromUtf8(dialog.templateName());
     const auto near = nearNames(name, names);
+    if (near.empty())
+        throw RequestError{format(
+            VORD_ResourceString("IDS_TAVO_AUTO_NO_CONTROL_LIKE", L"창 %s에 컨트롤 \"%s\"이(가) 없습니다."),
+            window, name)};
     throw RequestError{format(VORD_ResourceString("IDS_TAVO_AUTO_NO_CONTROL",
                                                   L"창 %s에 컨트롤 \"%s\"이(가) 없습니다. 비슷한 이름: %s."),
-                              fromUtf8(dialog.templateName()), name, joined(near.empty() ? names : near))};
+                              window, name, joined(near))};
 }

@@ -7,6 +7,7 @@
 #include "platform/text/Unicode.h"
 #include "platform/toolkit/Dialog.h"
 #include "tavocad/NearNames.h"
+#include "tavocad/SelectionRequests.h"
 #include "tavocad/TavoSession.h"
 
 #include <algorithm>
@@ -69,6 +70,7 @@ AutomationServer::Handler AutomationServer::handler(std::wstring_view request) {
                                         {L"getvar", &AutomationServer::doGetVar},
                                         {L"setvar", &AutomationServer::doSetVar},
                                         {L"select", &AutomationServer::doSelect},
+                                        {L"getselection", &AutomationServer::doGetSelection},
                                         {L"command", &AutomationServer::doCommand},
                                         {L"language", &AutomationServer::doLanguage},
                                         {L"quit", &AutomationServer::doQuit}};
@@ -78,9 +80,14 @@ AutomationServer::Handler AutomationServer::handler(std::wstring_view request) {
     for (const Entry& entry : entries)
         names.emplace_back(entry.name);
     const auto near = nearNames(request, names);
+    if (near.empty())
+        throw RequestError{format(
+            VORD_ResourceString("IDS_TAVO_AUTO_NO_REQUEST",
+                                L"\"%s\"(이)라는 요청은 없습니다. 모든 요청은 docs/automation.md에 있습니다."),
+            request)};
     throw RequestError{format(VORD_ResourceString("IDS_TAVO_AUTO_UNKNOWN_REQUEST",
                                                   L"\"%s\"(이)라는 요청은 없습니다. 비슷한 요청: %s."),
-                              request, joined(near.empty() ? names : near))};
+                              request, joined(near))};
 }
 
 bool AutomationServer::step(tv::ui::Waiting& waiting) {
@@ -155,6 +162,7 @@ bool AutomationServer::inputEnded(tv::ui::Waiting& waiting) {
     } else if (waiting.supply) {
         lost(waiting);
         m_session.points().cancel();
+        m_session.objects().cancel();
     }
     return true;
 }

@@ -70,6 +70,7 @@ class AutomationServer : public tv::ui::Driver {
     void doGetVar(const Fields&);
     void doSetVar(const Fields&);
     void doSelect(const Fields&);
+    void doGetSelection(const Fields&);
     void doCommand(const Fields&);
     void doLanguage(const Fields&);
     void doQuit(const Fields&);

@@ -4,7 +4,6 @@
 
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/host/TavoInterfaces.h"
-#include "platform/host/TavoSelection.h"
 #include "platform/host/TavoSysvarManager.h"
 #include "platform/text/Format.h"
 #include "platform/text/ResourceString.h"
@@ -53,9 +52,10 @@ void AutomationServer::doSave(const Fields& fields) {
         throw RequestError{
             VORD_ResourceString("IDS_TAVO_AUTO_EMPTY_PATH", L"저장할 경로가 비어 있습니다.").c_str()};
     const std::wstring path = given.value_or(L"");
+    const bool force = fields.optionalBool("force").value_or(false);
     requireIdle();
     document();
-    require(m_session.save(pathOf(path)));
+    require(m_session.save(pathOf(path), force));
 }
 
 void AutomationServer::doClose(const Fields&) {
@@ -93,24 +93,6 @@ void AutomationServer::doSetVar(const Fields& fields) {
     const auto& value = fields.value("value");
     requireIdle();
     writeVariable(*m_session.host().sysvarManager(), name, value);
-}
-
-void AutomationServer::doSelect(const Fields& fields) {
-    const auto handles = fields.texts("handles");
-    requireIdle();
-    const OdDbDatabasePtr database = document().database();
-    std::vector<OdDbObjectId> ids;
-    for (const std::wstring& text : handles) {
-        const auto handle = OdDbHandle::fromText(text);
-        const OdDbObjectId id = handle ? database->getOdDbObjectId(*handle) : OdDbObjectId();
-        if (id.isNull() || id.isErased())
-            throw RequestError{format(VORD_ResourceString("IDS_TAVO_AUTO_NO_OBJECT_HANDLE",
-                                                          L"도면에 핸들이 \"%s\"인 객체가 없습니다."),
-                                      text)};
-        ids.push_back(id);
-    }
-    m_session.host().selection()->set(ids);
-    m_reply->extra["selected"] = m_session.host().selection()->ids().size();
 }
 
 void AutomationServer::doCommand(const Fields& fields) {

@@ -104,6 +104,12 @@ std::optional<bool> Fields::optionalBool(const char* name) const {
     return found->get<bool>();
 }
 
+double Fields::number(const char* name) const {
+    const json& found = value(name);
+    if (!found.is_number()) wrongType(name, VORD_ResourceString("IDS_TAVO_AUTO_TYPE_NUMBER", L"숫자"));
+    return found.get<double>();
+}
+
 std::vector<double> Fields::numbers(const char* name) const {
     return array<double>(*this, name, VORD_ResourceString("IDS_TAVO_AUTO_TYPE_NUMBERS", L"숫자 배열"),
                          [](const json& value) {

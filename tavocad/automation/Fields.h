@@ -24,6 +24,7 @@ class Fields {
     int integer(const char* name) const;
     std::optional<int> optionalInteger(const char* name) const;
     std::optional<bool> optionalBool(const char* name) const;
+    double number(const char* name) const;
     std::vector<double> numbers(const char* name) const;
     std::vector<int> integers(const char* name) const;
     std::vector<std::wstring> texts(const char* name) const;

@@ -7,6 +7,7 @@
 #include "platform/text/Unicode.h"
 #include "platform/toolkit/Dialog.h"
 #include "platform/toolkit/Snapshot.h"
+#include "tavocad/SelectionRequests.h"
 #include "tavocad/TavoSession.h"
 
 #include <algorithm>
@@ -49,7 +50,9 @@ void AutomationServer::doAction(const Fields& fields) {
 }
 
 void AutomationServer::doPoint(const Fields& fields) {
+    SelectionRequests& objects = m_session.objects();
     if (fields.optionalBool("cancel").value_or(false)) {
+        if (objects.waiting()) return objects.cancel();
         if (!m_session.points().waiting()) throw RequestError{m_session.points().supply({}).refusal};
         m_session.points().cancel();
         return;
@@ -57,7 +60,9 @@ void AutomationServer::doPoint(const Fields& fields) {
     const std::vector<double> at = fields.numbers("at");
     if (at.size() < 2 || at.size() > 3)
         Fields::wrongType("at", VORD_ResourceString("IDS_TAVO_AUTO_TYPE_POINT", L"[x, y] 또는 [x, y, z]"));
-    const UserResult result = m_session.points().supply({at[0], at[1], at.size() == 3 ? at[2] : 0});
+    const UserResult result = objects.waiting()
+                                  ? objects.supplyPoint({at[0], at[1]})
+                                  : m_session.points().supply({at[0], at[1], at.size() == 3 ? at[2] : 0});
     if (!result) throw RequestError{result.refusal};
 }
 

@@ -1,6 +1,7 @@
 #include "tavocad/commands/Commands.h"
 
 void registerCommands(TavoSession& session) {
+    registerSelectionCommands(session);
     registerUnitsCommand(session);
     registerPropertyCommands(session);
     registerFileCommands(session);

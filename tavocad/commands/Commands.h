@@ -5,6 +5,7 @@ class TavoSession;
 // Every command of the program, one function and file per subject.
 void registerCommands(TavoSession& session);
 
+void registerSelectionCommands(TavoSession& session); // SELECT, ERASE, LIST
 void registerUnitsCommand(TavoSession& session);
 void registerPropertyCommands(TavoSession& session); // COLOR, LINETYPE, LWEIGHT
 void registerFileCommands(TavoSession& session);     // NEW, OPEN, SAVE, SAVEAS, CLOSE, QUIT

@@ -40,9 +40,13 @@ int open(TavoSession& session) {
 }
 
 int saveTo(TavoSession& session, const std::filesystem::path& file) {
-    if (const tv::Problem problem = session.save(file)) {
-        session.print(problem);
+    switch (session.saveAsking(*session.document(), file)) {
+    case TavoSession::SaveResult::givenUp:
+        return RTCAN;
+    case TavoSession::SaveResult::failed:
         return RTERROR;
+    case TavoSession::SaveResult::saved:
+        break;
     }
     session.host().commandLine()->print(tv::text::format(
         VORD_ResourceString("IDS_TAVO_SAVED", L"%s에 저장했습니다."), session.document()->name()));

@@ -65,6 +65,12 @@ int units(TavoSession& session, TavoEdCommandContext& context) {
             VORD_ResourceString("IDS_TAVO_NO_DRAWING", L"열려 있는 도면이 없습니다."));
         return RTERROR;
     }
+    if (const auto* insunits = tv::dwg::headerVarInfo(L"INSUNITS");
+        database->version() != OdDb::DxfVersion::kUnknown && insunits && database->version() < insunits->first)
+        session.host().commandLine()->print(
+            VORD_ResourceString("IDS_TAVO_UNITS_NO_INSUNITS",
+                                L"이 버전의 도면에는 삽입 단위(INSUNITS)가 없습니다. 삽입 단위를 바꾸어도 "
+                                L"도면에 저장되지 않습니다."));
     const T_UNITS_D before = readUnits(*session.host().sysvarManager(), database);
     CUnitsDlg dialog(database, before.angbase, nullptr);
     dialog.SetData(before);

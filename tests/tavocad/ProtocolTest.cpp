@@ -63,6 +63,7 @@ TEST_F(Protocol, RefusalsNameWhatIsNear) {
             "{\"do\":\"command\",\"name\":\"UNITS\"}\n{\"do\":\"click\",\"control\":\"IDC_UNIT_LTYPE\"}\n"
             "{\"do\":\"save\"}\n{\"do\":\"click\",\"control\":\"IDCANCEL\"}\n");
     EXPECT_THAT(error(replies[1]), HasSubstr("open"));
+    EXPECT_THAT(error(replies[1]), testing::Not(HasSubstr("undo"))) << "only what is near";
     EXPECT_THAT(error(replies[2]), HasSubstr("UNITS"));
     EXPECT_EQ(replies[3]["modal"], replies[5]["modal"]);
     EXPECT_THAT(error(replies[4]), HasSubstr("IDC_UNITS_LTYPE"));

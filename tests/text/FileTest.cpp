@@ -94,6 +94,36 @@ TEST(AtomicFile, AnyFailureLeavesTheOldFileAlone) {
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
 }
 
+// What a killed process left goes with the next write of that file; what is being written, and what only looks
+// alike, stays.
+TEST(AtomicFile, AbandonedNeighboursGo) {
+    TempFolder folder;
+    const fs::path file = folder.write("a.dxf", "old");
+    const pid_t child = ::fork();
+    if (child == 0)
+        static_cast<void>(tv::writeFileAtomically(file, [](tv::FileSink& sink) {
+            sink.write("half");
+            sink.flush();
+            ::kill(::getpid(), SIGKILL);
+            return true;
+        }));
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    ASSERT_TRUE(WIFSIGNALED(status));
+    ASSERT_EQ(folder.fileCount(), 2u);
+    folder.write(".a.dxf.mine.tmp", "not a number");
+    folder.write(".ab.dxf.1-1.tmp", "of another file");
+    std::size_t during = 0;
+    ASSERT_FALSE(tv::writeFileAtomically(file, [&](tv::FileSink& sink) {
+        EXPECT_FALSE(tv::writeFileAtomically(file, "inner"));
+        during = folder.fileCount();
+        return sink.write("outer");
+    }));
+    EXPECT_EQ(during, 4u) << "the drawing, the two others and the one being written";
+    EXPECT_EQ(folder.read("a.dxf"), "outer");
+    EXPECT_EQ(folder.fileCount(), 3u);
+}
+
 TEST(AtomicFile, FullDiskAndForbiddenFolder) {
     // In a process without privileges, so that permissions count for the test as they do for a user.
     TempFolder folder;

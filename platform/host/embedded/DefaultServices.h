@@ -1,13 +1,11 @@
 #pragma once
 
 #include "platform/Export.h"
-#include "platform/drawing/OdDbObjectId.h"
 #include "platform/host/CommandRefHelp.h"
 #include "platform/host/TavoComEvents.h"
 #include "platform/host/TavoCommandLine.h"
 #include "platform/host/TavoDisplay.h"
 #include "platform/host/TavoPointInput.h"
-#include "platform/host/TavoSelection.h"
 #include "platform/host/TavoUnits.h"
 
 // The small services of the embedded host.
@@ -43,23 +41,6 @@ class KXPLATFORM_EXPORT DefaultPointInput final : public TavoPointInput {
     Tavo::ErrorStatus getPoint(const OdString&, const OdGePoint3d*, OdGePoint3d&) override {
         return Tavo::eCancelled;
     }
-};
-
-// Objects erased since they were selected are left out of ids().
-class KXPLATFORM_EXPORT DefaultSelection final : public TavoSelection {
-  public:
-    std::vector<OdDbObjectId> ids() const override;
-    void set(const std::vector<OdDbObjectId>& ids) override;
-    void clear() override { set({}); }
-    // The drawing is about to go: forgets its objects, also erased ones.
-    void forget(const OdDbDatabase* database);
-    Subscription onSelectionChanged(Listener listener) override {
-        return m_changed.connect(std::move(listener));
-    }
-
-  private:
-    std::vector<OdDbObjectId> m_ids;
-    Signal<> m_changed;
 };
 
 class KXPLATFORM_EXPORT DefaultDisplay final : public TavoDisplay {

@@ -5,6 +5,7 @@
 #include "platform/host/embedded/DefaultCommandLine.h"
 #include "platform/host/embedded/DefaultCommands.h"
 #include "platform/host/embedded/DefaultDocumentManager.h"
+#include "platform/host/embedded/DefaultSelection.h"
 #include "platform/host/embedded/DefaultServices.h"
 #include "platform/host/embedded/DefaultSysvarManager.h"
 #include "platform/text/SettingsStore.h"

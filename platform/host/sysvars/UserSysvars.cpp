@@ -20,12 +20,16 @@ constexpr SysvarInfo kUserSysvars[] = {
     text(L"FINDSTRINGS").at(kProfile),
     // Lineweights are shown in: 0 inches, 1 millimetres.
     flag(L"LWUNITS", 1).at(kProfile),
+    // Half the side of the square in which a click finds objects, pixels.
+    integer(L"PICKBOX", 3, 0, 50).at(kProfile),
     flag(L"PICKFIRST", 1).at(kProfile),
     text(L"REPLACESTRINGS").at(kProfile),
     // Bits: 1 colour, 2 layer, 4 linetype, 8 linetype scale, 16 lineweight, 32 plot style, 64 object style, 128
     // name,
     // 256 objects of every type.
     integer(L"SELECTSIMILARMODE", 130, 0, 511).at(kProfile),
+    // Objects light up under the pointer: the sum of 1 while idle and 2 while objects are asked for.
+    integer(L"SELECTIONPREVIEW", 3, 0, 3).at(kProfile),
     // 0 ask, 1 hide, 2 delete, 3 export.
     integer(L"TABCLOSEMODE", 0, 0, 3).at(kProfile),
 };

@@ -1,0 +1,134 @@
+#include "tests/tavocad/ScriptedSession.h"
+
+#include "platform/drawing/OdDbEntity.h"
+#include "platform/host/TavoSelection.h"
+#include "tavocad/SelectionRequests.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <fstream>
+
+using testing::HasSubstr;
+
+namespace {
+
+// Two lines on layer 0, a circle on a locked layer, and a line on a layer that is off: handles A1 to A4.
+class SelectionCommands : public ScriptedSession {
+  protected:
+    SelectionCommands() {
+        std::string text =
+            "0|SECTION|2|TABLES|0|TABLE|2|LAYER|70|3|0|LAYER|2|0|70|0|62|7|6|CONTINUOUS|"
+            "0|LAYER|2|LOCK|70|4|62|1|6|CONTINUOUS|0|LAYER|2|OFF|70|0|62|-3|6|CONTINUOUS|0|ENDTAB|"
+            "0|ENDSEC|0|SECTION|2|ENTITIES|"
+            "0|LINE|5|A1|8|0|10|0|20|0|11|2|21|1|0|LINE|5|A2|8|0|62|1|10|8|20|8|11|12|21|12|"
+            "0|CIRCLE|5|A3|8|LOCK|10|5|20|5|40|1|0|LINE|5|A4|8|OFF|10|4|20|4|11|6|21|6|"
+            "0|ENDSEC|0|EOF|";
+        std::ranges::replace(text, '|', '\n');
+        std::ofstream(file, std::ios::binary) << text;
+        const auto replies = runWell("{\"do\":\"open\",\"path\":" + quoted(file) + "}\n");
+    }
+    std::string selected() {
+        std::string all;
+        for (const OdDbObjectId& id : session.host().selection()->ids())
+            all += id.handle().ascii() + " ";
+        return all;
+    }
+    std::wstring said() {
+        std::wstring all;
+        for (const OdString& line : session.host().commandLine()->takeNew())
+            all += line.wstr() + L"\n";
+        return all;
+    }
+    const std::filesystem::path file = folder / "plan.dxf";
+};
+
+} // namespace
+
+// Erasing is one step, leaves alone what is locked, and undoing it gives the file's bytes back.
+TEST_F(SelectionCommands, EraseIsOneStepAndSparesLockedLayers) {
+    const std::string before = bytesOf(file);
+    const auto replies = runWell("{\"do\":\"select\",\"by\":\"all\"}\n{\"do\":\"command\",\"name\":\"ERASE\"}\n"
+                                 "{\"do\":\"getselection\"}\n{\"do\":\"select\",\"by\":\"all\"}\n"
+                                 "{\"do\":\"undo\"}\n{\"do\":\"select\",\"by\":\"previous\"}\n");
+    EXPECT_EQ(replies[0]["selected"], 3);
+    EXPECT_EQ(replies[1]["ended"]["result"], RTNORM);
+    EXPECT_EQ(replies[1]["messages"].size(), 2U) << "what was left out, and what was erased";
+    EXPECT_EQ(replies[2]["selected"], 0);
+    EXPECT_EQ(replies[3]["selected"], 1);
+    EXPECT_EQ(replies[4]["step"], "_ERASE");
+    EXPECT_EQ(selected(), "A1 A2 ") << "what it erased is the previous selection";
+    EXPECT_EQ(session.document()->database()->bytes(), before);
+}
+
+// A command that has no objects asks for them; they come from the pipe or the command line, and a wrong word
+// changes nothing.
+TEST_F(SelectionCommands, ObjectsAreAskedFor) {
+    const auto replies =
+        run("{\"do\":\"command\",\"name\":\"ERASE\"}\n{\"do\":\"getvar\",\"name\":\"EXPERT\"}\n"
+            "{\"do\":\"select\",\"handles\":[\"A1\"]}\n"
+            "{\"do\":\"select\",\"by\":\"all\",\"types\":[\"circle\"],\"mode\":\"add\"}\n"
+            "{\"do\":\"command\",\"name\":\"LIST\"}\n{\"do\":\"getselection\",\"first\":1}\n"
+            "{\"do\":\"key\",\"key\":\"Enter\"}\n{\"do\":\"undo\"}\n"
+            "{\"do\":\"command\",\"name\":\"ERASE\"}\n{\"do\":\"key\",\"key\":\"Escape\"}\n"
+            "{\"do\":\"command\",\"name\":\"SELECT\",\"arguments\":\"all r a1 A L\"}\n"
+            "{\"do\":\"command\",\"name\":\"SELECT\",\"arguments\":\"all sideways\"}\n");
+    EXPECT_TRUE(replies[0].contains("prompt"));
+    EXPECT_EQ(replies[3]["selected"], 2);
+    EXPECT_FALSE(replies[4]["ok"].get<bool>());
+    EXPECT_EQ(replies[5]["handles"], nlohmann::ordered_json{"A3"});
+    EXPECT_EQ(replies[6]["ended"]["result"], RTNORM);
+    EXPECT_EQ(replies[7]["step"], "_ERASE");
+    EXPECT_EQ(replies[9]["ended"]["result"], RTCAN);
+    EXPECT_EQ(replies[10]["ended"]["result"], RTNORM);
+    EXPECT_EQ(replies[11]["ended"]["result"], RTERROR);
+    EXPECT_THAT(replies[11]["messages"][0].get<std::string>(), HasSubstr("sideways"));
+    EXPECT_EQ(selected(), "A2 A3 ");
+}
+
+TEST_F(SelectionCommands, ListSaysWhatIsThere) {
+    session.enterLine(L"LIST a2");
+    const std::wstring text = said();
+    EXPECT_THAT(text, HasSubstr(L"LINE  핸들: A2  도면층: \"0\""));
+    EXPECT_THAT(text, HasSubstr(L"색상: 1\n"));
+    EXPECT_EQ(session.enterLine(L"LIST FFFF"), RTERROR);
+    EXPECT_EQ(session.enterLine(L"LIST none"), RTCAN);
+}
+
+// A file that somebody else wrote meanwhile is not written over unasked.
+TEST_F(SelectionCommands, AChangedFileIsAskedAbout) {
+    std::ofstream(file, std::ios::app) << "999\nfrom somebody else\n";
+    const std::string theirs = bytesOf(file);
+    const std::string save = "{\"do\":\"save\"}\n", saveCommand = "{\"do\":\"command\",\"name\":\"SAVE\"}\n";
+    const auto replies = run("{\"do\":\"setvar\",\"name\":\"LUPREC\",\"value\":7}\n" + save + saveCommand +
+                             "{\"do\":\"click\",\"control\":\"IDNO\"}\n");
+    EXPECT_FALSE(replies[1]["ok"].get<bool>());
+    EXPECT_EQ(replies[2]["modal"], "IDD_TASK_DIALOG");
+    EXPECT_EQ(replies[3]["ended"]["result"], RTCAN);
+    EXPECT_EQ(bytesOf(file), theirs);
+    EXPECT_TRUE(session.document()->isModified());
+    runWell("{\"do\":\"save\",\"force\":true}\n" + save);
+    EXPECT_NE(bytesOf(file), theirs);
+    std::filesystem::remove(file);
+    runWell(save);
+    EXPECT_TRUE(std::filesystem::exists(file)) << "a file that is gone is written again";
+}
+
+// A damaged drawing is offered another name; its own file stays.
+TEST_F(SelectionCommands, ADamagedDrawingIsSavedUnderAnotherName) {
+    const std::filesystem::path cut = folder / "cut.dxf", other = folder / "other.dxf";
+    const std::string whole = bytesOf(file), part = whole.substr(0, whole.size() - 40);
+    std::ofstream(cut, std::ios::binary) << part;
+    session.askFile = [&](TavoSession::FileQuestion) { return std::optional(other); };
+    const auto replies = run("{\"do\":\"open\",\"path\":" + quoted(cut) + "}\n" +
+                             "{\"do\":\"command\",\"name\":\"SAVE\"}\n{\"do\":\"dialog\"}\n"
+                             "{\"do\":\"key\",\"key\":\"Escape\"}\n{\"do\":\"command\",\"name\":\"SAVE\"}\n"
+                             "{\"do\":\"key\",\"key\":\"Enter\"}\n");
+    EXPECT_GT(replies[0]["messages"].size(), 0U);
+    EXPECT_FALSE(replies[1]["modal"].is_null());
+    EXPECT_EQ(replies[3]["ended"]["result"], RTCAN);
+    EXPECT_EQ(replies[5]["ended"]["result"], RTNORM) << replies[5].dump();
+    EXPECT_EQ(bytesOf(cut), part);
+    EXPECT_EQ(bytesOf(other), part);
+    EXPECT_EQ(session.document()->name(), L"other.dxf");
+}
