@@ -1,8 +1,10 @@
-// Opening a big drawing against reading and splitting its lines, and against splitting them into group codes
-// and values; its peak memory against the file's size; saving it after one edit against copying the file.
-// Prints the ratios and fails when one is above its limit. Usage: bench_drawing_open [entities [layers]]
+// Opening a big drawing against reading and splitting its lines, against splitting them into group codes and
+// values, and against a reader built on dxflib that keeps the entities; how it grows with entities and layers;
+// its peak memory against the file's size; saving it after one edit against copying the file. Prints the ratios
+// and fails when one is above its limit. Usage: bench_drawing_open [entities [layers]]
 
 #include "bench/BigDrawing.h"
+#include "bench/KeepingReader.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbLayerTable.h"
 #include "platform/text/AtomicFile.h"
@@ -116,7 +118,7 @@ void plainCopy(const std::filesystem::path& from, const std::filesystem::path& t
 int g_failures = 0;
 
 void report(const char* what, double ratio, double limit) {
-    std::printf("%-58s %6.2f  (limit %.1f)%s\n", what, ratio, limit, ratio > limit ? "  TOO MUCH" : "");
+    std::printf("%-58s %7.3f  (limit %.3g)%s\n", what, ratio, limit, ratio > limit ? "  TOO MUCH" : "");
     g_failures += ratio > limit;
 }
 
@@ -130,10 +132,12 @@ int main(int argc, char** argv) {
     std::filesystem::create_directories(folder);
     const std::filesystem::path file = folder / "big.dxf";
     const std::filesystem::path tenth = folder / "tenth.dxf";
+    const std::filesystem::path fewLayers = folder / "few_layers.dxf";
     // Made in a child, so that its memory counts for nobody.
     costInChild([&] {
         if (tv::writeFileAtomically(file, bench::bigDrawing(entities, layers))) std::abort();
-        if (tv::writeFileAtomically(tenth, bench::bigDrawing(entities / 10, layers / 10 + 1))) std::abort();
+        if (tv::writeFileAtomically(tenth, bench::bigDrawing(entities / 10, layers))) std::abort();
+        if (tv::writeFileAtomically(fewLayers, bench::bigDrawing(entities, layers / 10 + 1))) std::abort();
     });
     const auto size = static_cast<double>(std::filesystem::file_size(file));
     std::printf("%zu entities, %zu layers, %.1f MB\n", entities, layers, size / 1e6);
@@ -144,6 +148,8 @@ int main(int argc, char** argv) {
     double splitting = 1e9;
     double opening = 1e9;
     double openingTenth = 1e9;
+    double openingFewLayers = 1e9;
+    double keeping = 1e9;
     const auto cost = [&](auto&& work, double& best) {
         const Cost taken = costInChild(work);
         best = std::min(best, taken.seconds - idle.seconds);
@@ -154,13 +160,28 @@ int main(int argc, char** argv) {
         cost([&] { splitTags(file); }, splitting);
         memory = std::max(memory, cost([&] { open(file); }, opening));
         cost([&] { open(tenth); }, openingTenth);
+        cost([&] { open(fewLayers); }, openingFewLayers);
     }
-    report("peak memory of opening / size of the file", memory / size, 2.5);
+    for (int i = 0; i < 2; ++i)
+        cost(
+            [&] {
+                const auto kept = bench::readAndKeepWithDxflib(file);
+                if (kept && *kept < entities) std::abort();
+                g_result = kept.value_or(0);
+            },
+            keeping);
+    const bool compared = keeping > opening / 10; // a program built without dxflib does nothing there
+    report("peak memory of opening / size of the file", memory / size, 2);
     std::printf("reading and counting lines %.3f s, splitting tags %.3f s, opening %.3f s\n", reading,
                 splitting, opening);
     report("opening / reading and counting the lines", opening / reading, 4);
     report("opening / splitting into group codes and values", opening / splitting, 3);
-    report("opening / opening a tenth of it", opening / openingTenth, 12);
+    report("opening / opening a tenth of the entities", opening / openingTenth, 12);
+    report("opening / opening with a tenth of the layers", opening / openingFewLayers, 12);
+    if (compared)
+        report("opening / a reader on dxflib that keeps the entities", opening / keeping, 1.0 / 8);
+    else
+        std::puts("built without dxflib: not compared with it");
 
     const auto database = OdDbDatabase::open(file).database;
     const auto layer = database->layers()->first().open<OdDbLayerTableRecord>(OdDb::kForWrite);

@@ -1,14 +1,15 @@
 #!/bin/sh
-# Installs what building, testing and running need from the distribution's packages, and nothing that is there already.
-# Without missing packages it neither needs rights nor a network.
+# Installs what building, testing and running need from the distribution's packages, and nothing that is there already;
+# further packages are named as arguments. Without missing packages it neither needs rights nor a network.
 set -eu
 
 packages="
   g++ make cmake ninja-build pkg-config python3
   libicu-dev libfmt-dev zlib1g-dev libsimpleini-dev nlohmann-json3-dev libcli11-dev
-  libgtest-dev libgmock-dev libbenchmark-dev
+  libgtest-dev libgmock-dev libbenchmark-dev libdxflib-dev
   qt6-base-dev qt6-tools-dev libqt6opengl6-dev libgl-dev libopengl-dev qt6-qpa-plugins
   fontconfig fonts-dejavu-core fonts-noto-cjk
+  $*
 "
 
 if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then

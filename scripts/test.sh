@@ -3,10 +3,11 @@
 # - the release build with the Qt face, whose tests run on Qt's offscreen platform;
 # - the core under the address and undefined-behaviour sanitizers, with the fuzz drivers on their stored inputs. This build
 #   is told that there is no Qt, so it also shows that the core needs none.
-# Both install themselves and build a consumer against what they installed.
+# Both install themselves and build a consumer against what they installed. Then the fuzz drivers run shortly, guided by
+# coverage, from their stored inputs on; FUZZ_SECONDS says how long each.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-scripts/install_deps.sh
+scripts/install_deps.sh clang libclang-rt-dev
 export QT_QPA_PLATFORM=offscreen
 unset DISPLAY WAYLAND_DISPLAY
 launcher=()
@@ -24,6 +25,15 @@ for preset in release sanitize; do
     echo "== $preset: tests"
     ctest --preset "$preset" -j "$(nproc)" | tee "build/$preset/ctest.log" || failed=1
 done
+
+echo "== libfuzzer: configure and build"
+cmake --preset libfuzzer "${launcher[@]}"
+cmake --build --preset libfuzzer
+found=build/libfuzzer/found # working folder and what breaks the drivers
+mkdir -p "$found/corpus"
+build/libfuzzer/bin/fuzz_drawing -dict=fuzz/dxf.dict -max_len=16384 -timeout=20 -rss_limit_mb=3072 \
+    -max_total_time="${FUZZ_SECONDS:-30}" -print_final_stats=1 -verbosity=0 -artifact_prefix="$found/" \
+    "$found/corpus" fuzz/corpus || failed=1
 
 echo
 for preset in release sanitize; do
