@@ -4,6 +4,7 @@
 #include "platform/drawing/OdDbEntity.h"
 #include "platform/drawing/dxf/OwnTags.h"
 #include "platform/drawing/dxf/RecordStore.h"
+#include "platform/drawing/entities/MTextRuns.h"
 
 #include <cmath>
 #include <numbers>
@@ -343,60 +344,7 @@ EntityGeometry geometryOf(OdDbObjectId entity) {
     return {};
 }
 
-OdString plainMText(std::wstring_view contents) {
-    std::wstring out;
-    for (std::size_t i = 0; i < contents.size(); ++i) {
-        const wchar_t c = contents[i];
-        if (c == L'{' || c == L'}') continue;
-        if (c != L'\\' || i + 1 == contents.size()) {
-            out.push_back(c);
-            continue;
-        }
-        const wchar_t code = contents[++i];
-        switch (code) {
-        case L'P':
-        case L'N':
-            out.push_back(L'\n');
-            break;
-        case L'~':
-            out.push_back(L' ');
-            break;
-        case L'\\':
-        case L'{':
-        case L'}':
-            out.push_back(code);
-            break;
-        case L'L':
-        case L'l':
-        case L'O':
-        case L'o':
-        case L'K':
-        case L'k':
-            break;
-        case L'S': // a stacked fraction: its halves with the sign between them, ^ as a slash
-            for (++i; i < contents.size() && contents[i] != L';'; ++i)
-                out.push_back(contents[i] == L'^' || contents[i] == L'#' ? L'/' : contents[i]);
-            break;
-        case L'A':
-        case L'C':
-        case L'c':
-        case L'f':
-        case L'F':
-        case L'H':
-        case L'p':
-        case L'Q':
-        case L'T':
-        case L'W':
-            while (i < contents.size() && contents[i] != L';')
-                ++i;
-            break;
-        default:
-            out.push_back(L'\\');
-            out.push_back(code);
-        }
-    }
-    return OdString(std::move(out));
-}
+OdString plainMText(std::wstring_view contents) { return plainText(contents); }
 
 // The x axis is square to the normal and to the world's z axis, or to its y axis where the normal almost is the
 // z axis.

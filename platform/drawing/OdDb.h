@@ -54,6 +54,22 @@ enum LineWeight : std::int16_t {
     kLnWt211 = 211,
 };
 
+// Where an entity's plot style comes from.
+enum PlotStyleNameType : std::uint8_t {
+    kPlotStyleNameByLayer = 0,
+    kPlotStyleNameByBlock = 1,
+    kPlotStyleNameIsDictDefault = 2,
+    kPlotStyleNameById = 3,
+};
+
+// What an entity does to light.
+enum ShadowFlags : std::uint8_t {
+    kShadowsCastAndReceive = 0,
+    kShadowsCast = 1,
+    kShadowsReceive = 2,
+    kShadowsIgnore = 3,
+};
+
 // Every lineweight a file may hold, in rising order.
 inline constexpr std::array<LineWeight, 27> kLineWeights = {
     kLnWtByLwDefault, kLnWtByBlock, kLnWtByLayer, kLnWt000, kLnWt005, kLnWt009, kLnWt013, kLnWt015, kLnWt018,

@@ -1,7 +1,10 @@
 #include "platform/drawing/OdDbEntity.h"
 
 #include "platform/drawing/OdDbDatabase.h"
+#include "platform/drawing/OdDbDictionary.h"
 #include "platform/drawing/OdDbSymbolTable.h"
+#include "platform/drawing/dxf/OwnTags.h"
+#include "platform/drawing/dxf/RecordEditor.h"
 #include "platform/drawing/dxf/RecordStore.h"
 #include "platform/drawing/dxf/TableNames.h"
 #include "platform/text/Unicode.h"
@@ -11,14 +14,61 @@
 using namespace tv::dwg;
 using OdDb::DxfVersion;
 
+namespace {
+
+// The order in which files have the tags of the common part.
+constexpr int kCommonOrder[] = {5,   330, 100, 67, 410, 8,   6,   347, 348, 62,
+                                420, 430, 440, 48, 60,  370, 380, 390, 284};
+
+std::size_t rankOf(int code) {
+    return static_cast<std::size_t>(std::find(std::begin(kCommonOrder), std::end(kCommonOrder), code) -
+                                    std::begin(kCommonOrder));
+}
+
+// Where a tag the common part lacks belongs: behind the last one that files have before it.
+std::size_t commonPlace(const RecordEditor& record, int code) {
+    std::size_t place = 1;
+    std::size_t fallback = 1;
+    int marks = 0;
+    for (const std::size_t i : ownTags(record)) {
+        if (record.code(i) == 100 && ++marks == 2) break;
+        fallback = i + 1;
+        if (rankOf(record.code(i)) < rankOf(code)) place = i + 1;
+    }
+    return place > 1 ? place : fallback;
+}
+
+} // namespace
+
 OdString OdDbEntity::commonText(int code) const {
     const auto tag = find(code, Part::kCommon);
     return tag ? textOf(format(), *tag) : OdString();
 }
 
-int OdDbEntity::commonInteger(int code, int otherwise) const {
+std::int64_t OdDbEntity::commonInteger(int code, std::int64_t otherwise) const {
     const auto tag = find(code, Part::kCommon);
-    return tag ? static_cast<int>(integerOf(format(), *tag).value_or(otherwise)) : otherwise;
+    return tag ? integerOf(format(), *tag).value_or(otherwise) : otherwise;
+}
+
+OdDbObjectId OdDbEntity::commonId(int code) const {
+    const auto tag = find(code, Part::kCommon);
+    const auto handle = tag ? handleOf(format(), *tag) : std::nullopt;
+    return handle ? database()->getOdDbObjectId(*handle) : OdDbObjectId();
+}
+
+bool OdDbEntity::isBefore(DxfVersion first) const {
+    const DxfVersion version = database()->version();
+    return version != DxfVersion::kUnknown && version < first;
+}
+
+Tavo::ErrorStatus OdDbEntity::setCommon(int code, const Value& value) {
+    if (const auto status = checkWrite(); status != Tavo::eOk) return status;
+    if (find(code, Part::kCommon)) return setAt(code, value, {}, Part::kCommon);
+    RecordStore& store = database()->store();
+    RecordEditor record(format(), store.text(objectId().record()));
+    if (!record.insert(commonPlace(record, code), code, value)) return Tavo::eWrongType;
+    store.replace(objectId().record(), record.bytes());
+    return Tavo::eOk;
 }
 
 OdString OdDbEntity::layer() const {
@@ -36,32 +86,39 @@ Tavo::ErrorStatus OdDbEntity::setLayer(std::wstring_view name) {
     if (const auto status = checkWrite(); status != Tavo::eOk) return status;
     const auto table = database()->getLayerTableId().open<OdDbSymbolTable>();
     if (!table || !table->has(name)) return Tavo::eKeyNotFound;
-    return setAt(8, OdString(name), {100, 330, 5}, Part::kCommon);
+    return setCommon(8, OdString(name));
 }
 
 OdCmColor OdDbEntity::color() const {
     std::optional<int> index;
     std::optional<int> rgb;
-    if (find(62, Part::kCommon)) index = commonInteger(62, OdCmColor::kACIbyLayer);
-    if (find(420, Part::kCommon)) rgb = commonInteger(420, 0);
+    if (find(62, Part::kCommon)) index = static_cast<int>(commonInteger(62, OdCmColor::kACIbyLayer));
+    if (find(420, Part::kCommon)) rgb = static_cast<int>(commonInteger(420, 0));
     return OdCmColor::fromDxf(index, rgb);
 }
 
-Tavo::ErrorStatus OdDbEntity::setColor(const OdCmColor& color) {
+OdString OdDbEntity::colorBookName() const { return commonText(430); }
+
+Tavo::ErrorStatus OdDbEntity::setColor(const OdCmColor& color) { return setBookColor(color, {}); }
+
+Tavo::ErrorStatus OdDbEntity::setBookColor(const OdCmColor& color, std::wstring_view bookName) {
     if (const auto status = checkWrite(); status != Tavo::eOk) return status;
-    const DxfVersion version = database()->version();
-    if (color.isByColor() && version != DxfVersion::kUnknown && version < DxfVersion::kR2004)
-        return Tavo::eNotHandled;
-    if (color == this->color()) return Tavo::eOk;
+    if (!bookName.empty() && !color.isByColor()) return Tavo::eInvalidInput;
+    if (color.isByColor() && isBefore(DxfVersion::kR2004)) return Tavo::eNotHandled;
+    if (color == this->color() && colorBookName().view() == bookName) return Tavo::eOk;
     const OdDbUndoScope step(*database(), L"COLOR");
-    // By layer is what a missing colour means.
-    if (color.isByLayer())
-        removeAt(62, Part::kCommon);
-    else
-        setAt(62, std::int64_t{color.dxf62()}, {6, 8}, Part::kCommon);
-    if (const auto rgb = color.dxf420()) return setAt(420, std::int64_t{*rgb}, {62}, Part::kCommon);
-    removeAt(430, Part::kCommon);
-    return removeAt(420, Part::kCommon);
+    if (color != this->color()) {
+        // By layer is what a missing colour means.
+        if (color.isByLayer())
+            removeCommon(62);
+        else
+            setCommon(62, std::int64_t{color.dxf62()});
+        if (const auto rgb = color.dxf420())
+            setCommon(420, std::int64_t{*rgb});
+        else
+            removeCommon(420);
+    }
+    return bookName.empty() ? removeCommon(430) : setCommon(430, OdString(bookName));
 }
 
 OdString OdDbEntity::linetype() const {
@@ -80,10 +137,10 @@ OdDbObjectId OdDbEntity::linetypeId() const {
 
 Tavo::ErrorStatus OdDbEntity::setLinetype(std::wstring_view name) {
     if (const auto status = checkWrite(); status != Tavo::eOk) return status;
-    if (tv::text::equalNoCase(name, L"BYLAYER")) return removeAt(6, Part::kCommon);
+    if (tv::text::equalNoCase(name, L"BYLAYER")) return removeCommon(6);
     const auto table = database()->getLinetypeTableId().open<OdDbSymbolTable>();
     if (!tv::text::equalNoCase(name, L"BYBLOCK") && (!table || !table->has(name))) return Tavo::eKeyNotFound;
-    return setAt(6, OdString(name), {8}, Part::kCommon);
+    return setCommon(6, OdString(name));
 }
 
 double OdDbEntity::linetypeScale() const {
@@ -93,7 +150,8 @@ double OdDbEntity::linetypeScale() const {
 
 Tavo::ErrorStatus OdDbEntity::setLinetypeScale(double scale) {
     if (scale == linetypeScale()) return checkWrite();
-    return setAt(48, scale, {62, 6, 8}, Part::kCommon);
+    if (isBefore(DxfVersion::kR13)) return Tavo::eNotHandled;
+    return setCommon(48, scale);
 }
 
 OdDb::LineWeight OdDbEntity::lineWeight() const {
@@ -104,16 +162,86 @@ Tavo::ErrorStatus OdDbEntity::setLineWeight(OdDb::LineWeight weight) {
     const auto& known = OdDb::kLineWeights;
     if (std::find(known.begin(), known.end(), weight) == known.end()) return Tavo::eOutOfRange;
     if (weight == lineWeight()) return checkWrite();
-    const DxfVersion version = database()->version();
-    if (version != DxfVersion::kUnknown && version < DxfVersion::kR2000) return Tavo::eNotHandled;
-    return setAt(370, std::int64_t{weight}, {420, 48, 62, 6, 8}, Part::kCommon);
+    if (isBefore(DxfVersion::kR2000)) return Tavo::eNotHandled;
+    return setCommon(370, std::int64_t{weight});
+}
+
+OdCmTransparency OdDbEntity::transparency() const { return OdCmTransparency::fromDxf(commonInteger(440, 0)); }
+
+Tavo::ErrorStatus OdDbEntity::setTransparency(OdCmTransparency transparency) {
+    if (transparency == this->transparency()) return checkWrite();
+    if (isBefore(DxfVersion::kR2004)) return Tavo::eNotHandled;
+    if (transparency.isByLayer()) return removeCommon(440);
+    return setCommon(440, std::int64_t{transparency.dxfValue()});
+}
+
+// Many programs write the handle alone.
+OdDb::PlotStyleNameType OdDbEntity::plotStyleNameType() const {
+    const bool named = find(390, Part::kCommon).has_value();
+    const std::int64_t type =
+        commonInteger(380, named ? OdDb::kPlotStyleNameById : OdDb::kPlotStyleNameByLayer);
+    return type >= 0 && type <= 3 ? static_cast<OdDb::PlotStyleNameType>(type) : OdDb::kPlotStyleNameByLayer;
+}
+
+OdDbObjectId OdDbEntity::plotStyleNameId() const {
+    return plotStyleNameType() == OdDb::kPlotStyleNameById ? commonId(390) : OdDbObjectId();
+}
+
+// The dictionary owns the placeholder, and says its name.
+OdString OdDbEntity::plotStyleName() const {
+    const OdDbObjectPtr style = plotStyleNameId().openObject();
+    const auto owner = style ? style->ownerId().open<OdDbDictionary>() : nullptr;
+    if (!owner) return {};
+    for (const OdDbDictionary::Entry& entry : owner->entries())
+        if (entry.handle == style->handle()) return entry.name;
+    return {};
+}
+
+Tavo::ErrorStatus OdDbEntity::setPlotStyleName(OdDb::PlotStyleNameType type, OdDbObjectId id) {
+    if (const auto status = checkWrite(); status != Tavo::eOk) return status;
+    const bool byId = type == OdDb::kPlotStyleNameById;
+    if (byId && (id.isErased() || id.database() != database() || id.handle().isNull()))
+        return Tavo::eInvalidInput;
+    if (type == plotStyleNameType() && (!byId || id == plotStyleNameId())) return Tavo::eOk;
+    if (isBefore(DxfVersion::kR2000)) return Tavo::eNotHandled;
+    const OdDbUndoScope step(*database(), L"PLOTSTYLE");
+    if (type == OdDb::kPlotStyleNameByLayer)
+        removeCommon(380);
+    else
+        setCommon(380, std::int64_t{type});
+    return byId ? setCommon(390, id.handle()) : removeCommon(390);
+}
+
+OdDbObjectId OdDbEntity::materialId() const { return commonId(347); }
+
+Tavo::ErrorStatus OdDbEntity::setMaterial(OdDbObjectId material) {
+    if (const auto status = checkWrite(); status != Tavo::eOk) return status;
+    if (material.isNull()) return removeCommon(347);
+    if (material.isErased() || material.database() != database() || material.handle().isNull())
+        return Tavo::eInvalidInput;
+    if (material == materialId()) return Tavo::eOk;
+    if (isBefore(DxfVersion::kR2007)) return Tavo::eNotHandled;
+    return setCommon(347, material.handle());
+}
+
+OdDb::ShadowFlags OdDbEntity::shadowMode() const {
+    const std::int64_t mode = commonInteger(284, 0);
+    return mode >= 0 && mode <= 3 ? static_cast<OdDb::ShadowFlags>(mode) : OdDb::kShadowsCastAndReceive;
+}
+
+Tavo::ErrorStatus OdDbEntity::setShadowMode(OdDb::ShadowFlags mode) {
+    if (mode == shadowMode()) return checkWrite();
+    if (isBefore(DxfVersion::kR2007)) return Tavo::eNotHandled;
+    if (mode == OdDb::kShadowsCastAndReceive) return removeCommon(284);
+    return setCommon(284, std::int64_t{mode});
 }
 
 bool OdDbEntity::isVisible() const { return commonInteger(60, 0) == 0; }
 
 Tavo::ErrorStatus OdDbEntity::setVisible(bool visible) {
     if (visible == isVisible()) return checkWrite();
-    return setAt(60, std::int64_t{!visible}, {370, 48, 62, 6, 8}, Part::kCommon);
+    if (isBefore(DxfVersion::kR13)) return Tavo::eNotHandled;
+    return setCommon(60, std::int64_t{!visible});
 }
 
 bool OdDbEntity::isInPaperSpace() const { return commonInteger(67, 0) == 1; }

@@ -2,13 +2,15 @@
 
 #include "platform/Export.h"
 #include "platform/drawing/OdCmColor.h"
+#include "platform/drawing/OdCmTransparency.h"
 #include "platform/drawing/OdDb.h"
 #include "platform/drawing/OdDbObject.h"
 
 #include <cstddef>
 #include <iterator>
 
-// What all entities have, also those of kinds nobody here knows.
+// What all entities have, also those of kinds nobody here knows. A setter answers eNotHandled for what the
+// drawing's version has no place for; setting what a missing tag means takes the tag away.
 class KXPLATFORM_EXPORT OdDbEntity : public OdDbObject {
   public:
     using OdDbObject::OdDbObject;
@@ -16,12 +18,17 @@ class KXPLATFORM_EXPORT OdDbEntity : public OdDbObject {
     // "0" when the entity names none.
     OdString layer() const;
     OdDbObjectId layerId() const;
-    // eKeyNotFound for a layer the drawing lacks.
+    // eKeyNotFound for a layer the drawing lacks. Sub-entities keep theirs.
     Tavo::ErrorStatus setLayer(std::wstring_view name);
 
-    // By layer when the entity says nothing. Setting answers eNotHandled for a true colour before R2004.
+    // By layer when the entity says nothing. True colours are of R2004 and later.
     OdCmColor color() const;
+    // Also forgets the colour book's name.
     Tavo::ErrorStatus setColor(const OdCmColor& color);
+    // "BOOK$COLOUR" when the colour was taken from a colour book.
+    OdString colorBookName() const;
+    // Sets a true colour together with its name in a book.
+    Tavo::ErrorStatus setBookColor(const OdCmColor& color, std::wstring_view bookName);
 
     // "BYLAYER" when the entity says nothing.
     OdString linetype() const;
@@ -34,6 +41,23 @@ class KXPLATFORM_EXPORT OdDbEntity : public OdDbObject {
     OdDb::LineWeight lineWeight() const;
     Tavo::ErrorStatus setLineWeight(OdDb::LineWeight weight);
 
+    OdCmTransparency transparency() const;
+    Tavo::ErrorStatus setTransparency(OdCmTransparency transparency);
+
+    OdDb::PlotStyleNameType plotStyleNameType() const;
+    // The placeholder in the dictionary of plot styles; null unless the style is by id.
+    OdDbObjectId plotStyleNameId() const;
+    // The name it has in that dictionary; empty unless the style is by id.
+    OdString plotStyleName() const;
+    // The id counts for kPlotStyleNameById only, which needs one (else eInvalidInput).
+    Tavo::ErrorStatus setPlotStyleName(OdDb::PlotStyleNameType type, OdDbObjectId id = {});
+
+    // Null by layer.
+    OdDbObjectId materialId() const;
+    Tavo::ErrorStatus setMaterial(OdDbObjectId material);
+    OdDb::ShadowFlags shadowMode() const;
+    Tavo::ErrorStatus setShadowMode(OdDb::ShadowFlags mode);
+
     bool isVisible() const;
     Tavo::ErrorStatus setVisible(bool visible);
     bool isInPaperSpace() const;
@@ -41,8 +65,13 @@ class KXPLATFORM_EXPORT OdDbEntity : public OdDbObject {
     OdDbObjectId ownerId() const override;
 
   private:
-    int commonInteger(int code, int otherwise) const;
+    std::int64_t commonInteger(int code, std::int64_t otherwise) const;
     OdString commonText(int code) const;
+    OdDbObjectId commonId(int code) const;
+    bool isBefore(OdDb::DxfVersion first) const;
+    // Like setAt and removeAt, in the common part and in the order files have its tags.
+    Tavo::ErrorStatus setCommon(int code, const tv::dwg::Value& value);
+    Tavo::ErrorStatus removeCommon(int code) { return removeAt(code, Part::kCommon); }
 };
 using OdDbEntityPtr = std::shared_ptr<OdDbEntity>;
 

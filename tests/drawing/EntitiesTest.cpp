@@ -4,6 +4,7 @@
 #include "platform/drawing/EntityGeometry.h"
 #include "platform/drawing/OdDbBlockTable.h"
 #include "platform/drawing/OdDbEntity.h"
+#include "platform/drawing/entities/Hyperlink.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -129,6 +130,73 @@ TEST(Entities, CommonPropertiesChangeInTheCommonPartOnly) {
                   .open<OdDbEntity>(OdDb::kForWrite)
                   ->setColor(OdCmColor::byRgb(1, 2, 3)),
               Tavo::eNotHandled);
+}
+
+TEST(Entities, CommonPropertiesStandInTheOrderOfFiles) {
+    const std::string before =
+        "0|ODDITY|5|1|102|{ACAD_REACTORS|330|9|102|}|330|1F|100|AcDbEntity|8|0|62|3|370|25|100|"
+        "AcDbOddity|440|7|390|8|1001|ACAD|1070|1|";
+    const auto db = entities(before + "0|PLACEHOLDER|5|A|330|0|");
+    const std::string first = db->bytes();
+    const auto entity = db->getOdDbObjectId(1).open<OdDbEntity>(OdDb::kForWrite);
+    ASSERT_TRUE(entity);
+    EXPECT_EQ(entity->plotStyleNameType(), OdDb::kPlotStyleNameByLayer);
+    EXPECT_TRUE(entity->transparency().isByLayer());
+    EXPECT_EQ(entity->setPlotStyleName(OdDb::kPlotStyleNameById), Tavo::eInvalidInput);
+    EXPECT_EQ(entity->setShadowMode(OdDb::kShadowsIgnore), Tavo::eOk);
+    EXPECT_EQ(entity->setPlotStyleName(OdDb::kPlotStyleNameById, db->getOdDbObjectId(0xA)), Tavo::eOk);
+    EXPECT_EQ(entity->setVisible(false), Tavo::eOk);
+    EXPECT_EQ(entity->setTransparency(OdCmTransparency::byPercent(50)), Tavo::eOk);
+    EXPECT_EQ(entity->setBookColor(OdCmColor::byRgb(1, 2, 3), L"BOOK$RED"), Tavo::eOk);
+    EXPECT_EQ(entity->setMaterial(db->getOdDbObjectId(0xA)), Tavo::eOk);
+    EXPECT_THAT(db->bytes(),
+                testing::HasSubstr(
+                    lines("8|0|347|A|62|178|420|66051|430|BOOK$RED|440|33554559|60|1|370|25|380|3|390|A|284|"
+                          "3|100|AcDbOddity|440|7|390|8")));
+    EXPECT_EQ(entity->transparency().percent(), 50);
+    EXPECT_EQ(entity->plotStyleNameId(), db->getOdDbObjectId(0xA));
+    EXPECT_EQ(entity->setColor(OdCmColor::byRgb(1, 2, 4)), Tavo::eOk);
+    EXPECT_TRUE(entity->colorBookName().isEmpty()) << "another colour has another name";
+    while (db->undo()) {
+    }
+    EXPECT_EQ(db->bytes(), first);
+
+    // Older drawings have no place for these; what they have already is no change.
+    const auto old = entities("0|LINE|5|1|8|0|10|0|", "AC1009")->getOdDbObjectId(1);
+    const auto line = old.open<OdDbEntity>(OdDb::kForWrite);
+    EXPECT_EQ(line->setTransparency(OdCmTransparency::byPercent(1)), Tavo::eNotHandled);
+    EXPECT_EQ(line->setPlotStyleName(OdDb::kPlotStyleNameByBlock), Tavo::eNotHandled);
+    EXPECT_EQ(line->setVisible(false), Tavo::eNotHandled);
+    EXPECT_EQ(line->setShadowMode(OdDb::kShadowsCastAndReceive), Tavo::eOk);
+    for (int percent = 0; percent <= 100; ++percent)
+        EXPECT_EQ(OdCmTransparency::fromDxf(OdCmTransparency::byPercent(percent).dxfValue()).percent(),
+                  percent);
+}
+
+TEST(Entities, HyperlinksAreSetLevelByLevel) {
+    const std::string flags =
+        "0|LINE|5|2|8|0|1001|PE_URL|1000|www|1002|{|1000|said|1002|{|1071|1|1002|}|1002|}|1001|"
+        "OTHER|1000|x|";
+    const auto db = entities("0|LINE|5|1|8|0|1001|OTHER|1000|x|" + flags);
+    const std::string first = db->bytes();
+    const OdDbObjectId bare = db->getOdDbObjectId(1);
+    const OdDbObjectId linked = db->getOdDbObjectId(2);
+    EXPECT_EQ(hyperlinkOf(bare), std::nullopt);
+    EXPECT_EQ(hyperlinkOf(linked), (Hyperlink{L"www", L"said", L""}));
+    EXPECT_EQ(setHyperlink(linked, {L"www", L"said", L"View"}), Tavo::eOk);
+    EXPECT_THAT(db->bytes(),
+                testing::HasSubstr(
+                    lines("1000|www|1002|{|1000|said|1002|{|1000|View|1071|1|1002|}|1002|}|1001|OTHER")));
+    for (const Hyperlink& link :
+         {Hyperlink{L"u", L"", L"s"}, Hyperlink{L"u", L"d", L""}, Hyperlink{L"", L"d", L"s"}}) {
+        EXPECT_EQ(setHyperlink(bare, link), Tavo::eOk);
+        EXPECT_EQ(hyperlinkOf(bare), link);
+        EXPECT_EQ(removeHyperlink(bare), Tavo::eOk);
+        EXPECT_EQ(hyperlinkOf(bare), std::nullopt);
+    }
+    while (db->undo()) {
+    }
+    EXPECT_EQ(db->bytes(), first);
 }
 
 TEST(Colors, PaletteAndConversions) {
