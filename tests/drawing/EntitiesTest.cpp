@@ -162,8 +162,8 @@ TEST(Entities, CommonPropertiesStandInTheOrderOfFiles) {
     EXPECT_EQ(db->bytes(), first);
 
     // Older drawings have no place for these; what they have already is no change.
-    const auto old = entities("0|LINE|5|1|8|0|10|0|", "AC1009")->getOdDbObjectId(1);
-    const auto line = old.open<OdDbEntity>(OdDb::kForWrite);
+    const auto old = entities("0|LINE|5|1|8|0|10|0|", "AC1009");
+    const auto line = old->getOdDbObjectId(1).open<OdDbEntity>(OdDb::kForWrite);
     EXPECT_EQ(line->setTransparency(OdCmTransparency::byPercent(1)), Tavo::eNotHandled);
     EXPECT_EQ(line->setPlotStyleName(OdDb::kPlotStyleNameByBlock), Tavo::eNotHandled);
     EXPECT_EQ(line->setVisible(false), Tavo::eNotHandled);

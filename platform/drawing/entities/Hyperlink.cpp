@@ -70,7 +70,7 @@ bool put(RecordEditor& record, std::size_t level, const OdString& text) {
 Tavo::ErrorStatus writable(OdDbObjectId id) {
     if (id.isErased()) return Tavo::eWasErased;
     if (!id.open<OdDbEntity>()) return Tavo::eWrongType;
-    return id.database()->store().replaying() ? Tavo::eReadOnly : Tavo::eOk;
+    return id.database()->store().writable() ? Tavo::eOk : Tavo::eReadOnly;
 }
 
 } // namespace
