@@ -1,82 +1,162 @@
 #pragma once
 
 #include "platform/drawing/Geometry.h"
+#include "platform/drawing/OdDbObjectId.h"
+#include "tavocad/scene/Box.h"
+#include "tavocad/scene/SpatialIndex.h"
+#include "tavocad/scene/Styles.h"
 
+#include <array>
 #include <cstdint>
 #include <limits>
+#include <memory>
+#include <optional>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
-// What the drawing area paints: a drawing's model space, flattened into plain vectors in drawing units, y
-// upwards.
+// What the drawing area paints: one space of a drawing, flattened into plain vectors in drawing units, y
+// upwards. Geometry, styles and layers are tables that refer to each other by number, so that switching a layer
+// changes a table and no geometry.
 namespace tv::scene {
 
-struct Box {
-    double left = std::numeric_limits<double>::max(), bottom = left;
-    double right = std::numeric_limits<double>::lowest(), top = right;
-
-    bool empty() const { return left > right; }
-    void add(OdGePoint2d p) {
-        if (p.x < left) left = p.x;
-        if (p.x > right) right = p.x;
-        if (p.y < bottom) bottom = p.y;
-        if (p.y > top) top = p.y;
-    }
-    void add(const Box& box) {
-        if (box.empty()) return;
-        add(OdGePoint2d{box.left, box.bottom});
-        add(OdGePoint2d{box.right, box.top});
-    }
-    bool meets(const Box& other) const {
-        return left <= other.right && other.left <= right && bottom <= other.top && other.bottom <= top;
-    }
+// One painted thing. Items are in the order they are painted; those of one entity follow each other.
+struct Item {
+    enum class Kind : std::uint8_t {
+        stroke, // points[first .. first + count): polylines, parted by breaks (see isBreak)
+        arc,    // four points: the centre, the ends of two conjugate half axes as vectors from it, and the
+                // parameters (from, to) in radians, from <= to
+        area,   // outlines parted by breaks, filled
+        text,   // texts[first]
+        mark,   // points[first]: a cross of constant size on the screen
+    };
+    enum Flag : std::uint8_t {
+        evenOdd = 1,  // of an area: what lies in an even number of outlines is no part of it
+        mask = 2,     // of an area: painted in the background's colour, hiding what lies below
+        pale = 4,     // of an area: stands for a pattern too fine to be painted line by line
+        solidLine = 8 // of a stroke or an arc: never dashed
+    };
+    std::uint32_t first = 0, count = 0;
+    std::uint32_t style = 0;  // into Scene::styles
+    std::uint32_t entity = 0; // into Scene::entities
+    Kind kind = Kind::stroke;
+    std::uint8_t flags = 0;
 };
 
-// A colour to paint with. `foreground` stands for the colour that is white on a dark background and black on a
-// light one.
-struct Paint {
-    std::uint32_t rgb = 0; // 0xRRGGBB
-    bool foreground = false;
-    friend bool operator==(const Paint&, const Paint&) = default;
-};
+// Ends one polyline of a stroke or outline of an area.
+inline constexpr OdGePoint2d breakPoint{std::numeric_limits<double>::quiet_NaN(), 0};
+inline bool isBreak(OdGePoint2d point) { return point.x != point.x; }
 
-// A polyline: points[first .. first + count).
-struct Path {
-    std::size_t first = 0, count = 0;
-    Paint paint;
-    bool filled = false;
-    Box box;
-};
-
+// A stretch of text on one line.
 struct Text {
-    std::wstring text; // lines separated by '\n'
-    OdGePoint2d at;    // where `horizontal` and `vertical` say
-    double height = 0; // of capital letters
-    double angle = 0;  // radians
+    std::uint32_t first = 0, count = 0; // of Scene::letters
+    OdGePoint2d at;                     // where `horizontal` and `vertical` say
+    double height = 0;                  // of capital letters
+    double angle = 0;                   // radians
+    double oblique = 0;                 // radians, letters leaning forward
     double widthFactor = 1;
-    enum class Horizontal { left, center, right } horizontal = Horizontal::left;
-    enum class Vertical { baseline, bottom, middle, top } vertical = Vertical::baseline;
-    Paint paint;
-    Box box; // an estimate
+    double width = 0; // drawing units it is to be fitted into; 0 for as wide as it gets
+    std::uint32_t font = 0;
+    enum class Horizontal : std::uint8_t { left, center, right } horizontal = Horizontal::left;
+    enum class Vertical : std::uint8_t { baseline, bottom, middle, top } vertical = Vertical::baseline;
+    bool underlined = false, overlined = false, struck = false;
+    bool mirrored = false; // letters run backwards
 };
 
-struct Mark {
-    OdGePoint2d at;
-    Paint paint;
+// What a text style asks for. Either may be empty or not installed.
+struct Font {
+    std::wstring typeface; // "Malgun Gothic"
+    std::wstring file;     // "romans.shx"
+    bool bold = false, italic = false;
+    friend bool operator==(const Font&, const Font&) = default;
+};
+
+// The top-level entity that items come from.
+struct Entity {
+    tv::dwg::RecordId record = tv::dwg::kNoRecord;
+    std::uint32_t firstItem = 0, itemCount = 0;
+};
+
+struct Scene;
+
+// A window in a layout through which model space is seen. The model's scene is shared between the windows;
+// layers look different in each.
+struct ViewportPicture {
+    std::shared_ptr<const Scene> model;
+    StyleTable styles; // in place of the model's
+    // From the model's coordinates to this layout's: origin + x * p.x + y * p.y.
+    OdGeVector2d x{1, 0}, y{0, 1};
+    OdGePoint2d origin;
+    std::vector<OdGePoint2d> clip; // a closed polygon in the layout's coordinates
+    std::uint32_t entity = 0;      // the viewport itself, into Scene::entities
+    OdGePoint2d toLayout(OdGePoint2d p) const {
+        return {origin.x + x.x * p.x + y.x * p.y, origin.y + x.y * p.x + y.y * p.y};
+    }
 };
 
 struct Scene {
+    OdDbDatabase* database = nullptr;
     std::vector<OdGePoint2d> points;
-    std::vector<Path> paths;
+    std::vector<Item> items;
     std::vector<Text> texts;
-    std::vector<Mark> marks; // POINT entities
-    Box box;                 // of everything
-    // The boxes of every `chunk` successive paths, so that a view into a large drawing skips most of it.
-    static constexpr std::size_t chunk = 256;
-    std::vector<Box> chunks;
-    std::size_t entities = 0; // drawn ones, those inside of blocks once per insert
+    std::wstring letters; // of all texts
+    std::vector<Font> fonts;
+    std::vector<Entity> entities; // in file order
+    StyleTable styles;
+    std::vector<ViewportPicture> viewports; // of a layout; painted below its items
+    Box box;                                // of everything that is shown
+    std::size_t drawn = 0;                  // entities drawn, those inside of blocks once per insert
 
-    void finish(); // computes chunks and box
+    // --- what to paint ---
+    struct Dot {
+        OdGePoint2d at;
+        std::uint32_t style;
+    };
+    // What a view of that box shows, hidden layers left out. Items are in painting order. What is smaller than
+    // `pixel` (drawing units) in both directions is a dot; many such beside each other are one.
+    struct Seen {
+        std::vector<std::uint32_t> items;
+        std::vector<Dot> dots;
+    };
+    void look(const Box& view, double pixel, Seen& seen) const;
+    const Style& styleOf(const Item& item) const { return styles[item.style]; }
+    std::wstring_view lettersOf(const Text& text) const {
+        return std::wstring_view(letters).substr(text.first, text.count);
+    }
+    Box boxOf(const Item& item) const; // a text's is an estimate
+    std::array<OdGePoint2d, 4> cornersOf(const Text& text) const; // as that, from the lower left one on
+    // The points of a stroke, area or mark.
+    std::span<const OdGePoint2d> pointsOf(const Item& item) const {
+        return {points.data() + item.first, item.count};
+    }
+
+    // --- what is where; hidden layers are left out, entities are numbers into `entities`, each once, rising ---
+    struct Hit {
+        std::uint32_t entity = 0, item = 0;
+        double distance = 0;
+    };
+    // The nearest within `tolerance`, of equally near ones the topmost. Inside of a filled area or a text the
+    // distance is 0.
+    std::optional<Hit> pick(OdGePoint2d at, double tolerance) const;
+    // Every entity within the tolerance, the nearest first: to go through what lies on top of each other.
+    std::vector<Hit> pickAll(OdGePoint2d at, double tolerance) const;
+    // Entities all of whose items lie inside of the box or polygon.
+    std::vector<std::uint32_t> inside(const Box& box) const;
+    std::vector<std::uint32_t> inside(std::span<const OdGePoint2d> polygon) const;
+    // Entities that have anything inside, or that the edge meets.
+    std::vector<std::uint32_t> crossing(const Box& box) const;
+    std::vector<std::uint32_t> crossing(std::span<const OdGePoint2d> polygon) const;
+    // Entities that an open line meets.
+    std::vector<std::uint32_t> fence(std::span<const OdGePoint2d> line) const;
+    OdDbObjectId idOf(std::uint32_t entity) const;
+    // The number of the entity with that id; nothing when the scene draws nothing of it.
+    std::optional<std::uint32_t> entityOf(OdDbObjectId id) const;
+
+    // --- for the builder ---
+    void finish(); // computes index and box
+    SpatialIndex index;
+    std::vector<std::uint32_t> loose; // items drawn anew since finish(), which the index does not know
 };
 
 } // namespace tv::scene

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/drawing/Geometry.h"
+
+#include <limits>
+
+namespace tv::scene {
+
+struct Box {
+    double left = std::numeric_limits<double>::max(), bottom = left;
+    double right = std::numeric_limits<double>::lowest(), top = right;
+
+    bool empty() const { return left > right; }
+    double width() const { return right - left; }
+    double height() const { return top - bottom; }
+    void add(OdGePoint2d p) {
+        if (p.x < left) left = p.x;
+        if (p.x > right) right = p.x;
+        if (p.y < bottom) bottom = p.y;
+        if (p.y > top) top = p.y;
+    }
+    void add(const Box& box) {
+        if (box.empty()) return;
+        add(OdGePoint2d{box.left, box.bottom});
+        add(OdGePoint2d{box.right, box.top});
+    }
+    Box grown(double by) const { return {left - by, bottom - by, right + by, top + by}; }
+    bool meets(const Box& other) const {
+        return left <= other.right && other.left <= right && bottom <= other.top && other.bottom <= top;
+    }
+    bool contains(OdGePoint2d p) const { return left <= p.x && p.x <= right && bottom <= p.y && p.y <= top; }
+    bool contains(const Box& other) const {
+        return left <= other.left && other.right <= right && bottom <= other.bottom && other.top <= top;
+    }
+};
+
+} // namespace tv::scene
