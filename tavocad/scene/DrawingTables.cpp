@@ -109,7 +109,8 @@ DrawingTables readTables(const OdDbDatabase& database, StyleTable& styles) {
             const auto record = id.open<OdDbLinetypeTableRecord>();
             if (!record) return;
             const std::wstring name = tv::text::foldCase(record->getName().view());
-            if (!tables.linetypes.try_emplace(name, static_cast<std::uint32_t>(linetypes.size())).second) return;
+            if (!tables.linetypes.try_emplace(name, static_cast<std::uint32_t>(linetypes.size())).second)
+                return;
             linetypes.push_back({record->getName().wstr(), record->dashes()});
         });
     double scale = 1;

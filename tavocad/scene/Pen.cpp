@@ -50,8 +50,8 @@ void Pen::arc(const OdGePoint3d& center, const OdGeVector3d& major, const OdGeVe
     const OdGePoint2d arc[] = {{c.x, c.y}, flat(whole(major)), flat(whole(minor)), {from, to}};
     for (const OdGePoint2d& part : arc)
         if (!finite(part)) return;
-    m_scene.items.push_back({static_cast<std::uint32_t>(m_scene.points.size()), 4, m_style, m_entity,
-                             Item::Kind::arc, 0});
+    m_scene.items.push_back(
+        {static_cast<std::uint32_t>(m_scene.points.size()), 4, m_style, m_entity, Item::Kind::arc, 0});
     m_scene.points.insert(m_scene.points.end(), std::begin(arc), std::end(arc));
 }
 
@@ -79,8 +79,8 @@ void Pen::text(Text text, std::wstring_view letters, const OdGePoint3d& at, doub
     text.first = static_cast<std::uint32_t>(m_scene.letters.size());
     text.count = static_cast<std::uint32_t>(letters.size());
     m_scene.letters += letters;
-    m_scene.items.push_back({static_cast<std::uint32_t>(m_scene.texts.size()), 1, m_style, m_entity,
-                             Item::Kind::text, 0});
+    m_scene.items.push_back(
+        {static_cast<std::uint32_t>(m_scene.texts.size()), 1, m_style, m_entity, Item::Kind::text, 0});
     m_scene.texts.push_back(text);
 }
 

@@ -198,9 +198,9 @@ std::vector<Scene::Hit> Scene::pickAll(OdGePoint2d at, double tolerance) const {
     std::sort(hits.begin(), hits.end(), [](const Hit& a, const Hit& b) {
         return a.entity != b.entity ? a.entity < b.entity : a.distance < b.distance;
     });
-    hits.erase(std::unique(hits.begin(), hits.end(),
-                           [](const Hit& a, const Hit& b) { return a.entity == b.entity; }),
-               hits.end());
+    hits.erase(
+        std::unique(hits.begin(), hits.end(), [](const Hit& a, const Hit& b) { return a.entity == b.entity; }),
+        hits.end());
     std::sort(hits.begin(), hits.end(), [](const Hit& a, const Hit& b) {
         return a.distance != b.distance ? a.distance < b.distance : a.entity > b.entity;
     });

@@ -119,7 +119,8 @@ void Scene::look(const Box& view, double pixel, Seen& seen) const {
         });
     for (std::size_t word = 0; word < marks.size(); ++word)
         for (std::uint64_t bits = marks[word]; bits; bits &= bits - 1) {
-            const auto item = static_cast<std::uint32_t>(word * 64) + static_cast<std::uint32_t>(std::countr_zero(bits));
+            const auto item =
+                static_cast<std::uint32_t>(word * 64) + static_cast<std::uint32_t>(std::countr_zero(bits));
             if (styleOf(items[item]).shown) seen.items.push_back(item);
         }
     if (loose.empty()) return;
@@ -134,9 +135,7 @@ void Scene::look(const Box& view, double pixel, Seen& seen) const {
     std::inplace_merge(seen.items.begin(), seen.items.begin() + middle, seen.items.end(), before);
 }
 
-OdDbObjectId Scene::idOf(std::uint32_t entity) const {
-    return {database, entities[entity].record};
-}
+OdDbObjectId Scene::idOf(std::uint32_t entity) const { return {database, entities[entity].record}; }
 
 std::optional<std::uint32_t> Scene::entityOf(OdDbObjectId id) const {
     if (id.database() != database) return std::nullopt;

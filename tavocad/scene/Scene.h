@@ -124,14 +124,15 @@ struct Scene {
     std::wstring_view lettersOf(const Text& text) const {
         return std::wstring_view(letters).substr(text.first, text.count);
     }
-    Box boxOf(const Item& item) const; // a text's is an estimate
+    Box boxOf(const Item& item) const;                            // a text's is an estimate
     std::array<OdGePoint2d, 4> cornersOf(const Text& text) const; // as that, from the lower left one on
     // The points of a stroke, area or mark.
     std::span<const OdGePoint2d> pointsOf(const Item& item) const {
         return {points.data() + item.first, item.count};
     }
 
-    // --- what is where; hidden layers are left out, entities are numbers into `entities`, each once, rising ---
+    // --- what is where; hidden layers are left out, entities are numbers into `entities`, each once, rising
+    // ---
     struct Hit {
         std::uint32_t entity = 0, item = 0;
         double distance = 0;

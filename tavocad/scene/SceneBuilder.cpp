@@ -74,8 +74,8 @@ class Builder {
     StyleSource styleOf(const OdDbEntity& entity, const Place& place) {
         StyleSource style;
         const OdString layer = entity.layer();
-        style.layer = place.nested && layer == L"0" ? place.insert.layer
-                                                    : m_tables.layer(layer.view(), m_scene.styles);
+        style.layer =
+            place.nested && layer == L"0" ? place.insert.layer : m_tables.layer(layer.view(), m_scene.styles);
         style.gate = place.insert.gate;
         const OdCmColor color = entity.color();
         if (color.isByLayer()) {
@@ -125,7 +125,8 @@ class Builder {
         if (m_scene.items.size() > before) ++m_scene.drawn;
     }
 
-    void addInsert(OdDbObjectId id, const InsertGeometry& insert, const Place& place, const StyleSource& style) {
+    void addInsert(OdDbObjectId id, const InsertGeometry& insert, const Place& place,
+                   const StyleSource& style) {
         Block& block = *blockOf(insert.block);
         if (!block.open) {
             block.open = true;

@@ -7,7 +7,7 @@
 namespace tv::scene {
 namespace {
 
-constexpr std::size_t mostDashes = 32; // of a pattern; a longer one is painted as its beginning
+constexpr std::size_t mostDashes = 32;     // of a pattern; a longer one is painted as its beginning
 constexpr std::uint16_t mostScales = 4096; // different scales of one linetype; beyond them lines are continuous
 
 std::uint64_t pairOf(std::uint32_t a, std::uint32_t b) { return std::uint64_t{a} << 32 | b; }

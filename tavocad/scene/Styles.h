@@ -53,8 +53,8 @@ struct Style {
     std::uint32_t layer = 0;   // into StyleTable::layers
 };
 
-// Where a style comes from. Each property is the layer's whose number stands beside it, or with `none` there the
-// value itself.
+// Where a style comes from. Each property is the layer's whose number stands beside it, or with `none` there
+// the value itself.
 struct StyleSource {
     std::uint32_t layer = 0; // whether it is shown
     std::uint32_t gate = 0;  // see StyleTable::gate

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tavocad/scene/Scene.h"
+#include "tavocad/window/ScenePainter.h"
 
 #include <QWidget>
 
@@ -39,13 +40,9 @@ class DrawingView : public QWidget {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
+    ScenePainter view() const;
     QPointF toScreen(OdGePoint2d point) const;
     OdGePoint2d toDrawing(QPointF point) const;
-    tv::scene::Box visibleBox() const;
-    QColor colorOf(const tv::scene::Paint& paint) const;
-    void paintPaths(QPainter& painter, const tv::scene::Box& visible) const;
-    void paintTexts(QPainter& painter, const tv::scene::Box& visible) const;
-    void paintMarks(QPainter& painter, const tv::scene::Box& visible) const;
     void paintPick(QPainter& painter) const;
 
     std::shared_ptr<const tv::scene::Scene> m_scene;

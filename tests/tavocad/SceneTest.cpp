@@ -26,6 +26,13 @@ Scene sceneOf(const std::string& blocks, const std::string& entities) {
     return opened.database ? buildScene(*opened.database) : Scene{};
 }
 
+std::vector<Item> shownOf(const Scene& scene) {
+    std::vector<Item> items;
+    for (const Item& item : scene.items)
+        if (scene.styleOf(item).shown) items.push_back(item);
+    return items;
+}
+
 const std::string line = "10|0|20|0|11|2|21|1|";
 std::string block(const std::string& name, const std::string& entities) {
     return "0|BLOCK|8|0|2|" + name + "|70|0|10|0|20|0|" + entities + "0|ENDBLK|8|0|";
@@ -36,8 +43,9 @@ std::string block(const std::string& name, const std::string& entities) {
 TEST(Scene, LeavesOutWhatIsNotShown) {
     const Scene scene = sceneOf("", "0|LINE|8|RED|" + line + "0|LINE|8|OFF|" + line + "0|LINE|8|ICE|" + line +
                                         "0|LINE|8|0|60|1|" + line);
-    ASSERT_EQ(scene.paths.size(), 1U);
-    EXPECT_EQ(scene.paths[0].paint, (Paint{0xFF0000, false}));
+    const auto shown = shownOf(scene);
+    ASSERT_EQ(shown.size(), 1U);
+    EXPECT_EQ(scene.styleOf(shown[0]).paint, (Paint{0xFF0000, false}));
     EXPECT_EQ(scene.box.right, 2);
 }
 
@@ -47,11 +55,12 @@ TEST(Scene, ColoursInsideBlocksComeFromTheInsert) {
         sceneOf(block("B", "0|LINE|8|0|" + line + "0|LINE|8|0|62|0|" + line + "0|LINE|8|0|62|5|" + line +
                                "0|LINE|8|ICE|" + line + "0|INSERT|8|0|2|B|10|0|20|0|"),
                 "0|INSERT|8|RED|62|3|2|B|10|0|20|0|0|LINE|8|0|" + line);
-    ASSERT_EQ(scene.paths.size(), 4U) << "the block inside itself is passed over";
-    EXPECT_EQ(scene.paths[0].paint.rgb, 0xFF0000U);
-    EXPECT_EQ(scene.paths[1].paint.rgb, 0x00FF00U);
-    EXPECT_EQ(scene.paths[2].paint.rgb, 0x0000FFU);
-    EXPECT_TRUE(scene.paths[3].paint.foreground);
+    const auto shown = shownOf(scene);
+    ASSERT_EQ(shown.size(), 4U) << "the block inside itself is passed over";
+    EXPECT_EQ(scene.styleOf(shown[0]).paint.rgb, 0xFF0000U);
+    EXPECT_EQ(scene.styleOf(shown[1]).paint.rgb, 0x00FF00U);
+    EXPECT_EQ(scene.styleOf(shown[2]).paint.rgb, 0x0000FFU);
+    EXPECT_TRUE(scene.styleOf(shown[3]).paint.foreground);
 }
 
 // Nested, turned and stretched: the inner line from (0,0) to (2,1) lands where hand calculation puts it.
@@ -59,14 +68,14 @@ TEST(Scene, NestedInsertsArePlaced) {
     const Scene scene =
         sceneOf(block("IN", "0|LINE|8|0|" + line) + block("OUT", "0|INSERT|8|0|2|IN|10|10|20|0|41|2|42|3|"),
                 "0|INSERT|8|0|2|OUT|10|100|20|50|50|90|0|INSERT|8|0|2|IN|10|0|20|0|70|3|44|5|71|2|45|7|");
-    ASSERT_EQ(scene.paths.size(), 7U);
+    ASSERT_EQ(scene.items.size(), 7U);
     const OdGePoint2d start = scene.points[0], end = scene.points[1];
     EXPECT_NEAR(start.x, 100, 1e-9);
     EXPECT_NEAR(start.y, 60, 1e-9);
     EXPECT_NEAR(end.x, 97, 1e-9);
     EXPECT_NEAR(end.y, 64, 1e-9);
-    EXPECT_NEAR(scene.points[scene.paths[6].first].x, 10, 1e-9);
-    EXPECT_NEAR(scene.points[scene.paths[6].first].y, 7, 1e-9);
+    EXPECT_NEAR(scene.points[scene.items[6].first].x, 10, 1e-9);
+    EXPECT_NEAR(scene.points[scene.items[6].first].y, 7, 1e-9);
 }
 
 TEST(Scene, CurvesKeepTheirEndsAndRadius) {
@@ -100,14 +109,14 @@ TEST(Scene, PolylinesAreAsWideAsTheySay) {
     EXPECT_NEAR(square.bottom, -1, 1e-9);
     EXPECT_NEAR(square.top, 10, 1e-9);
     const Scene l = sceneOf("", "0|LWPOLYLINE|8|0|90|3|43|2|" + corner);
-    ASSERT_EQ(l.paths.size(), 2U);
-    EXPECT_TRUE(l.paths[0].filled);
+    ASSERT_EQ(l.items.size(), 2U);
+    EXPECT_EQ(l.items[0].kind, Item::Kind::area);
     EXPECT_EQ(std::count(l.points.begin(), l.points.end(), OdGePoint2d(11, -1)), 2) << "both reach the corner";
 
     const Scene mixed = sceneOf("", "0|LWPOLYLINE|8|0|90|3|10|0|20|0|40|4|41|0|10|10|20|0|10|20|20|0|");
-    ASSERT_EQ(mixed.paths.size(), 2U);
-    EXPECT_TRUE(mixed.paths[0].filled);
-    EXPECT_FALSE(mixed.paths[1].filled);
+    ASSERT_EQ(mixed.items.size(), 2U);
+    EXPECT_EQ(mixed.items[0].kind, Item::Kind::area);
+    EXPECT_EQ(mixed.items[1].kind, Item::Kind::stroke);
     EXPECT_NEAR(mixed.box.top, 2, 1e-9);
     EXPECT_NEAR(mixed.box.left, 0, 1e-9);
 
