@@ -12,7 +12,6 @@
 #include "platform/text/ResourceString.h"
 #include "platform/text/Unicode.h"
 #include "platform/toolkit/Dialog.h"
-#include "tavocad/DocumentFiles.h"
 #include "tavocad/DrawingScenes.h"
 #include "tavocad/Languages.h"
 #include "tavocad/NearNames.h"
@@ -38,6 +37,11 @@ std::optional<OdString> stepOutsideRecord(OdDbDatabase& database, OdString (OdDb
     return taken;
 }
 
+bool isOwnFile(const TavoDocument& document, const std::filesystem::path& file) {
+    std::error_code error;
+    return file.empty() || file == document.path() || std::filesystem::equivalent(file, document.path(), error);
+}
+
 } // namespace
 
 TavoSession::TavoSession(std::unique_ptr<tv::SettingsStore> settings)
@@ -49,7 +53,6 @@ TavoSession::TavoSession(std::unique_ptr<tv::SettingsStore> settings)
             if (event == TavoDocumentManager::Event::kClosing) m_scenes->release(document->database().get());
         });
     m_objects = std::make_unique<SelectionRequests>(*m_host->selection(), [this] { return pickTolerance(); });
-    m_files = std::make_unique<DocumentFiles>(*m_host->documentManager());
     m_host->setPointInput(m_points.get());
     zel::frx::setPlacementStore(m_host->settings());
     registerCommands(*this);
@@ -165,9 +168,15 @@ OdString TavoSession::unknownCommand(const OdString& word) const {
 
 tv::Problem TavoSession::open(const std::filesystem::path& file) {
     std::vector<tv::Problem> problems;
-    if (m_files->open(file, problems)) {
+    if (TavoDocument* opened = m_host->documentManager()->openDocument(file, problems)) {
         for (const tv::Problem& problem : problems)
             print(problem);
+        if (!problems.empty() && opened->database()->isReadOnly())
+            m_host->commandLine()->print(
+                format(VORD_ResourceString("IDS_TAVO_OPENED_READ_ONLY",
+                                           L"손상된 도면 \"%s\"을(를) 읽기 전용으로 열었습니다. 편집하려면 "
+                                           L"SAVEAS로 다른 이름에 저장하십시오."),
+                       opened->name()));
         return {};
     }
     if (!problems.empty()) return problems.front();
@@ -183,15 +192,10 @@ tv::Problem TavoSession::save(const std::filesystem::path& file, bool force) {
         return {Tavo::eNoDatabase,
                 VORD_ResourceString("IDS_TAVO_NO_DRAWING", L"열려 있는 도면이 없습니다.").c_str(),
                 {}};
-    return m_files->save(*current, file, force);
+    return m_host->documentManager()->saveDocument(current, file, force);
 }
 
-bool TavoSession::askOverwrite(const TavoDocument& document) {
-    const std::wstring question =
-        format(VORD_ResourceString("IDS_TAVO_CHANGED_OUTSIDE_ASK",
-                                   L"다른 곳에서 변경된 파일에 저장하시겠습니까? \"%s\" 파일은 연 뒤에 다른 "
-                                   L"곳에서 변경되었고, 저장하면 그 변경 내용을 잃게 됩니다."),
-               document.name());
+bool TavoSession::askWarning(const std::wstring& question) {
     constexpr unsigned yesNoWarning = 0x34;
     return MessageDlg(question.c_str(), m_host->productName(), yesNoWarning) == IDYES;
 }
@@ -214,24 +218,39 @@ void TavoSession::say(const tv::Problem& problem, bool box) {
 
 TavoSession::SaveResult TavoSession::saveAsking(TavoDocument& document, const std::filesystem::path& file,
                                                 bool boxes) {
+    const OdDbDatabase& database = *document.database();
+    const bool damaged = database.isReadOnly() && database.damaged();
     std::filesystem::path target = file;
-    const bool damagedOver = document.database()->damaged() && DocumentFiles::isOwnFile(document, file);
-    if (damagedOver && QuestionDlg(m_host->productName(),
-                                   VORD_ResourceString("IDS_TAVO_SAVE_DAMAGED",
-                                                       L"손상된 도면을 다른 이름으로 저장하시겠습니까?"),
-                                   VORD_ResourceString("IDS_TAVO_SAVE_DAMAGED_WHY",
-                                                       L"읽지 못한 내용이 있으므로 원래 파일은 그대로 둡니다."),
-                                   VORD_ResourceString("IDS_TAVO_SAVE_OTHER_NAME", L"다른 이름으로 저장"),
-                                   VORD_ResourceString("IDS_TAVO_SAVE_NOT", L"저장하지 않음"), 1, 1) != 0)
+    if (damaged && target.empty() &&
+        QuestionDlg(
+            m_host->productName(),
+            VORD_ResourceString("IDS_TAVO_SAVE_DAMAGED", L"손상된 도면을 다른 이름으로 저장하시겠습니까?"),
+            VORD_ResourceString("IDS_TAVO_SAVE_DAMAGED_WHY",
+                                L"읽지 못한 내용이 있으므로 원래 파일은 그대로 둡니다."),
+            VORD_ResourceString("IDS_TAVO_SAVE_OTHER_NAME", L"다른 이름으로 저장"),
+            VORD_ResourceString("IDS_TAVO_SAVE_NOT", L"저장하지 않음"), 1, 1) != 0)
         return SaveResult::givenUp;
-    if (damagedOver || (target.empty() && document.path().empty())) {
+    if (target.empty() && (damaged || document.path().empty())) {
         const auto asked = askSaveName();
         if (!asked) return SaveResult::givenUp;
         target = *asked;
     }
-    const bool overwrite = m_files->changedOutside(document, target);
-    if (overwrite && !askOverwrite(document)) return SaveResult::givenUp;
-    const tv::Problem problem = m_files->save(document, target, overwrite);
+    // The box takes the first sentence as its instruction, so the file's name with its dot comes later.
+    std::wstring warning;
+    if (isOwnFile(document, target) && damaged)
+        warning =
+            format(VORD_ResourceString("IDS_TAVO_SAVE_OVER_DAMAGED",
+                                       L"손상된 파일에 덮어쓰시겠습니까? \"%s\" 파일에서 읽지 못한 내용을 "
+                                       L"다른 방법으로 되찾을 수 없게 될 수 있습니다."),
+                   document.name());
+    else if (isOwnFile(document, target) && database.changedOnDisk())
+        warning =
+            format(VORD_ResourceString("IDS_TAVO_CHANGED_OUTSIDE_ASK",
+                                       L"다른 곳에서 변경된 파일에 저장하시겠습니까? \"%s\" 파일은 연 "
+                                       L"뒤에 다른 곳에서 변경되었고, 저장하면 그 변경 내용을 잃게 됩니다."),
+                   document.name());
+    if (!warning.empty() && !askWarning(warning)) return SaveResult::givenUp;
+    const tv::Problem problem = m_host->documentManager()->saveDocument(&document, target, !warning.empty());
     if (!problem) return SaveResult::saved;
     say(problem, boxes);
     return SaveResult::failed;

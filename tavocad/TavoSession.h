@@ -15,7 +15,6 @@
 #include <vector>
 
 struct UiLanguage;
-class DocumentFiles;
 class DrawingScenes;
 class SelectionRequests;
 class TavoInterfaces;
@@ -86,8 +85,8 @@ class TavoSession {
     // wrong with a file that opened nevertheless goes to the command line; the problem says why it did not
     // open.
     tv::Problem open(const std::filesystem::path& file);
-    // An empty path means the drawing's own file. Refused for one that somebody else changed since it was
-    // opened, unless `force`.
+    // An empty path means the drawing's own file. Refused for one that is damaged or that somebody else changed
+    // since it was opened, unless `force`.
     tv::Problem save(const std::filesystem::path& file = {}, bool force = false);
     enum class SaveResult { saved, givenUp, failed };
     // The same with a person there: asks before writing over what somebody else wrote, and for another name
@@ -124,7 +123,7 @@ class TavoSession {
     // An alias spelled out.
     OdString fullName(const OdString& typed) const;
 
-    bool askOverwrite(const TavoDocument& document);
+    bool askWarning(const std::wstring& question);
     std::optional<std::filesystem::path> askSaveName();
     void say(const tv::Problem& problem, bool box);
 
@@ -132,7 +131,6 @@ class TavoSession {
     std::unique_ptr<tv::host::EmbeddedHost> m_host;
     std::unique_ptr<DrawingScenes> m_scenes;
     std::unique_ptr<SelectionRequests> m_objects;
-    std::unique_ptr<DocumentFiles> m_files;
     tv::host::Subscription m_documentsWatched;
     tv::host::Signal<const OdString&, int> m_commandEnded;
     std::vector<CommandSpec> m_commands;

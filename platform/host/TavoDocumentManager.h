@@ -45,7 +45,10 @@ class TavoDocumentManager {
     virtual TavoDocument* openDocument(const std::filesystem::path& path,
                                        std::vector<tv::Problem>& problems) = 0;
     // An empty path saves onto the document's own file. A failed save leaves file and document as they were.
-    virtual tv::Problem saveDocument(TavoDocument* document, const std::filesystem::path& path) = 0;
+    // Onto the file that a damaged drawing was read from (eReadOnly), or one that somebody changed since it was
+    // opened (eDuplicate), only when a person was `asked`.
+    virtual tv::Problem saveDocument(TavoDocument* document, const std::filesystem::path& path,
+                                     bool asked = false) = 0;
     // Closes without asking and without saving; the next open document becomes current.
     virtual void closeDocument(TavoDocument* document) = 0;
 

@@ -76,6 +76,9 @@ int select(TavoSession& session, TavoEdCommandContext& context) {
 }
 
 int erase(TavoSession& session, TavoEdCommandContext& context) {
+    if (context.database()->isReadOnly())
+        return fail(session, VORD_ResourceString("IDS_TAVO_READ_ONLY",
+                                                 L"도면이 읽기 전용으로 열려 있어 편집할 수 없습니다."));
     int result = RTNORM;
     const auto objects = objectsFor(session, context, true, result);
     if (!objects) return result;

@@ -121,14 +121,16 @@ TEST_F(SelectionCommands, ADamagedDrawingIsSavedUnderAnotherName) {
     std::ofstream(cut, std::ios::binary) << part;
     session.askFile = [&](TavoSession::FileQuestion) { return std::optional(other); };
     const auto replies = run("{\"do\":\"open\",\"path\":" + quoted(cut) + "}\n" +
-                             "{\"do\":\"command\",\"name\":\"SAVE\"}\n{\"do\":\"dialog\"}\n"
+                             "{\"do\":\"command\",\"name\":\"SAVE\"}\n"
+                             "{\"do\":\"command\",\"name\":\"ERASE\",\"arguments\":\"ALL\"}\n"
                              "{\"do\":\"key\",\"key\":\"Escape\"}\n{\"do\":\"command\",\"name\":\"SAVE\"}\n"
                              "{\"do\":\"key\",\"key\":\"Enter\"}\n");
-    EXPECT_GT(replies[0]["messages"].size(), 0U);
+    EXPECT_GT(replies[0]["messages"].size(), 1U) << "what is wrong, and that it can't be edited";
     EXPECT_FALSE(replies[1]["modal"].is_null());
     EXPECT_EQ(replies[3]["ended"]["result"], RTCAN);
     EXPECT_EQ(replies[5]["ended"]["result"], RTNORM) << replies[5].dump();
     EXPECT_EQ(bytesOf(cut), part);
     EXPECT_EQ(bytesOf(other), part);
     EXPECT_EQ(session.document()->name(), L"other.dxf");
+    EXPECT_EQ(session.enterLine(L"ERASE ALL"), RTNORM) << "and can be edited from now on";
 }

@@ -83,14 +83,16 @@ TavoDocument* DefaultDocumentManager::openDocument(const std::filesystem::path& 
     return addDocument(std::move(opened.database));
 }
 
-tv::Problem DefaultDocumentManager::saveDocument(TavoDocument* document, const std::filesystem::path& path) {
+tv::Problem DefaultDocumentManager::saveDocument(TavoDocument* document, const std::filesystem::path& path,
+                                                 bool asked) {
     if (!owns(document)) {
         return {Tavo::eInvalidInput,
                 VORD_ResourceString("IDS_TAVO_DOCUMENT_NOT_OPEN", L"저장할 도면이 열려 있지 않습니다.").c_str(),
                 tv::text::fromUtf8(path.native())};
     }
     const auto& database = document->database();
-    tv::Problem problem = path.empty() ? database->save() : database->saveAs(path);
+    const auto over = asked ? OdDbDatabase::SaveOver::kYes : OdDbDatabase::SaveOver::kNo;
+    tv::Problem problem = path.empty() ? database->save(over) : database->saveAs(path, over);
     if (!problem) m_events.notify(Event::kSaved, document);
     return problem;
 }

@@ -20,7 +20,8 @@ class KXPLATFORM_EXPORT DefaultDocumentManager final : public TavoDocumentManage
 
     TavoDocument* newDocument() override;
     TavoDocument* openDocument(const std::filesystem::path& path, std::vector<tv::Problem>& problems) override;
-    tv::Problem saveDocument(TavoDocument* document, const std::filesystem::path& path) override;
+    tv::Problem saveDocument(TavoDocument* document, const std::filesystem::path& path,
+                             bool asked = false) override;
     void closeDocument(TavoDocument* document) override;
 
     bool isClosing() const override { return m_closing; }
