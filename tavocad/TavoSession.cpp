@@ -16,6 +16,7 @@
 #include "tavocad/Languages.h"
 #include "tavocad/NearNames.h"
 #include "tavocad/SelectionRequests.h"
+#include "tavocad/VersionWarnings.h"
 #include "tavocad/commands/Commands.h"
 
 #include <algorithm>
@@ -53,6 +54,7 @@ TavoSession::TavoSession(std::unique_ptr<tv::SettingsStore> settings)
             if (event == TavoDocumentManager::Event::kClosing) m_scenes->release(document->database().get());
         });
     m_objects = std::make_unique<SelectionRequests>(*m_host->selection(), [this] { return pickTolerance(); });
+    m_versionWarnings = std::make_unique<VersionWarnings>(*m_host->documentManager(), *m_host->commandLine());
     m_host->setPointInput(m_points.get());
     zel::frx::setPlacementStore(m_host->settings());
     registerCommands(*this);

@@ -16,6 +16,7 @@
 
 struct UiLanguage;
 class DrawingScenes;
+class VersionWarnings;
 class SelectionRequests;
 class TavoInterfaces;
 
@@ -131,6 +132,7 @@ class TavoSession {
     std::unique_ptr<tv::host::EmbeddedHost> m_host;
     std::unique_ptr<DrawingScenes> m_scenes;
     std::unique_ptr<SelectionRequests> m_objects;
+    std::unique_ptr<VersionWarnings> m_versionWarnings;
     tv::host::Subscription m_documentsWatched;
     tv::host::Signal<const OdString&, int> m_commandEnded;
     std::vector<CommandSpec> m_commands;

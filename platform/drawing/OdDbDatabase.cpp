@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <new>
+#include <set>
 #include <system_error>
 
 using namespace tv::dwg;
@@ -52,6 +53,7 @@ struct OdDbDatabase::Impl {
 
     HeaderSection header;
     TableNames names;
+    std::set<OdDb::Feature> refused; // told already
     std::vector<OdDbDatabaseReactor*> reactors;
 };
 
@@ -214,6 +216,17 @@ OdString OdDbDatabase::codePage() const {
 }
 
 bool OdDbDatabase::isBinary() const { return m_store->format().encoding != Encoding::kText; }
+
+bool OdDbDatabase::canHold(OdDb::Feature feature) const {
+    return version() == OdDb::DxfVersion::kUnknown || version() >= firstVersionOf(feature);
+}
+
+Tavo::ErrorStatus OdDbDatabase::require(OdDb::Feature feature) {
+    if (canHold(feature)) return Tavo::eOk;
+    if (m_impl->refused.insert(feature).second)
+        m_impl->tell([&](OdDbDatabaseReactor& reactor) { reactor.featureRefused(*this, feature); });
+    return Tavo::eNotHandled;
+}
 
 // --- header variables ---
 

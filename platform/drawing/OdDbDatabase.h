@@ -79,6 +79,10 @@ class KXPLATFORM_EXPORT OdDbDatabase {
     // then on.
     OdString codePage() const;
     bool isBinary() const;
+    // False when files of the drawing's version have no place for it; true for an unknown version.
+    bool canHold(OdDb::Feature feature) const;
+    // eOk or, when it can't be held, eNotHandled, of which reactors are told the first time.
+    Tavo::ErrorStatus require(OdDb::Feature feature);
 
     // --- header variables. Names are taken with or without the dollar sign, ignoring case. ---
     std::optional<tv::dwg::HeaderValue> headerVar(std::wstring_view name) const;

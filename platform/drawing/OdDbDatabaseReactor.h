@@ -2,6 +2,7 @@
 
 #include "platform/Export.h"
 #include "platform/drawing/OdDbObjectId.h"
+#include "platform/drawing/VersionLimits.h"
 
 #include <string_view>
 
@@ -19,6 +20,9 @@ class KXPLATFORM_EXPORT OdDbDatabaseReactor {
     virtual void objectErased(OdDbDatabase&, OdDbObjectId) {}
     // `name` has no dollar sign ("LUNITS"). Also when the variable was added or taken away.
     virtual void headerSysVarChanged(OdDbDatabase&, std::wstring_view) {}
+    // A setter refused what the drawing's version can't hold; told once per drawing and feature (see
+    // tv::dwg::notHeld for the sentence).
+    virtual void featureRefused(OdDbDatabase&, OdDb::Feature) {}
     // A whole step was undone or redone; its single changes were told before.
     virtual void undoFinished(OdDbDatabase&) {}
     virtual void redoFinished(OdDbDatabase&) {}

@@ -12,7 +12,6 @@
 #include <algorithm>
 
 using namespace tv::dwg;
-using OdDb::DxfVersion;
 
 namespace {
 
@@ -54,11 +53,6 @@ OdDbObjectId OdDbEntity::commonId(int code) const {
     const auto tag = find(code, Part::kCommon);
     const auto handle = tag ? handleOf(format(), *tag) : std::nullopt;
     return handle ? database()->getOdDbObjectId(*handle) : OdDbObjectId();
-}
-
-bool OdDbEntity::isBefore(DxfVersion first) const {
-    const DxfVersion version = database()->version();
-    return version != DxfVersion::kUnknown && version < first;
 }
 
 Tavo::ErrorStatus OdDbEntity::setCommon(int code, const Value& value) {
@@ -104,7 +98,9 @@ Tavo::ErrorStatus OdDbEntity::setColor(const OdCmColor& color) { return setBookC
 Tavo::ErrorStatus OdDbEntity::setBookColor(const OdCmColor& color, std::wstring_view bookName) {
     if (const auto status = checkWrite(); status != Tavo::eOk) return status;
     if (!bookName.empty() && !color.isByColor()) return Tavo::eInvalidInput;
-    if (color.isByColor() && isBefore(DxfVersion::kR2004)) return Tavo::eNotHandled;
+    if (color.isByColor())
+        if (const auto status = database()->require(OdDb::Feature::kTrueColor); status != Tavo::eOk)
+            return status;
     if (color == this->color() && colorBookName().view() == bookName) return Tavo::eOk;
     const OdDbUndoScope step(*database(), L"COLOR");
     if (color != this->color()) {
@@ -150,7 +146,8 @@ double OdDbEntity::linetypeScale() const {
 
 Tavo::ErrorStatus OdDbEntity::setLinetypeScale(double scale) {
     if (scale == linetypeScale()) return checkWrite();
-    if (isBefore(DxfVersion::kR13)) return Tavo::eNotHandled;
+    if (const auto status = database()->require(OdDb::Feature::kLinetypeScale); status != Tavo::eOk)
+        return status;
     return setCommon(48, scale);
 }
 
@@ -162,7 +159,7 @@ Tavo::ErrorStatus OdDbEntity::setLineWeight(OdDb::LineWeight weight) {
     const auto& known = OdDb::kLineWeights;
     if (std::find(known.begin(), known.end(), weight) == known.end()) return Tavo::eOutOfRange;
     if (weight == lineWeight()) return checkWrite();
-    if (isBefore(DxfVersion::kR2000)) return Tavo::eNotHandled;
+    if (const auto status = database()->require(OdDb::Feature::kLineWeight); status != Tavo::eOk) return status;
     return setCommon(370, std::int64_t{weight});
 }
 
@@ -170,7 +167,8 @@ OdCmTransparency OdDbEntity::transparency() const { return OdCmTransparency::fro
 
 Tavo::ErrorStatus OdDbEntity::setTransparency(OdCmTransparency transparency) {
     if (transparency == this->transparency()) return checkWrite();
-    if (isBefore(DxfVersion::kR2004)) return Tavo::eNotHandled;
+    if (const auto status = database()->require(OdDb::Feature::kTransparency); status != Tavo::eOk)
+        return status;
     if (transparency.isByLayer()) return removeCommon(440);
     return setCommon(440, std::int64_t{transparency.dxfValue()});
 }
@@ -203,7 +201,7 @@ Tavo::ErrorStatus OdDbEntity::setPlotStyleName(OdDb::PlotStyleNameType type, OdD
     if (byId && (id.isErased() || id.database() != database() || id.handle().isNull()))
         return Tavo::eInvalidInput;
     if (type == plotStyleNameType() && (!byId || id == plotStyleNameId())) return Tavo::eOk;
-    if (isBefore(DxfVersion::kR2000)) return Tavo::eNotHandled;
+    if (const auto status = database()->require(OdDb::Feature::kPlotStyle); status != Tavo::eOk) return status;
     const OdDbUndoScope step(*database(), L"PLOTSTYLE");
     if (type == OdDb::kPlotStyleNameByLayer)
         removeCommon(380);
@@ -220,7 +218,7 @@ Tavo::ErrorStatus OdDbEntity::setMaterial(OdDbObjectId material) {
     if (material.isErased() || material.database() != database() || material.handle().isNull())
         return Tavo::eInvalidInput;
     if (material == materialId()) return Tavo::eOk;
-    if (isBefore(DxfVersion::kR2007)) return Tavo::eNotHandled;
+    if (const auto status = database()->require(OdDb::Feature::kMaterial); status != Tavo::eOk) return status;
     return setCommon(347, material.handle());
 }
 
@@ -231,7 +229,7 @@ OdDb::ShadowFlags OdDbEntity::shadowMode() const {
 
 Tavo::ErrorStatus OdDbEntity::setShadowMode(OdDb::ShadowFlags mode) {
     if (mode == shadowMode()) return checkWrite();
-    if (isBefore(DxfVersion::kR2007)) return Tavo::eNotHandled;
+    if (const auto status = database()->require(OdDb::Feature::kMaterial); status != Tavo::eOk) return status;
     if (mode == OdDb::kShadowsCastAndReceive) return removeCommon(284);
     return setCommon(284, std::int64_t{mode});
 }
@@ -240,7 +238,7 @@ bool OdDbEntity::isVisible() const { return commonInteger(60, 0) == 0; }
 
 Tavo::ErrorStatus OdDbEntity::setVisible(bool visible) {
     if (visible == isVisible()) return checkWrite();
-    if (isBefore(DxfVersion::kR13)) return Tavo::eNotHandled;
+    if (const auto status = database()->require(OdDb::Feature::kVisibility); status != Tavo::eOk) return status;
     return setCommon(60, std::int64_t{!visible});
 }
 

@@ -68,7 +68,6 @@ class KXPLATFORM_EXPORT OdDbEntity : public OdDbObject {
     std::int64_t commonInteger(int code, std::int64_t otherwise) const;
     OdString commonText(int code) const;
     OdDbObjectId commonId(int code) const;
-    bool isBefore(OdDb::DxfVersion first) const;
     // Like setAt and removeAt, in the common part and in the order files have its tags.
     Tavo::ErrorStatus setCommon(int code, const tv::dwg::Value& value);
     Tavo::ErrorStatus removeCommon(int code) { return removeAt(code, Part::kCommon); }

@@ -219,3 +219,25 @@ TEST(Colors, PaletteAndConversions) {
     EXPECT_EQ(OdCmColor::byIndex(256), OdCmColor());
     EXPECT_NE(OdCmColor::byIndex(1), OdCmColor::byRgb(255, 0, 0));
 }
+
+TEST(Versions, WhatADrawingCannotHoldIsSaidOncePerMatter) {
+    struct Listener : OdDbDatabaseReactor {
+        std::vector<OdDb::Feature> told;
+        void featureRefused(OdDbDatabase&, OdDb::Feature feature) override { told.push_back(feature); }
+    } listener;
+    const auto old =
+        openText(lines("0|SECTION|2|HEADER|9|$ACADVER|1|AC1009|0|ENDSEC|0|SECTION|2|ENTITIES|0|POINT|8|0|"
+                       "0|POINT|8|0|0|ENDSEC|0|EOF"));
+    const std::string before = old->bytes();
+    old->addReactor(&listener);
+    for (const OdDbObjectId id : old->modelSpace()) {
+        const auto point = id.open<OdDbEntity>(OdDb::kForWrite);
+        EXPECT_EQ(point->setColor(OdCmColor::byRgb(1, 2, 3)), Tavo::eNotHandled);
+        EXPECT_EQ(point->setLineWeight(OdDb::kLnWt025), Tavo::eNotHandled);
+        EXPECT_EQ(point->setColor(OdCmColor()), Tavo::eOk) << "nothing new is nothing to refuse";
+    }
+    EXPECT_EQ(listener.told, (std::vector{OdDb::Feature::kTrueColor, OdDb::Feature::kLineWeight}));
+    EXPECT_EQ(old->bytes(), before);
+    EXPECT_NE(tv::dwg::notHeld(*old, OdDb::Feature::kTrueColor).sentence.find(L"AC1009"), std::wstring::npos);
+    old->removeReactor(&listener);
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/Export.h"
+#include "platform/drawing/OdDb.h"
+#include "platform/text/Problem.h"
+
+#include <cstdint>
+
+class OdDbDatabase;
+
+namespace OdDb {
+
+// What not every version of the file format can hold.
+enum class Feature : std::uint8_t {
+    kLinetypeScale, // of single objects
+    kVisibility,    // of single objects
+    kDictionaries,  // and all that is kept in them: layouts, groups, filters, states
+    kLineWeight,
+    kPlotFlag, // layers that aren't plotted
+    kPlotStyle,
+    kLayouts, // more than one
+    kTrueColor,
+    kTransparency,
+    kMaterial,
+    kAnnotativeScales,
+    kViewportOverrides,
+    kLongNames,     // of more than 31 characters
+    kMultilineText, // as an object of its own
+};
+
+} // namespace OdDb
+
+namespace tv::dwg {
+
+// The oldest version whose files can hold it.
+KXPLATFORM_EXPORT OdDb::DxfVersion firstVersionOf(OdDb::Feature feature);
+// The sentence a person is told once: which drawing's version lacks what. Status eNotHandled.
+KXPLATFORM_EXPORT tv::Problem notHeld(const OdDbDatabase& database, OdDb::Feature feature);
+
+} // namespace tv::dwg
