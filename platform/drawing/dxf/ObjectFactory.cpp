@@ -7,6 +7,14 @@
 #include "platform/drawing/OdDbLayerTable.h"
 #include "platform/drawing/OdDbStyleTables.h"
 #include "platform/drawing/dxf/RecordStore.h"
+#include "platform/drawing/entities/OdDbBlockReference.h"
+#include "platform/drawing/entities/OdDbDimension.h"
+#include "platform/drawing/entities/OdDbHatch.h"
+#include "platform/drawing/entities/OdDbLeader.h"
+#include "platform/drawing/entities/OdDbMText.h"
+#include "platform/drawing/entities/OdDbRasterImage.h"
+#include "platform/drawing/entities/OdDbTable.h"
+#include "platform/drawing/entities/OdDbText.h"
 
 #include <string_view>
 
@@ -35,6 +43,35 @@ constexpr TableClasses kTables[] = {
     {"VIEW", make<OdDbViewTable>, make<OdDbViewTableRecord>},
     {"VPORT", make<OdDbViewportTable>, make<OdDbViewportTableRecord>},
 };
+
+struct EntityClass {
+    std::string_view type;
+    Make make;
+};
+constexpr EntityClass kEntities[] = {
+    {"TEXT", make<OdDbText>},
+    {"MTEXT", make<OdDbMText>},
+    {"ATTRIB", make<OdDbAttribute>},
+    {"ATTDEF", make<OdDbAttributeDefinition>},
+    {"INSERT", make<OdDbBlockReference>},
+    {"DIMENSION", make<OdDbDimension>},
+    {"ARC_DIMENSION", make<OdDbDimension>},
+    {"LARGE_RADIAL_DIMENSION", make<OdDbDimension>},
+    {"LEADER", make<OdDbLeader>},
+    {"MULTILEADER", make<OdDbMLeader>},
+    {"MLEADER", make<OdDbMLeader>},
+    {"ACAD_TABLE", make<OdDbTable>},
+    {"HATCH", make<OdDbHatch>},
+    {"IMAGE", make<OdDbRasterImage>},
+    {"WIPEOUT", make<OdDbRasterImage>},
+};
+
+OdDbObjectPtr makeEntity(const RecordStore& store, OdDbObjectId id, OdDb::OpenMode mode) {
+    const std::string_view type = store.typeName(id.record());
+    for (const EntityClass& known : kEntities)
+        if (known.type == type) return known.make(id, mode);
+    return make<OdDbEntity>(id, mode);
+}
 
 OdDbObjectPtr makeTableObject(const RecordStore& store, const Record& record, OdDbObjectId id,
                               OdDb::OpenMode mode) {
@@ -66,9 +103,9 @@ OdDbObjectPtr makeObject(OdDbObjectId id, OdDb::OpenMode mode) {
     case Section::kBlocks:
         if (record.type == kTypeSection) return make<OdDbBlockTable>(id, mode);
         if (record.type == kTypeBlock) return make<OdDbBlockTableRecord>(id, mode);
-        return make<OdDbEntity>(id, mode);
+        return makeEntity(store, id, mode);
     case Section::kEntities:
-        if (!(record.flags & kStructure)) return make<OdDbEntity>(id, mode);
+        if (!(record.flags & kStructure)) return makeEntity(store, id, mode);
         break;
     case Section::kObjects: {
         const std::string_view type = store.typeName(id.record());
