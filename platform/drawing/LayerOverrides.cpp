@@ -105,7 +105,7 @@ Tavo::ErrorStatus checkOverride(OdDbObjectId layer, OdDbObjectId viewport) {
         return Tavo::eInvalidInput;
     const DxfVersion version = layer.database()->version();
     if (version != DxfVersion::kUnknown && version < DxfVersion::kR2007) return Tavo::eNotHandled;
-    return layer.database()->store().replaying() ? Tavo::eReadOnly : Tavo::eOk;
+    return layer.database()->store().writable() ? Tavo::eOk : Tavo::eReadOnly;
 }
 
 // The chain without the groups that `drop` names by viewport; what isn't such a group stays.
@@ -114,16 +114,20 @@ OdResBufPtr without(const OdResBuf* chain, const Property& property, Drop&& drop
     std::vector<const OdResBuf*> kept;
     while (chain) {
         std::vector<const OdResBuf*> group = {chain};
+        const bool ours = chain->restype() == kGroup && chain->getString().view() == property.group;
         bool dropped = false;
-        if (chain->restype() == kGroup && chain->getString().view() == property.group) {
-            for (chain = chain->next().get(); chain; chain = chain->next().get()) {
-                group.push_back(chain);
-                if (chain->restype() == kViewport) dropped = drop(chain->getHandle());
-                if (chain->restype() == kGroup) break;
+        for (chain = chain->next().get(); ours && chain; chain = chain->next().get()) {
+            const bool mark = chain->restype() == kGroup;
+            // A group that isn't closed ends where another begins.
+            if (mark && chain->getString() != L"}") break;
+            group.push_back(chain);
+            if (chain->restype() == kViewport) dropped = drop(chain->getHandle());
+            if (mark) {
+                chain = chain->next().get();
+                break;
             }
         }
         if (!dropped) kept.insert(kept.end(), group.begin(), group.end());
-        if (chain) chain = chain->next().get();
     }
     const OdResBufPtr head = OdResBuf::newRb();
     OdResBuf* last = head.get();
@@ -277,7 +281,7 @@ Tavo::ErrorStatus overridePlotStyle(OdDbObjectId layer, OdDbObjectId viewport,
 
 Tavo::ErrorStatus removeOverrides(OdDbObjectId layer, OdDbObjectId viewport) {
     if (!layerOf(layer)) return Tavo::eInvalidInput;
-    if (layer.database()->store().replaying()) return Tavo::eReadOnly;
+    if (!layer.database()->store().writable()) return Tavo::eReadOnly;
     const OdDbUndoScope step(*layer.database(), L"VPLAYER");
     return dropOverrides(layer,
                          [&](OdDbHandle known) { return viewport.isNull() || known == viewport.handle(); });
@@ -286,7 +290,7 @@ Tavo::ErrorStatus removeOverrides(OdDbObjectId layer, OdDbObjectId viewport) {
 Tavo::ErrorStatus removeViewportOverrides(OdDbObjectId viewport) {
     if (!isViewport(viewport)) return Tavo::eInvalidInput;
     OdDbDatabase& database = *viewport.database();
-    if (database.store().replaying()) return Tavo::eReadOnly;
+    if (!database.store().writable()) return Tavo::eReadOnly;
     const auto layers = database.layers();
     Tavo::ErrorStatus result = Tavo::eOk;
     const OdDbUndoScope step(database, L"VPLAYER");

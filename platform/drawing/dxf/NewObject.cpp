@@ -56,7 +56,7 @@ Tavo::ErrorStatus ensureObjects(OdDbDatabase& database) {
     RecordStore& store = database.store();
     const DxfFormat& format = store.format();
     if (format.version != kUnknown && format.version < kR13) return Tavo::eNotHandled;
-    if (store.replaying()) return Tavo::eReadOnly;
+    if (!store.writable()) return Tavo::eReadOnly;
     if (!database.getNamedObjectsDictionaryId().isNull()) return Tavo::eOk;
     RecordId section = store.section(Section::kObjects);
     const RecordId last = section == kNoRecord ? beforeEndMark(store) : section;
@@ -117,7 +117,7 @@ NewObject::NewObject(OdDbDatabase& database, std::string_view type, OdDbHandle o
 
 OdDbObjectId NewObject::add(OdDbObjectId near) {
     RecordStore& store = m_database.store();
-    if (m_status != Tavo::eOk || !m_tags.good() || store.replaying()) return {};
+    if (m_status != Tavo::eOk || !m_tags.good() || !store.writable()) return {};
     RecordId after = near.record();
     if (near.isErased() || store.record(after).section != Section::kObjects) {
         const RecordId section = store.section(Section::kObjects);

@@ -71,12 +71,6 @@ OdGePoint3d pointIn(const OdDbObject& object, std::string_view subclass, int cod
             realIn(object, subclass, code + 20, otherwise.z)};
 }
 
-Tavo::ErrorStatus checkWritable(const OdDbObject& object) {
-    if (object.isErased()) return Tavo::eWasErased;
-    if (!object.isWriteEnabled()) return Tavo::eNotOpenForWrite;
-    return object.database()->store().replaying() ? Tavo::eReadOnly : Tavo::eOk;
-}
-
 Tavo::ErrorStatus setIn(OdDbObject& object, std::string_view subclass, const std::vector<TagValue>& values,
                         std::initializer_list<int> behind) {
     if (const auto status = checkWritable(object); status != Tavo::eOk) return status;

@@ -2,6 +2,7 @@
 
 #include "platform/drawing/OdDbObject.h"
 #include "platform/drawing/dxf/RecordEditor.h"
+#include "platform/drawing/entities/TagAccess.h"
 
 #include <initializer_list>
 #include <optional>
@@ -30,9 +31,6 @@ OdDbObjectId idIn(const OdDbObject& object, std::string_view subclass, int code)
 // From three codes ten apart; a missing coordinate is the fallback's.
 OdGePoint3d pointIn(const OdDbObject& object, std::string_view subclass, int code,
                     const OdGePoint3d& otherwise = {});
-
-// What keeps the object from being changed, eOk when nothing does.
-Tavo::ErrorStatus checkWritable(const OdDbObject& object);
 
 // One tag of a part and its new value; tags the part lacks are added behind the last of `behind`.
 struct TagValue {
