@@ -1,11 +1,45 @@
 #include "platform/drawing/OdDbBlockTable.h"
 
 #include "platform/drawing/OdDbDatabase.h"
+#include "platform/drawing/dxf/NewRecord.h"
+#include "platform/drawing/dxf/OwnTags.h"
 #include "platform/drawing/dxf/RecordStore.h"
 #include "platform/drawing/dxf/TableNames.h"
+#include "platform/drawing/dxf/XDataTags.h"
 #include "platform/text/Unicode.h"
 
+#include <algorithm>
+#include <cmath>
+
 using namespace tv::dwg;
+using OdDb::DxfVersion;
+
+namespace {
+
+constexpr int kXref = 4;
+constexpr int kOverlay = 8;
+constexpr int kResolved = 32;
+
+bool olderThan(const OdDbDatabase& database, DxfVersion version) {
+    return database.version() != DxfVersion::kUnknown && database.version() < version;
+}
+
+bool isSpaceName(std::wstring_view name) {
+    const std::wstring folded = tv::text::foldCase(name);
+    return folded.starts_with(L"*model_space") || folded.starts_with(L"*paper_space");
+}
+
+// Drawings of R2000 and R2004 keep the units as the second number of a list of this name.
+std::size_t findOldUnits(const RecordEditor& record) {
+    const XDataTags data = findXData(record, L"ACAD");
+    for (std::size_t i = data.begin; data.found() && i + 3 < data.end; ++i)
+        if (record.code(i) == 1000 && tv::text::equalNoCase(record.text(i).view(), L"DesignCenter Data") &&
+            record.code(i + 1) == 1002 && record.code(i + 2) == 1070 && record.code(i + 3) == 1070)
+            return i + 3;
+    return RecordEditor::npos;
+}
+
+} // namespace
 
 OdDbObjectId OdDbBlockTableRecord::blockBeginId() const {
     if (database()->store().record(objectId().record()).type == kTypeBlock) return objectId();
@@ -18,9 +52,52 @@ int OdDbBlockTableRecord::blockFlags() const {
     return begin.isNull() ? 0 : begin == objectId() ? integerAt(70) : begin.openObject()->integerAt(70);
 }
 
+Tavo::ErrorStatus OdDbBlockTableRecord::setAtBegin(int code, const Value& value,
+                                                   std::initializer_list<int> behind) {
+    if (const auto status = checkWrite(); status != Tavo::eOk) return status;
+    const OdDbObjectId begin = blockBeginId();
+    if (begin.isNull()) return Tavo::eKeyNotFound;
+    RecordStore& store = database()->store();
+    RecordEditor record(format(), store.text(begin.record()));
+    const std::vector<std::size_t> own = ownTags(record);
+    std::size_t place = own.back() + 1;
+    std::size_t there = RecordEditor::npos;
+    for (const std::size_t i : own) {
+        if (record.code(i) == code) there = i;
+        if (std::find(behind.begin(), behind.end(), record.code(i)) != behind.end()) place = i + 1;
+    }
+    if (there != RecordEditor::npos ? !record.set(there, value) : !record.insert(place, code, value))
+        return Tavo::eWrongType;
+    if (record.edited()) store.replace(begin.record(), record.bytes());
+    return Tavo::eOk;
+}
+
+Tavo::ErrorStatus OdDbBlockTableRecord::setBlockFlags(int clear, int set) {
+    return setAtBegin(70, std::int64_t{(blockFlags() & ~clear) | set}, {2});
+}
+
 OdGePoint3d OdDbBlockTableRecord::origin() const {
     const OdDbObjectPtr begin = blockBeginId().openObject();
     return begin ? OdGePoint3d{begin->realAt(10), begin->realAt(20), begin->realAt(30)} : OdGePoint3d();
+}
+
+Tavo::ErrorStatus OdDbBlockTableRecord::setOrigin(const OdGePoint3d& origin) {
+    if (const auto status = checkWrite(); status != Tavo::eOk) return status;
+    if (!std::isfinite(origin.x + origin.y + origin.z)) return Tavo::eInvalidInput;
+    const OdDbUndoScope step(*database(), L"BLOCK");
+    if (const auto status = setAtBegin(10, origin.x, {70}); status != Tavo::eOk) return status;
+    setAtBegin(20, origin.y, {10});
+    return setAtBegin(30, origin.z, {20});
+}
+
+OdString OdDbBlockTableRecord::comments() const {
+    const OdDbObjectPtr begin = blockBeginId().openObject();
+    return begin ? begin->textAt(4) : OdString();
+}
+
+Tavo::ErrorStatus OdDbBlockTableRecord::setComments(std::wstring_view text) {
+    if (text == comments().view()) return checkWrite();
+    return setAtBegin(4, OdString(text), {1, 3});
 }
 
 OdString OdDbBlockTableRecord::pathName() const {
@@ -28,9 +105,103 @@ OdString OdDbBlockTableRecord::pathName() const {
     return begin ? begin->textAt(1) : OdString();
 }
 
-bool OdDbBlockTableRecord::isLayout() const {
-    const std::wstring name = tv::text::foldCase(getName().view());
-    return name.starts_with(L"*model_space") || name.starts_with(L"*paper_space");
+Tavo::ErrorStatus OdDbBlockTableRecord::setPathName(std::wstring_view path) {
+    if (path == pathName().view()) return checkWrite();
+    return setAtBegin(1, OdString(path), {3});
+}
+
+OdDbBlockTableRecord::XrefKind OdDbBlockTableRecord::xrefKind() const {
+    const int flags = blockFlags();
+    return flags & kOverlay ? XrefKind::kOverlaid : flags & kXref ? XrefKind::kAttached : XrefKind::kNone;
+}
+
+Tavo::ErrorStatus OdDbBlockTableRecord::setXrefKind(XrefKind kind) {
+    if (kind == xrefKind()) return checkWrite();
+    if (kind == XrefKind::kNone) return setBlockFlags(kXref | kOverlay | kResolved, 0);
+    return setBlockFlags(kXref | kOverlay, kind == XrefKind::kOverlaid ? kXref | kOverlay : kXref);
+}
+
+Tavo::ErrorStatus OdDbBlockTableRecord::setIsXrefResolved(bool resolved) {
+    return setBlockFlags(kResolved, resolved ? kResolved : 0);
+}
+
+int OdDbBlockTableRecord::blockInsertUnits() const {
+    if (database()->store().record(objectId().record()).type == kTypeBlock) return 0;
+    if (find(70)) return integerAt(70);
+    const RecordEditor record(format(), database()->store().text(objectId().record()));
+    const std::size_t i = findOldUnits(record);
+    if (i == RecordEditor::npos) return 0;
+    const Value units = record.value(i);
+    const auto* whole = std::get_if<std::int64_t>(&units);
+    return whole ? static_cast<int>(*whole) : 0;
+}
+
+Tavo::ErrorStatus OdDbBlockTableRecord::setBlockInsertUnits(int units) {
+    if (units < 0 || units > 24) return Tavo::eOutOfRange;
+    if (olderThan(*database(), DxfVersion::kR2000)) return Tavo::eNotHandled;
+    if (units == blockInsertUnits()) return checkWrite();
+    if (!olderThan(*database(), DxfVersion::kR2007)) return setAt(70, std::int64_t{units}, {340, 2});
+    return editXData(L"ACAD", [&](RecordEditor& record) {
+        if (const std::size_t i = findOldUnits(record); i != RecordEditor::npos)
+            return record.set(i, std::int64_t{units});
+        std::size_t place = needXData(record, L"ACAD").end;
+        return record.insert(place++, 1000, OdString(L"DesignCenter Data")) &&
+               record.insert(place++, 1002, OdString(L"{")) && record.insert(place++, 1070, std::int64_t{1}) &&
+               record.insert(place++, 1070, std::int64_t{units}) && record.insert(place, 1002, OdString(L"}"));
+    });
+}
+
+Tavo::ErrorStatus OdDbBlockTableRecord::setModern(int code, int value, std::initializer_list<int> behind) {
+    if (olderThan(*database(), DxfVersion::kR2007)) return Tavo::eNotHandled;
+    return setAt(code, std::int64_t{value}, behind);
+}
+
+Tavo::ErrorStatus OdDbBlockTableRecord::setExplodable(bool explodable) {
+    return explodable == this->explodable() ? checkWrite() : setModern(280, explodable, {70, 340, 2});
+}
+
+Tavo::ErrorStatus OdDbBlockTableRecord::setBlockScalingUniform(bool uniform) {
+    return uniform == blockScalingUniform() ? checkWrite() : setModern(281, uniform, {280, 70, 340, 2});
+}
+
+bool OdDbBlockTableRecord::isLayout() const { return isSpaceName(getName().view()); }
+
+Tavo::ErrorStatus OdDbBlockTableRecord::setName(std::wstring_view name) {
+    if (const auto status = checkWrite(); status != Tavo::eOk) return status;
+    if (isLayout() && getName().view() != name) return Tavo::eNotHandled;
+    if (isSpaceName(name) && !isLayout()) return Tavo::eInvalidInput;
+    const RecordId known = database()->tableNames().findBlock(name);
+    if (known != kNoRecord && known != blockBeginId().record()) return Tavo::eDuplicate;
+    const OdDbObjectId begin = blockBeginId();
+    const OdDbUndoScope step(*database(), L"RENAME");
+    if (const auto status = OdDbSymbolTableRecord::setName(name); status != Tavo::eOk) return status;
+    if (begin.isNull()) return Tavo::eOk;
+    // The definition says its name twice.
+    RecordStore& store = database()->store();
+    RecordEditor record(format(), store.text(begin.record()));
+    for (const std::size_t i : ownTags(record))
+        if (record.code(i) == 2 || record.code(i) == 3) record.set(i, OdString(name));
+    if (record.edited()) store.replace(begin.record(), record.bytes());
+    return Tavo::eOk;
+}
+
+Tavo::ErrorStatus OdDbBlockTableRecord::erase() {
+    if (const auto status = checkWrite(); status != Tavo::eOk) return status;
+    if (isLayout()) return Tavo::eNotHandled;
+    const OdDbUndoScope step(*database(), L"ERASE");
+    RecordStore& store = database()->store();
+    const OdDbObjectId begin = blockBeginId();
+    if (!begin.isNull()) {
+        for (RecordId id = store.next(begin.record());
+             id != kNoRecord && store.record(id).owner == begin.record();) {
+            const RecordId following = store.next(id);
+            store.remove(id);
+            id = following;
+        }
+        store.remove(begin.record());
+    }
+    if (begin != objectId()) store.remove(objectId().record());
+    return Tavo::eOk;
 }
 
 OdDbEntityRange OdDbBlockTableRecord::entities() const {
@@ -58,4 +229,10 @@ OdDbObjectId OdDbBlockTable::next(OdDbObjectId record) const {
         if (r.type == kTypeBlock) return {database(), id};
     }
     return {};
+}
+
+OdDbObjectId OdDbBlockTable::add(std::wstring_view name) {
+    if (checkWrite() != Tavo::eOk || checkTableName(format(), name) != Tavo::eOk) return {};
+    if (has(name) || database()->tableNames().findBlock(name) != kNoRecord) return {};
+    return addBlock(*database(), objectId().record(), name);
 }

@@ -2,8 +2,10 @@
 
 #include "platform/drawing/OdDbEntity.h"
 #include "platform/drawing/OdDbLayerTable.h"
+#include "platform/drawing/UsageData.h"
 #include "platform/drawing/dxf/DxfReader.h"
 #include "platform/drawing/dxf/HeaderSection.h"
+#include "platform/drawing/dxf/NewRecord.h"
 #include "platform/drawing/dxf/RecordStore.h"
 #include "platform/drawing/dxf/TableNames.h"
 #include "platform/text/AtomicFile.h"
@@ -54,6 +56,7 @@ struct OdDbDatabase::Impl {
     HeaderSection header;
     TableNames names;
     std::set<OdDb::Feature> refused; // told already
+    UsageData usage;
     std::vector<OdDbDatabaseReactor*> reactors;
 };
 
@@ -295,11 +298,40 @@ OdDbObjectId OdDbDatabase::getViewTableId() const { return tableId("VIEW"); }
 OdDbObjectId OdDbDatabase::getViewportTableId() const { return tableId("VPORT"); }
 OdDbObjectId OdDbDatabase::getUcsTableId() const { return tableId("UCS"); }
 
+OdDbObjectId OdDbDatabase::getTableId(std::wstring_view name, bool createIfMissing) {
+    const std::string plain = plainVariableName(name);
+    const RecordId there = m_store->table(plain);
+    if (there != kNoRecord) return idOf(there);
+    const RecordId made = createIfMissing ? needTable(*this, plain) : kNoRecord;
+    if (made != kNoRecord || plain != "BLOCK_RECORD") return made == kNoRecord ? OdDbObjectId() : idOf(made);
+    const RecordId section =
+        createIfMissing ? needSection(*this, Section::kBlocks) : m_store->section(Section::kBlocks);
+    return section == kNoRecord ? OdDbObjectId() : idOf(section);
+}
+
+OdDbObjectId OdDbDatabase::newRegApp(std::wstring_view name) {
+    if (const auto table = getRegAppTableId().open<OdDbSymbolTable>())
+        if (const OdDbObjectId there = table->getAt(name); !there.isNull()) return there;
+    const OdDbUndoScope step(*this, name);
+    const auto table = getTableId(L"APPID", true).open<OdDbSymbolTable>(OdDb::kForWrite);
+    return table ? table->add(name) : OdDbObjectId();
+}
+
+UsageData& OdDbDatabase::usageData() const { return m_impl->usage; }
+
 // Drawings before R13 have no table of blocks; the section of their definitions stands for it.
 OdDbObjectId OdDbDatabase::getBlockTableId() const {
     if (const OdDbObjectId table = tableId("BLOCK_RECORD"); !table.isNull()) return table;
     const RecordId section = m_store->section(Section::kBlocks);
     return section == kNoRecord ? OdDbObjectId() : idOf(section);
+}
+
+OdDbObjectId OdDbDatabase::getNamedObjectsDictionaryId() const {
+    const RecordId section = m_store->section(Section::kObjects);
+    if (section == kNoRecord) return {};
+    const RecordId first = m_store->next(section);
+    if (first == kNoRecord || m_store->typeName(first) != "DICTIONARY") return {};
+    return idOf(first);
 }
 
 // --- undo ---

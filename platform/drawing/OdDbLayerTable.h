@@ -2,6 +2,7 @@
 
 #include "platform/Export.h"
 #include "platform/drawing/OdCmColor.h"
+#include "platform/drawing/OdCmTransparency.h"
 #include "platform/drawing/OdDb.h"
 #include "platform/drawing/OdDbSymbolTable.h"
 
@@ -13,6 +14,10 @@ class KXPLATFORM_EXPORT OdDbLayerTableRecord : public OdDbSymbolTableRecord {
     // eNotHandled, and no change, for a true colour in a drawing older than R2004; eInvalidInput for by layer
     // and by block. A layer that is off stays off.
     Tavo::ErrorStatus setColor(const OdCmColor& color);
+    // "BOOK$COLOUR" of a colour from a colour book, else empty. Setting a colour takes the name away; setting a
+    // book colour sets both, and is eInvalidInput for a colour that is no true colour.
+    OdString bookColorName() const { return textAt(430); }
+    Tavo::ErrorStatus setBookColor(const OdCmColor& color, std::wstring_view bookAndName);
 
     OdString linetypeName() const { return textAt(6); }
     // Null id when the linetype table lacks the name.
@@ -39,14 +44,38 @@ class KXPLATFORM_EXPORT OdDbLayerTableRecord : public OdDbSymbolTableRecord {
     bool isPlottable() const { return integerAt(290, 1) != 0; }
     Tavo::ErrorStatus setIsPlottable(bool plot);
 
+    // Kept as extended data; solid when there are none. Setting answers eInvalidInput for by layer and by block
+    // and eNotHandled before R2004, whose entities have no transparency either.
+    OdCmTransparency transparency() const;
+    Tavo::ErrorStatus setTransparency(OdCmTransparency transparency);
+
     // Kept as extended data; empty when there is none.
     OdString description() const;
+    OdString desc() const { return description(); }
+    Tavo::ErrorStatus setDescription(std::wstring_view text);
+
+    // The placeholder in the dictionary of plot style names; null when the layer names none. Setting answers
+    // eNotHandled before R2000.
     OdDbObjectId plotStyleNameId() const { return idAt(390); }
+    // The name the dictionary has for it, empty when there is none.
+    OdString plotStyleName() const;
+    // eInvalidInput for an object that is no plot style name of this drawing.
+    Tavo::ErrorStatus setPlotStyleName(OdDbObjectId placeholder);
+    // eKeyNotFound for a name the dictionary lacks.
+    Tavo::ErrorStatus setPlotStyleName(std::wstring_view name);
+
+    // A layer other programs keep for themselves and show nobody: its name begins with an asterisk.
+    bool isHidden() const { return getName().view().starts_with(L'*'); }
 };
 using OdDbLayerTableRecordPtr = std::shared_ptr<OdDbLayerTableRecord>;
 
 class KXPLATFORM_EXPORT OdDbLayerTable : public OdDbSymbolTable {
   public:
     using OdDbSymbolTable::OdDbSymbolTable;
+    // Finds out in one pass which layers are referred to: by entities in any space or block with their
+    // sub-entities, by block definitions, by layer names in extended data; layer 0 and the current layer always
+    // are. What layer states, filters and viewports say about a layer is no use of it. Ask the records'
+    // isInUse() afterwards; edits made since are not seen until the next call.
+    void generateUsageData() const;
 };
 using OdDbLayerTablePtr = std::shared_ptr<OdDbLayerTable>;

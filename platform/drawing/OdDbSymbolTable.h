@@ -3,8 +3,13 @@
 #include "platform/Export.h"
 #include "platform/drawing/OdDbObject.h"
 
+#include <functional>
 #include <memory>
 #include <string_view>
+
+namespace tv::dwg {
+class RecordEditor;
+} // namespace tv::dwg
 
 // A named record of a table.
 class KXPLATFORM_EXPORT OdDbSymbolTableRecord : public OdDbObject {
@@ -12,16 +17,34 @@ class KXPLATFORM_EXPORT OdDbSymbolTableRecord : public OdDbObject {
     using OdDbObject::OdDbObject;
 
     virtual OdString getName() const;
-    // eDuplicate for a name another record of the table has, eInvalidInput for an empty one. References by name
-    // elsewhere in the drawing stay as they are.
+    // Renames the record and, in the same undo step, every reference to it by name (see NameReferences.h).
+    // eDuplicate for a name another record of the table has, eInvalidInput for an empty one or one with control
+    // characters, eNotHandled for one longer than the drawing's version holds.
     virtual Tavo::ErrorStatus setName(std::wstring_view name);
     // Standard flags, group code 70: 16 and 32 come from external references, 64 in use when last saved.
     int flags() const { return integerAt(70); }
-    // Comes from an external reference.
+    // Comes from an external reference. Such a record can be renamed and erased like any other; whether it
+    // should be is for the caller to ask.
     bool isDependent() const { return (flags() & 16) != 0; }
+    // Of one that is: the referenced drawing was found when the file was written.
+    bool isResolved() const { return (flags() & 48) == 48; }
+    // Something referred to the record when the usage data of its kind were generated last (UsageData.h); false
+    // when they never were, and for records made since.
+    bool isInUse() const;
 
   protected:
     Tavo::ErrorStatus setFlag(int bit, bool on);
+    // Hands the record's tags to `change` and stores them when that answers true; eWrongType when it doesn't.
+    Tavo::ErrorStatus edit(const std::function<bool(tv::dwg::RecordEditor&)>& change);
+    // The same for the extended data of an application, which is registered when these are its first.
+    Tavo::ErrorStatus editXData(std::wstring_view app,
+                                const std::function<bool(tv::dwg::RecordEditor&)>& change);
+    // Whether the record is annotative, as text styles, dimension styles and blocks say it.
+    bool annotativeFlag() const;
+    Tavo::ErrorStatus setAnnotativeFlag(bool annotative);
+    // "Match orientation to layout" of annotative text styles and blocks.
+    bool paperOrientationFlag() const;
+    Tavo::ErrorStatus setPaperOrientationFlag(bool matches);
 };
 using OdDbSymbolTableRecordPtr = std::shared_ptr<OdDbSymbolTableRecord>;
 
@@ -41,7 +64,9 @@ class KXPLATFORM_EXPORT OdDbSymbolTable : public OdDbObject {
     virtual OdString nameOf(OdDbObjectId record) const;
 
     // Adds a record of that name with the version's usual values and gives its id. A null id when the table is
-    // not open for writing, the name is empty or exists, or records of this kind can't be made by name alone.
+    // not open for writing, the name is none the table can take (see setName) or exists, or records of this
+    // kind can't be made by name alone. The table's own count of records (group code 70) stays: programs take
+    // it as a hint at most, and files in use carry any number there.
     virtual OdDbObjectId add(std::wstring_view name);
 
     // Calls `visit(OdDbObjectId)` for each record in file order.
@@ -61,3 +86,8 @@ class KXPLATFORM_EXPORT OdDbRegAppTableRecord : public OdDbSymbolTableRecord {
   public:
     using OdDbSymbolTableRecord::OdDbSymbolTableRecord;
 };
+
+namespace tv::dwg {
+// Whether a record of a table of the drawing can have that name, other records left aside; see setName.
+KXPLATFORM_EXPORT Tavo::ErrorStatus checkTableName(const DxfFormat& format, std::wstring_view name);
+} // namespace tv::dwg

@@ -177,6 +177,9 @@ TEST(Tables, ExtendedDataIsReadReplacedAndTakenAway) {
     const std::string first = db->bytes();
     const auto wall = db->layers()->getAt(L"Wall").open<OdDbLayerTableRecord>(OdDb::kForWrite);
     auto chain = OdResBuf::newRb(OdResBuf::kDxfRegAppName, OdString(L"KX"));
+    chain->append(OdResBuf::newRb(OdResBuf::kDxfXdAsciiString, OdString(L"old")));
+    ASSERT_EQ(wall->setXData(chain.get()), Tavo::eOk);
+    chain->setNext(nullptr);
     chain->append(OdResBuf::newRb(OdResBuf::kDxfXdXCoord, OdGePoint3d{1, 2.5, -3}));
     chain->append(OdResBuf::newRb(OdResBuf::kDxfXdInteger16, std::int64_t{392}));
     chain->append(OdResBuf::newRb(OdResBuf::kDxfXdBinaryChunk, tv::dwg::Binary{0, 0xAB}));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/drawing/OdDbObjectId.h"
+#include "platform/drawing/dxf/RecordStore.h"
 
 #include <string_view>
 
@@ -10,8 +11,19 @@ namespace tv::dwg {
 // Part of the undo step that is open.
 OdDbHandle takeHandle(OdDbDatabase& database);
 
+// The table of that name ("LAYER"), made where and as the drawing's version usually has it when the file lacks
+// it; so is the section of tables. kNoRecord for a name that is no table's and for tables the version doesn't
+// have.
+RecordId needTable(OdDbDatabase& database, std::string_view name);
+
 // A new record at the end of a table, with the values its kind usually starts with in the drawing's version. A
-// null id for tables whose records need more than a name.
+// null id for tables of unknown kinds.
 OdDbObjectId addTableRecord(OdDbDatabase& database, RecordId table, std::wstring_view name);
+
+// A new block record in the table, which may be the section of blocks instead, and its empty definition.
+OdDbObjectId addBlock(OdDbDatabase& database, RecordId table, std::wstring_view name);
+
+// The section of that kind, made where it usually stands when the file lacks it; of tables and blocks only.
+RecordId needSection(OdDbDatabase& database, Section section);
 
 } // namespace tv::dwg

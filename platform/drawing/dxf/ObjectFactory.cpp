@@ -4,15 +4,8 @@
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbDictionary.h"
 #include "platform/drawing/OdDbEntity.h"
-#include "platform/drawing/OdDbGroup.h"
 #include "platform/drawing/OdDbLayerTable.h"
-#include "platform/drawing/OdDbLayout.h"
-#include "platform/drawing/OdDbPlaceHolder.h"
-#include "platform/drawing/OdDbPlotSettings.h"
-#include "platform/drawing/OdDbScale.h"
 #include "platform/drawing/OdDbStyleTables.h"
-#include "platform/drawing/OdDbViewport.h"
-#include "platform/drawing/OdDbXrecord.h"
 #include "platform/drawing/dxf/RecordStore.h"
 #include "platform/drawing/entities/OdDbBlockReference.h"
 #include "platform/drawing/entities/OdDbDimension.h"
@@ -49,13 +42,14 @@ constexpr TableClasses kTables[] = {
     {"APPID", make<OdDbRegAppTable>, make<OdDbRegAppTableRecord>},
     {"VIEW", make<OdDbViewTable>, make<OdDbViewTableRecord>},
     {"VPORT", make<OdDbViewportTable>, make<OdDbViewportTableRecord>},
+    {"UCS", make<OdDbUCSTable>, make<OdDbUCSTableRecord>},
 };
 
-struct TypeClass {
+struct EntityClass {
     std::string_view type;
     Make make;
 };
-constexpr TypeClass kEntities[] = {
+constexpr EntityClass kEntities[] = {
     {"TEXT", make<OdDbText>},
     {"MTEXT", make<OdDbMText>},
     {"ATTRIB", make<OdDbAttribute>},
@@ -70,27 +64,15 @@ constexpr TypeClass kEntities[] = {
     {"ACAD_TABLE", make<OdDbTable>},
     {"HATCH", make<OdDbHatch>},
     {"IMAGE", make<OdDbRasterImage>},
-    {"VIEWPORT", make<OdDbViewport>},
     {"WIPEOUT", make<OdDbRasterImage>},
 };
 
 OdDbObjectPtr makeEntity(const RecordStore& store, OdDbObjectId id, OdDb::OpenMode mode) {
     const std::string_view type = store.typeName(id.record());
-    for (const TypeClass& known : kEntities)
+    for (const EntityClass& known : kEntities)
         if (known.type == type) return known.make(id, mode);
     return make<OdDbEntity>(id, mode);
 }
-
-constexpr TypeClass kObjects[] = {
-    {"DICTIONARY", make<OdDbDictionary>},
-    {"ACDBDICTIONARYWDFLT", make<OdDbDictionaryWithDefault>},
-    {"ACDBPLACEHOLDER", make<OdDbPlaceHolder>},
-    {"GROUP", make<OdDbGroup>},
-    {"LAYOUT", make<OdDbLayout>},
-    {"PLOTSETTINGS", make<OdDbPlotSettings>},
-    {"SCALE", make<OdDbScale>},
-    {"XRECORD", make<OdDbXrecord>},
-};
 
 OdDbObjectPtr makeTableObject(const RecordStore& store, const Record& record, OdDbObjectId id,
                               OdDb::OpenMode mode) {
@@ -128,8 +110,7 @@ OdDbObjectPtr makeObject(OdDbObjectId id, OdDb::OpenMode mode) {
         break;
     case Section::kObjects: {
         const std::string_view type = store.typeName(id.record());
-        for (const TypeClass& known : kObjects)
-            if (known.type == type) return known.make(id, mode);
+        if (type == "DICTIONARY" || type == "ACDBDICTIONARYWDFLT") return make<OdDbDictionary>(id, mode);
         break;
     }
     default:

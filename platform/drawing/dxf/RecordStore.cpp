@@ -48,7 +48,6 @@ void RecordStore::noteTable(std::string_view name, RecordId id) { m_tables.empla
 
 void RecordStore::forgetStructure() {
     m_structureKnown = false;
-    m_sectionEnd = {kNoRecord, kNoRecord};
     m_sections.clear();
     m_tables.clear();
 }
@@ -86,14 +85,15 @@ RecordId RecordStore::table(std::string_view name) const {
 }
 
 RecordId RecordStore::endOfSection(RecordId section) const {
-    if (m_sectionEnd.first == section && !isErased(m_sectionEnd.second)) return m_sectionEnd.second;
+    const bool blocks = m_records[section].section == Section::kBlocks;
+    if (blocks && m_blocksEnd.first == section && !isErased(m_blocksEnd.second)) return m_blocksEnd.second;
     RecordId id = m_records[section].next;
     while (id != kNoRecord) {
         const TypeId type = m_records[id].type;
         if (type == kTypeEndSec || type == kTypeSection || type == kTypeEof || type == kTypeTail) break;
         id = m_records[id].next;
     }
-    if (id != kNoRecord) m_sectionEnd = {section, id};
+    if (blocks && id != kNoRecord && m_records[id].type == kTypeEndSec) m_blocksEnd = {section, id};
     return id;
 }
 
@@ -217,7 +217,6 @@ void RecordStore::link(RecordId id, RecordId after) {
         m_handles.clear();
     else
         m_handles.add(m_records, id);
-    if (r.type == kTypeEndSec) m_sectionEnd = {kNoRecord, kNoRecord};
     if (r.type == kTypeSection || r.type == kTypeTable) forgetStructure();
 }
 

@@ -43,7 +43,7 @@ RecordId TableNames::findBlock(std::wstring_view name) {
 
 void TableNames::recordChanged(ChangeKind kind, RecordId record) {
     const Record& r = m_store.record(record);
-    if (r.section == Section::kBlocks && r.type != kTypeBlock) return;
+    if (r.section == Section::kBlocks ? r.type != kTypeBlock : r.owner == kNoRecord) return;
     const auto entry = m_tables.find(r.section == Section::kBlocks ? kBlocks : r.owner);
     if (entry == m_tables.end()) return;
     // Most changes leave the name alone, and new records bring new names; then the others stay good, which

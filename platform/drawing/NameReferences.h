@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/Export.h"
+#include "platform/drawing/OdDbObjectId.h"
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+namespace tv::dwg {
+
+// The kinds of records that others refer to by name.
+enum class NamedKind : std::uint8_t {
+    kLayer,
+    kLinetype,
+    kTextStyle,
+    kDimStyle,
+    kBlock,
+    kRegApp,
+    kView,
+    kUcs,
+};
+inline constexpr std::size_t kNamedKinds = 8;
+
+// Nothing for records nobody refers to by name.
+KXPLATFORM_EXPORT std::optional<NamedKind> namedKindOf(OdDbObjectId record);
+
+// Gives every reference to `from` the name `to`, ignoring case in `from`: in entities and their sub-entities in
+// every space and block, in table records, objects, layer states, header variables and extended data. One undo
+// step, one pass over the drawing; only records that refer are edited, and of those only the references' lines.
+// The records so named themselves stay. Answers how many records were edited. Layer filters select by pattern
+// and stay as they are.
+KXPLATFORM_EXPORT std::size_t retargetReferences(OdDbDatabase& database, NamedKind kind, std::wstring_view from,
+                                                 std::wstring_view to);
+// The same from one record to another of the same kind, as merging needs it: references by handle follow too.
+// Nothing is done for records of different kinds or drawings.
+KXPLATFORM_EXPORT std::size_t retargetReferences(OdDbObjectId from, OdDbObjectId to);
+
+} // namespace tv::dwg

@@ -1,0 +1,171 @@
+#include "tests/drawing/Drawings.h"
+
+#include "platform/drawing/NameReferences.h"
+#include "platform/drawing/OdDbBlockTable.h"
+#include "platform/drawing/OdDbLayerTable.h"
+#include "platform/drawing/OdDbStyleTables.h"
+#include "platform/drawing/UsageData.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace drawings;
+using tv::dwg::NamedKind;
+
+namespace {
+
+// A drawing where everything refers to everything, one spelling in other letters, and where the same words also
+// stand where they are no references.
+const char* const kBusy =
+    "0|SECTION|2|HEADER|9|$ACADVER|1|AC1024|9|$CLAYER|8|Wall|9|$CELTYPE|6|DASHED|9|$TEXTSTYLE|7|notes|"
+    "9|$DIMSTYLE|2|Site|9|$DIMBLK|1|Tick|9|$USERI1|70|1|9|$HANDSEED|5|90|0|ENDSEC|0|SECTION|2|TABLES|"
+    "0|TABLE|2|LTYPE|5|1|100|AcDbSymbolTable|70|1|"
+    "0|LTYPE|5|11|100|AcDbSymbolTableRecord|100|AcDbLinetypeTableRecord|2|Dashed|70|0|"
+    "0|LTYPE|5|12|100|AcDbSymbolTableRecord|100|AcDbLinetypeTableRecord|2|Idle|70|0|0|ENDTAB|"
+    "0|TABLE|2|LAYER|5|2|102|{ACAD_XDICTIONARY|360|60|102|}|100|AcDbSymbolTable|70|1|"
+    "0|LAYER|5|20|100|AcDbSymbolTableRecord|100|AcDbLayerTableRecord|2|0|70|0|62|7|6|Dashed|"
+    "0|LAYER|5|21|100|AcDbSymbolTableRecord|100|AcDbLayerTableRecord|2|Wall|70|0|62|7|6|Idle2|"
+    "0|LAYER|5|22|100|AcDbSymbolTableRecord|100|AcDbLayerTableRecord|2|Door|70|0|62|7|6|Idle2|"
+    "0|LAYER|5|23|100|AcDbSymbolTableRecord|100|AcDbLayerTableRecord|2|Idle|70|0|62|7|6|Idle2|"
+    "0|LAYER|5|24|100|AcDbSymbolTableRecord|100|AcDbLayerTableRecord|2|Tagged|70|0|62|7|6|Idle2|0|ENDTAB|"
+    "0|TABLE|2|STYLE|5|3|100|AcDbSymbolTable|70|1|"
+    "0|STYLE|5|31|100|AcDbSymbolTableRecord|100|AcDbTextStyleTableRecord|2|Notes|70|0|"
+    "0|STYLE|5|32|100|AcDbSymbolTableRecord|100|AcDbTextStyleTableRecord|2|Pointed|70|0|"
+    "0|STYLE|5|33|100|AcDbSymbolTableRecord|100|AcDbTextStyleTableRecord|2|Idle|70|0|0|ENDTAB|"
+    "0|TABLE|2|DIMSTYLE|5|4|100|AcDbSymbolTable|70|1|"
+    "0|DIMSTYLE|105|41|100|AcDbSymbolTableRecord|100|AcDbDimStyleTableRecord|2|Site|70|0|340|32|342|53|"
+    "0|DIMSTYLE|105|42|100|AcDbSymbolTableRecord|100|AcDbDimStyleTableRecord|2|Site$0|70|0|0|ENDTAB|"
+    "0|TABLE|2|BLOCK_RECORD|5|5|100|AcDbSymbolTable|70|1|"
+    "0|BLOCK_RECORD|5|51|100|AcDbSymbolTableRecord|100|AcDbBlockTableRecord|2|Door|"
+    "0|BLOCK_RECORD|5|52|100|AcDbSymbolTableRecord|100|AcDbBlockTableRecord|2|Self|"
+    "0|BLOCK_RECORD|5|53|100|AcDbSymbolTableRecord|100|AcDbBlockTableRecord|2|Tick|0|ENDTAB|0|ENDSEC|"
+    "0|SECTION|2|BLOCKS|"
+    "0|BLOCK|5|71|100|AcDbEntity|8|0|100|AcDbBlockBegin|2|Door|70|0|3|Door|1||"
+    "0|LINE|5|72|100|AcDbEntity|8|Door|6|Dashed|100|AcDbLine|10|0|20|0|11|1|21|1|"
+    "0|ENDBLK|5|73|100|AcDbEntity|8|0|100|AcDbBlockEnd|"
+    "0|BLOCK|5|74|100|AcDbEntity|8|0|100|AcDbBlockBegin|2|Self|70|0|3|Self|1||"
+    "0|INSERT|5|75|100|AcDbEntity|8|0|100|AcDbBlockReference|2|Self|10|0|20|0|"
+    "0|ENDBLK|5|76|100|AcDbEntity|8|0|100|AcDbBlockEnd|0|ENDSEC|0|SECTION|2|ENTITIES|"
+    "0|TEXT|5|81|100|AcDbEntity|8|WALL|100|AcDbText|10|0|20|0|40|1|1|Wall|7|Notes|100|AcDbText|"
+    "0|HATCH|5|82|100|AcDbEntity|8|0|100|AcDbHatch|2|Door|70|1|"
+    "0|INSERT|5|83|100|AcDbEntity|8|0|100|AcDbBlockReference|2|DOOR|10|0|20|0|66|1|"
+    "0|ATTRIB|5|84|100|AcDbEntity|8|Wall|100|AcDbText|1|Notes|7|Notes|100|AcDbAttribute|2|DOOR|"
+    "0|SEQEND|5|85|100|AcDbEntity|8|Wall|"
+    "0|DIMENSION|5|86|100|AcDbEntity|8|0|100|AcDbDimension|2|Tick|3|SITE|1|Site|"
+    "0|LINE|5|87|100|AcDbEntity|8|0|100|AcDbLine|10|0|20|0|11|1|21|1|1001|KX|1003|tagged|1000|Tagged|"
+    "0|ENDSEC|0|SECTION|2|OBJECTS|0|DICTIONARY|5|6F|100|AcDbDictionary|"
+    "0|DICTIONARY|5|60|100|AcDbDictionary|3|ACAD_LAYERSTATES|360|61|"
+    "0|DICTIONARY|5|61|100|AcDbDictionary|3|Plan|360|62|"
+    "0|XRECORD|5|62|100|AcDbXrecord|302|Wall|8|Wall|90|1|6|Dashed|8|Idle|90|0|6|Idle|"
+    "0|XRECORD|5|63|100|AcDbXrecord|8|Wall|6|Dashed|0|ENDSEC|0|EOF";
+
+// The group codes and values that differ, as "8 Wall", with the handle of their record before them.
+std::vector<std::string> changes(const std::string& before, const std::string& after) {
+    const auto a = split(before);
+    const auto b = split(after);
+    std::vector<std::string> out;
+    if (a.size() != b.size()) return {"other count of lines"};
+    std::string handle;
+    for (std::size_t i = 0; i + 1 < a.size(); i += 2) {
+        if (a[i] == "9") handle = a[i + 1];
+        if (a[i] == "5" || a[i] == "105") handle = a[i + 1];
+        if (a[i + 1] != b[i + 1]) out.push_back(handle + ": " + b[i] + " " + b[i + 1]);
+    }
+    return out;
+}
+
+std::vector<std::string> renaming(std::uint64_t handle, const wchar_t* name) {
+    const auto db = openText(lines(kBusy));
+    const std::string first = db->bytes();
+    const auto record = db->getOdDbObjectId(handle).open<OdDbSymbolTableRecord>(OdDb::kForWrite);
+    EXPECT_EQ(record->setName(name), Tavo::eOk);
+    EXPECT_EQ(record->getName(), name);
+    auto out = changes(first, db->bytes());
+    const std::string renamed = db->bytes();
+    EXPECT_TRUE(db->undo());
+    EXPECT_FALSE(db->hasUndo()) << "one step";
+    EXPECT_EQ(db->bytes(), first);
+    EXPECT_TRUE(db->redo());
+    EXPECT_EQ(db->bytes(), renamed);
+    return out;
+}
+
+} // namespace
+
+TEST(NameReferences, RenamingCarriesEveryReferenceAndNothingElse) {
+    using testing::ElementsAre;
+    EXPECT_THAT(renaming(0x21, L"벽"), ElementsAre("$CLAYER: 8 벽", "21: 2 벽", "81: 8 벽", "84: 8 벽",
+                                                   "85: 8 벽", "62: 302 벽", "62: 8 벽"));
+    EXPECT_THAT(renaming(0x24, L"T"), ElementsAre("24: 2 T", "87: 1003 T"));
+    EXPECT_THAT(renaming(0x11, L"D"), ElementsAre("$CELTYPE: 6 D", "11: 2 D", "20: 6 D", "72: 6 D", "62: 6 D"));
+    EXPECT_THAT(renaming(0x31, L"N"), ElementsAre("$TEXTSTYLE: 7 N", "31: 2 N", "81: 7 N", "84: 7 N"));
+    EXPECT_THAT(renaming(0x41, L"S"), ElementsAre("$DIMSTYLE: 2 S", "41: 2 S", "42: 2 S$0", "86: 3 S"));
+    EXPECT_THAT(renaming(0x51, L"Gate"), ElementsAre("51: 2 Gate", "71: 2 Gate", "71: 3 Gate", "83: 2 Gate"));
+    EXPECT_THAT(renaming(0x53, L"_Tick"), ElementsAre("$DIMBLK: 1 _Tick", "53: 2 _Tick", "86: 2 _Tick"));
+    EXPECT_THAT(renaming(0x21, L"wall"), ElementsAre("$CLAYER: 8 wall", "21: 2 wall", "81: 8 wall",
+                                                     "84: 8 wall", "85: 8 wall", "62: 302 wall", "62: 8 wall"))
+        << "other letters of the same name";
+}
+
+TEST(NameReferences, NamesThatCannotBeAreRefused) {
+    const auto db = openText(lines(kBusy));
+    const std::string first = db->bytes();
+    const auto wall = db->getOdDbObjectId(0x21).open<OdDbLayerTableRecord>(OdDb::kForWrite);
+    EXPECT_EQ(wall->setName(L""), Tavo::eInvalidInput);
+    EXPECT_EQ(wall->setName(L"a\nb"), Tavo::eInvalidInput);
+    EXPECT_EQ(wall->setName(L"door"), Tavo::eDuplicate);
+    EXPECT_EQ(wall->setName(std::wstring(256, L'x')), Tavo::eNotHandled);
+    EXPECT_EQ(db->getOdDbObjectId(0x21).open<OdDbLayerTableRecord>()->setName(L"x"), Tavo::eNotOpenForWrite);
+    EXPECT_EQ(db->getOdDbObjectId(0x51).open<OdDbBlockTableRecord>(OdDb::kForWrite)->setName(L"SELF"),
+              Tavo::eDuplicate);
+    EXPECT_EQ(db->bytes(), first);
+    const auto old = OdDbDatabase::create(OdDb::DxfVersion::kR12);
+    EXPECT_TRUE(old->layers(OdDb::kForWrite)->add(std::wstring(32, L'x')).isNull());
+    EXPECT_FALSE(old->layers(OdDb::kForWrite)->add(std::wstring(31, L'x')).isNull());
+}
+
+TEST(NameReferences, MergingPointsEverythingToTheOtherRecord) {
+    const auto db = openText(lines(kBusy));
+    const std::string first = db->bytes();
+    const auto id = [&](std::uint64_t handle) { return db->getOdDbObjectId(handle); };
+    EXPECT_EQ(tv::dwg::retargetReferences(id(0x21), id(0x22)), 5u);
+    EXPECT_EQ(id(0x21).open<OdDbLayerTableRecord>()->getName(), L"Wall");
+    EXPECT_THAT(changes(first, db->bytes()), testing::ElementsAre("$CLAYER: 8 Door", "81: 8 Door", "84: 8 Door",
+                                                                  "85: 8 Door", "62: 302 Door", "62: 8 Door"));
+    EXPECT_TRUE(db->undo());
+    EXPECT_EQ(tv::dwg::retargetReferences(id(0x32), id(0x33)), 1u);
+    EXPECT_THAT(changes(first, db->bytes()), testing::ElementsAre("41: 340 33")) << "by handle";
+    EXPECT_TRUE(db->undo());
+    EXPECT_EQ(tv::dwg::retargetReferences(id(0x21), id(0x11)), 0u) << "another kind";
+    EXPECT_EQ(tv::dwg::retargetReferences(id(0x51), id(0x53)), 1u) << "the definition keeps its name";
+    EXPECT_TRUE(db->undo());
+    EXPECT_EQ(db->bytes(), first);
+}
+
+TEST(UsageData, RecordsAreInUseWhenSomethingRefersToThem) {
+    const auto db = openText(lines(kBusy));
+    const auto used = [&](NamedKind kind, std::initializer_list<std::uint64_t> handles) {
+        db->usageData().generate(*db, kind);
+        std::string out;
+        for (const std::uint64_t handle : handles)
+            out += db->getOdDbObjectId(handle).open<OdDbSymbolTableRecord>()->isInUse() ? '1' : '0';
+        return out;
+    };
+    const auto wall = db->getOdDbObjectId(0x21).open<OdDbLayerTableRecord>();
+    EXPECT_FALSE(wall->isInUse()) << "nothing was generated";
+    db->layers()->generateUsageData();
+    EXPECT_TRUE(wall->isInUse());
+    // In a block only; named by a layer state only; in extended data only.
+    EXPECT_EQ(used(NamedKind::kLayer, {0x20, 0x21, 0x22, 0x23, 0x24}), "11101");
+    EXPECT_EQ(used(NamedKind::kLinetype, {0x11, 0x12}), "10") << "a layer state names the second";
+    EXPECT_EQ(used(NamedKind::kTextStyle, {0x31, 0x32, 0x33}), "110") << "the second by a handle";
+    EXPECT_EQ(used(NamedKind::kDimStyle, {0x41, 0x42}), "11") << "with its parent";
+    EXPECT_EQ(used(NamedKind::kBlock, {0x51, 0x52, 0x53}), "101") << "not by its own contents";
+
+    // Edits are seen by the next call.
+    const OdDbObjectId added = db->layers(OdDb::kForWrite)->add(L"New");
+    EXPECT_FALSE(added.open<OdDbLayerTableRecord>()->isInUse());
+    EXPECT_EQ(db->getOdDbObjectId(0x82).open<OdDbEntity>(OdDb::kForWrite)->setLayer(L"New"), Tavo::eOk);
+    db->layers()->generateUsageData();
+    EXPECT_TRUE(added.open<OdDbLayerTableRecord>()->isInUse());
+}
