@@ -15,6 +15,7 @@
 #include "tavocad/DrawingScenes.h"
 #include "tavocad/Languages.h"
 #include "tavocad/NearNames.h"
+#include "tavocad/SceneLocator.h"
 #include "tavocad/SelectionRequests.h"
 #include "tavocad/VersionWarnings.h"
 #include "tavocad/commands/Commands.h"
@@ -49,6 +50,8 @@ TavoSession::TavoSession(std::unique_ptr<tv::SettingsStore> settings)
     : m_points(std::make_unique<PointRequests>()),
       m_host(std::make_unique<tv::host::EmbeddedHost>(std::move(settings))) {
     m_scenes = std::make_unique<DrawingScenes>();
+    m_locator = std::make_unique<SceneLocator>(*m_scenes);
+    m_host->selection()->setLocator(m_locator.get());
     m_documentsWatched = m_host->documentManager()->onDocumentEvent(
         [this](TavoDocumentManager::Event event, TavoDocument* document) {
             if (event == TavoDocumentManager::Event::kClosing) m_scenes->release(document->database().get());
@@ -60,7 +63,10 @@ TavoSession::TavoSession(std::unique_ptr<tv::SettingsStore> settings)
     registerCommands(*this);
 }
 
-TavoSession::~TavoSession() { zel::frx::setPlacementStore(nullptr); }
+TavoSession::~TavoSession() {
+    m_host->selection()->setLocator(nullptr);
+    zel::frx::setPlacementStore(nullptr);
+}
 
 TavoInterfaces& TavoSession::host() { return *m_host; }
 

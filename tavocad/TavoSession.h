@@ -7,6 +7,7 @@
 #include "platform/text/Problem.h"
 #include "platform/text/SettingsStore.h"
 #include "tavocad/PointRequests.h"
+#include "tavocad/ZoomRequest.h"
 
 #include <filesystem>
 #include <functional>
@@ -16,8 +17,9 @@
 
 struct UiLanguage;
 class DrawingScenes;
-class VersionWarnings;
+class SceneLocator;
 class SelectionRequests;
+class VersionWarnings;
 class TavoInterfaces;
 
 namespace tv::host {
@@ -116,8 +118,8 @@ class TavoSession {
     void requestQuit();
     bool quitRequested() const { return m_quit; }
 
-    // Somebody wants the whole drawing in view.
-    tv::host::Signal<> zoomExtents;
+    // Somebody wants another part of the drawing in view.
+    tv::host::Signal<const ZoomRequest&> zoom;
     tv::host::Signal<> quitting;
 
   private:
@@ -131,6 +133,7 @@ class TavoSession {
     std::unique_ptr<PointRequests> m_points;
     std::unique_ptr<tv::host::EmbeddedHost> m_host;
     std::unique_ptr<DrawingScenes> m_scenes;
+    std::unique_ptr<SceneLocator> m_locator;
     std::unique_ptr<SelectionRequests> m_objects;
     std::unique_ptr<VersionWarnings> m_versionWarnings;
     tv::host::Subscription m_documentsWatched;

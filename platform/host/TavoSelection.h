@@ -72,6 +72,8 @@ class TavoSelection {
     virtual void add(const std::vector<OdDbObjectId>& ids) = 0;
     virtual void remove(const std::vector<OdDbObjectId>& ids) = 0;
     virtual void clear() = 0;
+    // Objects were erased: those selected fall out.
+    virtual void dropErased() = 0;
 
     // What the last command worked on, remembered for each open drawing, without those erased since.
     virtual std::vector<OdDbObjectId> previous(const OdDbDatabasePtr& database) const = 0;

@@ -7,5 +7,6 @@ void registerCommands(TavoSession& session) {
     registerFileCommands(session);
     registerUndoCommands(session);
     registerSetVarCommand(session);
+    registerViewCommands(session);
     registerHelpCommands(session);
 }

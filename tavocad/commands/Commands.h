@@ -11,4 +11,5 @@ void registerPropertyCommands(TavoSession& session); // COLOR, LINETYPE, LWEIGHT
 void registerFileCommands(TavoSession& session);     // NEW, OPEN, SAVE, SAVEAS, CLOSE, QUIT
 void registerUndoCommands(TavoSession& session);     // U, UNDO, REDO
 void registerSetVarCommand(TavoSession& session);
-void registerHelpCommands(TavoSession& session); // HELP, LANGUAGE, ZOOM
+void registerHelpCommands(TavoSession& session); // HELP, LANGUAGE
+void registerViewCommands(TavoSession& session); // ZOOM, REDRAW, REGEN

@@ -53,12 +53,4 @@ void registerHelpCommands(TavoSession& session) {
                                                                 L"화면의 언어를 바꿉니다: kr, en, jp, rs, ch"));
                         },
                         [&session](TavoEdCommandContext&) { return language(session); }});
-    session.addCommand(
-        {L"ZOOM",
-         {L"Z"},
-         [] { return OdString(VORD_ResourceString("IDS_TAVO_HELP_ZOOM", L"도면 전체를 보여 줍니다")); },
-         [&session](TavoEdCommandContext&) {
-             session.zoomExtents.notify();
-             return RTNORM;
-         }});
 }

@@ -17,6 +17,7 @@ bool CommandEdit::event(QEvent* event) {
     if (event->type() == QEvent::ShortcutOverride && text().isEmpty()) {
         const auto* key = static_cast<QKeyEvent*>(event);
         if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo) ||
+            key->matches(QKeySequence::Delete) || key->matches(QKeySequence::SelectAll) ||
             key->keyCombination() == (Qt::CTRL | Qt::Key_Y)) {
             event->ignore(); // the menu's
             return false;

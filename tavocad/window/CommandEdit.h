@@ -6,8 +6,8 @@
 class QStringListModel;
 
 // The line commands are typed into. Up and Down go through what was entered before, Escape empties the line or,
-// when it is empty, asks for a cancel. Words are completed at their start. Undo and redo are the line's own
-// only while something stands in it.
+// when it is empty, asks for a cancel. Words are completed at their start. Undo, redo, Delete and Ctrl+A are
+// the line's own only while something stands in it.
 class CommandEdit : public QLineEdit {
     Q_OBJECT
   public:

@@ -1,61 +1,152 @@
 #include "tavocad/window/DrawingView.h"
 
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
 
 using tv::scene::Box;
+using tv::scene::Scene;
+using Method = TavoSelectionQuery::Method;
 
 namespace {
 constexpr double margin = 0.05; // of the view, left free around the drawing
 constexpr double smallestScale = 1e-12, largestScale = 1e12;
+constexpr double wheelStep = 1.25, keyStep = 1.5;
+constexpr double panStep = 0.1;          // of the view, for one arrow key
+constexpr int hoverDelay = 15;           // milliseconds from the last move of the pointer
+constexpr int oneMove = 700;             // milliseconds; what follows sooner is still the same move of the view
+constexpr std::size_t mostPlaces = 30;   // to go back to
+constexpr double dragStart = 4;          // pixels; a shorter drag is a click
+constexpr QRgb insideColor = 0xFF2F7FE0; // of the window that takes what lies inside
+constexpr QRgb crossingColor = 0xFF2AA34A; // of the one that takes what it touches
 } // namespace
 
-DrawingView::DrawingView(QWidget* parent) : QWidget(parent), m_scene(std::make_shared<tv::scene::Scene>()) {
+DrawingView::DrawingView(QWidget* parent) : QWidget(parent), m_scene(std::make_shared<Scene>()) {
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
-    setAutoFillBackground(true);
-    setBackgroundRole(QPalette::Base);
+    setAttribute(Qt::WA_OpaquePaintEvent);
     setCursor(Qt::CrossCursor);
+    m_hoverTimer.setSingleShot(true);
+    m_hoverTimer.setInterval(hoverDelay);
+    connect(&m_hoverTimer, &QTimer::timeout, this, &DrawingView::updateHover);
 }
 
-void DrawingView::setScene(std::shared_ptr<const tv::scene::Scene> scene) {
+// --- what is shown
+// ---------------------------------------------------------------------------------------------------
+
+void DrawingView::setScene(std::shared_ptr<const Scene> scene) {
     m_scene = std::move(scene);
-    if (m_untouched) zoomExtents();
+    m_hover.reset();
+    markSelected();
+    if (m_untouched) fitAll();
+    redraw();
+}
+
+void DrawingView::setSelection(const TavoSelectionSet& selection) {
+    m_selection = selection;
+    markSelected();
+    redraw();
+}
+
+void DrawingView::markSelected() {
+    m_selected.assign(m_scene->entities.size(), false);
+    m_anySelected = false;
+    for (const OdDbObjectId& id : m_selection.ids())
+        if (const auto entity = m_scene->entityOf(id)) m_selected[*entity] = m_anySelected = true;
+}
+
+void DrawingView::setLineweights(bool shown) {
+    if (shown == m_lineweights) return;
+    m_lineweights = shown;
+    redraw();
+}
+
+void DrawingView::setPreview(bool shown) {
+    m_preview = shown;
+    if (!shown) m_hover.reset();
     update();
 }
 
-void DrawingView::zoomExtents() {
-    m_untouched = true;
-    const Box& box = m_scene->box;
-    if (!box.empty()) {
-        m_center = {box.left + (box.right - box.left) / 2, box.bottom + (box.top - box.bottom) / 2};
-        const double width = std::max(box.right - box.left, 1e-9),
-                     height = std::max(box.top - box.bottom, 1e-9);
-        m_scale = std::clamp(std::min(this->width() / width, this->height() / height) * (1 - 2 * margin),
-                             smallestScale, largestScale);
-    } else {
-        m_center = {};
-        m_scale = 1;
+void DrawingView::redraw() {
+    m_stale = true;
+    update();
+}
+
+// --- what part of it
+// ------------------------------------------------------------------------------------------------
+
+void DrawingView::zoom(const ZoomRequest& request) {
+    using Kind = ZoomRequest::Kind;
+    if (request.kind == Kind::previous) {
+        if (m_places.empty()) return;
+        const Place place = m_places.back();
+        m_places.pop_back();
+        moveTo(place);
+        return;
     }
-    update();
+    rememberPlace();
+    if (request.kind == Kind::factor) {
+        moveTo({m_center, m_scale * request.factor});
+        return;
+    }
+    if (request.kind == Kind::extents) return fitAll();
+    Box box;
+    box.add(request.first);
+    box.add(request.second);
+    showBox(box, 1);
 }
 
-void DrawingView::beginPick(std::optional<OdGePoint2d> base) {
-    m_picking = true;
-    m_pickBase = base;
-    setFocus();
-    update();
+void DrawingView::fitAll() {
+    showBox(m_scene->box, 1 - 2 * margin);
+    m_untouched = true;
 }
 
-void DrawingView::endPick() {
-    m_picking = false;
-    m_pickBase.reset();
-    update();
+// `free`: the part of the view that the box may fill.
+void DrawingView::showBox(Box box, double free) {
+    Place place;
+    if (!box.empty()) {
+        place.center = {box.left + box.width() / 2, box.bottom + box.height() / 2};
+        place.scale =
+            free * std::min(width() / std::max(box.width(), 1e-9), height() / std::max(box.height(), 1e-9));
+    }
+    moveTo(place);
+}
+
+void DrawingView::moveTo(const Place& place) {
+    m_center = place.center;
+    m_scale = std::isfinite(place.scale) ? std::clamp(place.scale, smallestScale, largestScale) : 1;
+    m_untouched = false;
+    m_hover.reset();
+    redraw();
+    Q_EMIT viewChanged();
+}
+
+void DrawingView::zoomAbout(QPointF fixed, double factor) {
+    rememberPlace();
+    const OdGePoint2d before = toDrawing(fixed);
+    m_scale = std::clamp(m_scale * factor, smallestScale, largestScale);
+    const OdGePoint2d after = toDrawing(fixed);
+    moveTo({{m_center.x + before.x - after.x, m_center.y + before.y - after.y}, m_scale});
+}
+
+void DrawingView::panBy(QPointF pixels) {
+    rememberPlace();
+    moveTo({{m_center.x - pixels.x() / m_scale, m_center.y + pixels.y() / m_scale}, m_scale});
+}
+
+// Several steps of one move are one place to go back to.
+void DrawingView::rememberPlace() {
+    const bool same = m_sinceMove.isValid() && m_sinceMove.elapsed() < oneMove;
+    m_sinceMove.start();
+    if (same) return;
+    if (m_places.size() == mostPlaces) m_places.erase(m_places.begin());
+    m_places.push_back({m_center, m_scale});
 }
 
 ScenePainter DrawingView::view() const {
@@ -66,20 +157,70 @@ ScenePainter DrawingView::view() const {
     view.foreground = palette().color(QPalette::Text);
     view.background = palette().color(QPalette::Base);
     view.font = font();
+    view.lineweights = m_lineweights;
     return view;
 }
-
-QPointF DrawingView::toScreen(OdGePoint2d point) const { return view().toScreen(point); }
 
 OdGePoint2d DrawingView::toDrawing(QPointF point) const { return view().toDrawing(point); }
 
 // --- painting
 // --------------------------------------------------------------------------------------------------------
 
+void DrawingView::makePicture() {
+    const qreal pixels = devicePixelRatioF();
+    if (m_picture.size() != size() * pixels) m_picture = QPixmap(size() * pixels);
+    m_picture.setDevicePixelRatio(pixels);
+    m_picture.fill(palette().color(QPalette::Base));
+    QPainter painter(&m_picture);
+    painter.setFont(font());
+    const ScenePainter view = this->view();
+    const Scene::Seen seen = view.look(*m_scene);
+    view.paint(painter, *m_scene, seen);
+    if (m_anySelected) {
+        std::vector<std::uint32_t> items;
+        std::ranges::copy_if(seen.items, std::back_inserter(items),
+                             [this](std::uint32_t item) { return m_selected[m_scene->items[item].entity]; });
+        // The background's colour first, so that the dashes show on lines of any colour.
+        painter.setPen(QPen(view.background, 3));
+        view.outline(painter, *m_scene, items);
+        QPen pen(palette().color(QPalette::Highlight), 2);
+        pen.setCapStyle(Qt::FlatCap);
+        pen.setDashPattern({3, 2});
+        painter.setPen(pen);
+        view.outline(painter, *m_scene, items);
+    }
+    m_stale = false;
+}
+
 void DrawingView::paintEvent(QPaintEvent*) {
+    if (m_stale) makePicture();
     QPainter painter(this);
-    view().paint(painter, *m_scene);
+    painter.drawPixmap(0, 0, m_picture);
+    if (m_hover && !m_picking && !m_boxFrom) {
+        const auto& entity = m_scene->entities[m_hover->entity];
+        std::vector<std::uint32_t> items(std::min<std::uint32_t>(entity.itemCount, 20000));
+        for (std::uint32_t i = 0; i < items.size(); ++i)
+            items[i] = entity.firstItem + i;
+        QColor color = palette().color(QPalette::Highlight);
+        color.setAlpha(150);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(color, 4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        view().outline(painter, *m_scene, items);
+    }
+    if (m_boxFrom) paintBox(painter);
     if (m_picking) paintPick(painter);
+}
+
+void DrawingView::paintBox(QPainter& painter) const {
+    if (!m_pointer) return;
+    const bool crossing = m_pointer->x() < m_boxFrom->x();
+    QColor color = QColor::fromRgb(crossing ? crossingColor : insideColor);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setPen(QPen(color, 1, crossing ? Qt::DashLine : Qt::SolidLine));
+    color.setAlpha(45);
+    painter.setBrush(color);
+    painter.drawRect(QRectF(*m_boxFrom, *m_pointer).normalized());
+    painter.setBrush(Qt::NoBrush);
 }
 
 void DrawingView::paintPick(QPainter& painter) const {
@@ -91,65 +232,198 @@ void DrawingView::paintPick(QPainter& painter) const {
     if (!m_pickBase) return;
     painter.setRenderHint(QPainter::Antialiasing, true);
     painter.setPen(QPen(palette().color(QPalette::Highlight), 0, Qt::DashLine));
-    painter.drawLine(toScreen(*m_pickBase), *m_pointer);
+    painter.drawLine(view().toScreen(*m_pickBase), *m_pointer);
+}
+
+void DrawingView::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (m_untouched) fitAll();
+    redraw();
+}
+
+void DrawingView::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) redraw();
+}
+
+// --- points
+// ----------------------------------------------------------------------------------------------------------
+
+void DrawingView::beginPick(std::optional<OdGePoint2d> base) {
+    m_picking = true;
+    m_pickBase = base;
+    dropBox();
+    setFocus();
+    update();
+}
+
+void DrawingView::endPick() {
+    m_picking = false;
+    m_pickBase.reset();
+    update();
+}
+
+// --- objects
+// ---------------------------------------------------------------------------------------------------------
+
+void DrawingView::updateHover() {
+    std::optional<Scene::Hit> hit;
+    if (m_preview && m_pointer && !m_picking && !m_boxFrom && !m_dragFrom)
+        hit = m_scene->pick(toDrawing(*m_pointer), m_pickBox / m_scale);
+    const bool changed = hit.has_value() != m_hover.has_value() || (hit && hit->entity != m_hover->entity);
+    m_hover = hit;
+    if (!changed) return;
+    QToolTip::hideText();
+    update();
+}
+
+void DrawingView::press(QPointF at, bool remove) {
+    TavoSelectionQuery query;
+    query.method = Method::kPoint;
+    query.points = {toDrawing(at)};
+    query.tolerance = m_pickBox / m_scale;
+    if (m_scene->pick(query.points[0], query.tolerance)) {
+        Q_EMIT chosen(query, remove);
+        return;
+    }
+    m_boxFrom = at;
+    m_hover.reset();
+    update();
+}
+
+void DrawingView::finishBox(QPointF at, bool remove) {
+    TavoSelectionQuery query;
+    query.method = at.x() < m_boxFrom->x() ? Method::kCrossing : Method::kWindow;
+    query.points = {toDrawing(*m_boxFrom), toDrawing(at)};
+    dropBox();
+    Q_EMIT chosen(query, remove);
+}
+
+void DrawingView::dropBox() {
+    m_boxFrom.reset();
+    update();
 }
 
 // --- pointer and keys
 // ------------------------------------------------------------------------------------------------
 
-void DrawingView::resizeEvent(QResizeEvent* event) {
-    QWidget::resizeEvent(event);
-    if (m_untouched) zoomExtents();
+bool DrawingView::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        if (m_hover && hint)
+            QToolTip::showText(help->globalPos(), hint(m_scene->idOf(m_hover->entity)), this);
+        else
+            QToolTip::hideText();
+        return true;
+    }
+    return QWidget::event(event);
 }
 
 void DrawingView::mousePressEvent(QMouseEvent* event) {
-    if (m_picking && event->button() == Qt::LeftButton) {
-        const OdGePoint2d at = toDrawing(event->position());
-        Q_EMIT picked(at.x, at.y);
-    } else if (m_picking && event->button() == Qt::RightButton) {
+    const QPointF at = event->position();
+    const bool left = event->button() == Qt::LeftButton;
+    const bool remove = event->modifiers() & Qt::ShiftModifier;
+    m_pointer = at;
+    if (event->button() == Qt::MiddleButton || (left && m_space))
+        m_dragFrom = at;
+    else if (m_picking && left)
+        Q_EMIT picked(toDrawing(at).x, toDrawing(at).y);
+    else if (m_picking && event->button() == Qt::RightButton)
         Q_EMIT pickCancelled();
-    } else if (event->button() == Qt::LeftButton || event->button() == Qt::MiddleButton) {
-        m_dragFrom = event->position();
-    }
+    else if (left && m_boxFrom)
+        finishBox(at, remove);
+    else if (left)
+        press(at, remove);
+    else if (event->button() == Qt::RightButton && m_boxFrom)
+        dropBox();
+    else if (event->button() == Qt::RightButton)
+        Q_EMIT finished();
 }
 
 void DrawingView::mouseMoveEvent(QMouseEvent* event) {
     m_pointer = event->position();
     if (m_dragFrom) {
-        const QPointF by = *m_pointer - *m_dragFrom;
-        m_center.x -= by.x() / m_scale;
-        m_center.y += by.y() / m_scale;
+        panBy(*m_pointer - *m_dragFrom);
         m_dragFrom = m_pointer;
-        m_untouched = false;
-        update();
     }
-    if (m_picking) update();
+    if (m_picking || m_boxFrom) update();
+    if (!m_hoverTimer.isActive()) m_hoverTimer.start();
     const OdGePoint2d at = toDrawing(*m_pointer);
     Q_EMIT pointed(at.x, at.y);
 }
 
-void DrawingView::mouseReleaseEvent(QMouseEvent*) { m_dragFrom.reset(); }
+// A window can be dragged, or begun with one click and ended with the next.
+void DrawingView::mouseReleaseEvent(QMouseEvent* event) {
+    m_dragFrom.reset();
+    if (event->button() != Qt::LeftButton || !m_boxFrom) return;
+    const QPointF by = event->position() - *m_boxFrom;
+    if (std::max(std::abs(by.x()), std::abs(by.y())) >= dragStart)
+        finishBox(event->position(), event->modifiers() & Qt::ShiftModifier);
+}
+
+void DrawingView::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() == Qt::MiddleButton)
+        zoomExtents();
+    else
+        mousePressEvent(event);
+}
 
 void DrawingView::leaveEvent(QEvent*) {
     m_pointer.reset();
+    m_hover.reset();
     update();
 }
 
 void DrawingView::wheelEvent(QWheelEvent* event) {
     const double notches = event->angleDelta().y() / 120.0;
-    if (notches == 0) return;
-    const OdGePoint2d fixed = toDrawing(event->position());
-    m_scale = std::clamp(m_scale * std::pow(1.25, notches), smallestScale, largestScale);
-    const OdGePoint2d moved = toDrawing(event->position());
-    m_center.x += fixed.x - moved.x;
-    m_center.y += fixed.y - moved.y;
-    m_untouched = false;
-    update();
+    if (notches != 0) zoomAbout(event->position(), std::pow(wheelStep, notches));
 }
 
 void DrawingView::keyPressEvent(QKeyEvent* event) {
-    if (m_picking && event->key() == Qt::Key_Escape)
-        Q_EMIT pickCancelled();
-    else
+    const QPointF middle = QRectF(rect()).center();
+    switch (event->key()) {
+    case Qt::Key_Escape:
+        if (m_picking)
+            Q_EMIT pickCancelled();
+        else if (m_boxFrom)
+            dropBox();
+        else
+            Q_EMIT cancelled();
+        return;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        Q_EMIT finished();
+        return;
+    case Qt::Key_Space:
+        m_space = true;
+        return;
+    case Qt::Key_Left:
+        return panBy({width() * panStep, 0});
+    case Qt::Key_Right:
+        return panBy({-width() * panStep, 0});
+    case Qt::Key_Up:
+        return panBy({0, height() * panStep});
+    case Qt::Key_Down:
+        return panBy({0, -height() * panStep});
+    case Qt::Key_PageUp:
+        return zoomAbout(m_pointer.value_or(middle), keyStep);
+    case Qt::Key_PageDown:
+        return zoomAbout(m_pointer.value_or(middle), 1 / keyStep);
+    case Qt::Key_Home:
+        return zoomExtents();
+    default:
         QWidget::keyPressEvent(event); // the window hands letters on to the command line
+    }
+}
+
+void DrawingView::keyReleaseEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Space && !event->isAutoRepeat())
+        m_space = false;
+    else
+        QWidget::keyReleaseEvent(event);
+}
+
+void DrawingView::focusOutEvent(QFocusEvent* event) {
+    m_space = false;
+    QWidget::focusOutEvent(event);
 }

@@ -3,11 +3,15 @@
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/host/TavoCommandLine.h"
 #include "platform/host/TavoInterfaces.h"
+#include "platform/host/TavoSelection.h"
 #include "platform/host/TavoSysvarManager.h"
 #include "platform/host/TavoUnits.h"
+#include "platform/text/Format.h"
 #include "platform/text/MessageManager.h"
 #include "platform/text/ResourceString.h"
 #include "platform/text/SettingsStore.h"
+#include "tavocad/EntityText.h"
+#include "tavocad/SelectionRequests.h"
 #include "tavocad/TavoSession.h"
 #include "tavocad/window/CommandEdit.h"
 #include "tavocad/window/DrawingView.h"
@@ -75,14 +79,29 @@ void MainWindow::buildPanes() {
     resizeDocks({dock}, {m_history->fontMetrics().lineSpacing() * 7 + m_command->sizeHint().height()},
                 Qt::Vertical);
 
-    m_position = new QLabel(this);
-    statusBar()->setContentsMargins(6, 0, 0, 0);
-    statusBar()->addWidget(m_position);
+    statusBar()->setContentsMargins(6, 0, 6, 0);
+    auto addField = [this](bool atEnd) {
+        auto* label = new QLabel(this);
+        if (atEnd)
+            statusBar()->addPermanentWidget(label);
+        else
+            statusBar()->addWidget(label, 1);
+        return label;
+    };
+    m_position = addField(false);
+    m_selected = addField(true);
+    m_layer = addField(true);
+    m_space = addField(true);
+    m_zoom = addField(true);
     m_texts.push_back([this] {
         m_view->setAccessibleName(toQt(VORD_ResourceString("IDS_TAVO_WIN_DRAWING_AREA", L"도면 영역")));
         m_history->setAccessibleName(toQt(VORD_ResourceString("IDS_TAVO_WIN_HISTORY", L"명령 기록")));
         m_command->setAccessibleName(toQt(VORD_ResourceString("IDS_TAVO_WIN_COMMAND_LINE", L"명령행")));
         m_position->setAccessibleName(toQt(VORD_ResourceString("IDS_TAVO_WIN_POSITION", L"좌표")));
+        m_layer->setToolTip(toQt(VORD_ResourceString("IDS_TAVO_WIN_LAYER", L"현재 도면층")));
+        m_space->setToolTip(toQt(VORD_ResourceString("IDS_TAVO_WIN_SPACE", L"보이는 공간")));
+        m_zoom->setToolTip(
+            toQt(VORD_ResourceString("IDS_TAVO_WIN_ZOOM", L"화면의 축척: 도면이 몇 분의 일로 보이는지")));
     });
 }
 
@@ -91,10 +110,18 @@ void MainWindow::observe() {
     connect(keeper, &SceneKeeper::sceneMade, this, [this](const auto& scene, bool fresh) {
         m_view->setScene(scene);
         if (fresh) m_view->zoomExtents();
+        m_session.host().selection()->dropErased();
         showTitle();
+        showSettings();
     });
+    connect(keeper, &SceneKeeper::redrawAsked, m_view, &DrawingView::redraw);
     connect(m_command, &CommandEdit::entered, this, &MainWindow::enter);
-    connect(m_command, &CommandEdit::cancelled, this, [this] { m_session.points().cancel(); });
+    connect(m_command, &CommandEdit::cancelled, this, &MainWindow::cancel);
+    connect(m_view, &DrawingView::cancelled, this, &MainWindow::cancel);
+    connect(m_view, &DrawingView::finished, this, &MainWindow::finish);
+    connect(m_view, &DrawingView::chosen, this, &MainWindow::choose);
+    connect(m_view, &DrawingView::viewChanged, this, &MainWindow::showZoom);
+    m_view->hint = [](const OdDbObjectId& id) { return toQt(entityHint(id).view()); };
     connect(m_view, &DrawingView::pickCancelled, this, [this] { m_session.points().cancel(); });
     connect(m_view, &DrawingView::picked, this, [this](double x, double y) {
         static_cast<void>(m_session.points().supply({x, y, 0}));
@@ -113,11 +140,18 @@ void MainWindow::observe() {
     connect(&m_valuesChanged, &QTimer::timeout, this, [this] {
         showPosition(m_x, m_y);
         showTitle();
+        showSettings();
     });
+    m_subscriptions.push_back(host.selection()->onSelectionChanged([this] { showSelection(); }));
+    m_subscriptions.push_back(m_session.objects().onWaiting([this](bool waiting) {
+        if (waiting) m_view->setFocus();
+        showPrompt();
+    }));
     m_subscriptions.push_back(host.sysvarManager()->onSysvarChanged(
         [this](const OdString&, const OdDbDatabasePtr&) { m_valuesChanged.start(); }));
     m_subscriptions.push_back(m_session.quitting.connect([this] { rememberPlace(); }));
-    m_subscriptions.push_back(m_session.zoomExtents.connect([this] { m_view->zoomExtents(); }));
+    m_subscriptions.push_back(
+        m_session.zoom.connect([this](const ZoomRequest& request) { m_view->zoom(request); }));
     m_subscriptions.push_back(m_session.points().onWaiting([this](bool waiting) {
         if (waiting) {
             activateWindow(); // a dialog that got out of the way may have had the keyboard
@@ -137,6 +171,9 @@ void MainWindow::retranslate() {
     showPrompt();
     showTitle();
     showPosition(m_x, m_y);
+    showZoom();
+    showSelection();
+    showSettings();
 }
 
 void MainWindow::run(std::function<void()> work) { QTimer::singleShot(0, this, std::move(work)); }
@@ -172,7 +209,8 @@ void MainWindow::rememberPlace() {
 // -------------------------------------------------------------------------------------------
 
 void MainWindow::showPrompt() {
-    const OdString asked = m_session.points().prompt();
+    const OdString asked =
+        m_session.objects().waiting() ? m_session.objects().prompt() : m_session.points().prompt();
     m_prompt->setText(asked.isEmpty() ? toQt(VORD_ResourceString("IDS_TAVO_WIN_PROMPT", L"명령:"))
                                       : toQt(asked.view()));
 }
@@ -181,9 +219,14 @@ void MainWindow::showTitle() {
     const QString product = toQt(m_session.host().productName().view());
     TavoDocument* document = m_session.document();
     const QString mark = QStringLiteral("[*]"); // where Qt shows that something was changed; doubled: itself
-    setWindowTitle(document ? toQt(document->name().view()).replace(mark, mark + mark) + mark +
-                                  QStringLiteral(" - ") + product
-                            : product);
+    QString title = product;
+    if (document) {
+        title = toQt(document->name().view()).replace(mark, mark + mark) + mark;
+        if (document->database()->isReadOnly())
+            title += QLatin1Char(' ') + toQt(VORD_ResourceString("IDS_TAVO_WIN_READ_ONLY", L"(읽기 전용)"));
+        title += QStringLiteral(" - ") + product;
+    }
+    setWindowTitle(title);
     setWindowModified(document && document->isModified());
     const OdDbDatabasePtr database = document ? document->database() : nullptr;
     m_undo->setEnabled(database && database->hasUndo());
@@ -203,6 +246,95 @@ void MainWindow::showPosition(double x, double y) {
     m_position->setText(toQt(host.units()->formatLinear(x, lunits, luprec, options).view()) +
                         QStringLiteral(", ") +
                         toQt(host.units()->formatLinear(y, lunits, luprec, options).view()));
+}
+
+namespace {
+
+// Millimetres of one drawing unit; drawings that name none are taken for millimetres.
+double millimetresPerUnit() {
+    int unit = 0;
+    tvedGetVar(L"INSUNITS", unit, nullptr);
+    switch (unit) {
+    case 1:
+        return 25.4;
+    case 2:
+        return 304.8;
+    case 5:
+        return 10;
+    case 6:
+        return 1000;
+    case 7:
+        return 1e6;
+    default:
+        return 1;
+    }
+}
+
+} // namespace
+
+// How many times larger the drawn thing is than its picture on the screen: 1:50, 20:1.
+void MainWindow::showZoom() {
+    const double millimetresPerPixel = 25.4 / m_view->logicalDpiX();
+    const double larger = millimetresPerUnit() / (m_view->pixelsPerUnit() * millimetresPerPixel);
+    m_zoom->setText(larger >= 1 ? QStringLiteral("1:%1").arg(larger, 0, 'g', 4)
+                                : QStringLiteral("%1:1").arg(1 / larger, 0, 'g', 4));
+}
+
+void MainWindow::showSelection() {
+    const TavoSelectionSet& selection = m_session.host().selection()->current();
+    m_view->setSelection(selection);
+    const auto count = static_cast<long long>(selection.size());
+    m_selected->setText(
+        count == 0 ? QString()
+                   : toQt(tv::text::format(VORD_ResourceString("IDS_TAVO_WIN_SELECTED", L"%d개 선택"), count)));
+}
+
+// What variables and the drawing say about the view.
+void MainWindow::showSettings() {
+    OdString layer;
+    m_session.host().sysvarManager()->getText(L"CLAYER", layer, nullptr);
+    m_layer->setText(m_session.document() ? toQt(layer.view()) : QString());
+    m_space->setText(toQt(VORD_ResourceString("IDS_TAVO_WIN_MODEL", L"모형")));
+    int lineweights = 0, pickBox = 3, preview = 3;
+    tvedGetVar(L"LWDISPLAY", lineweights, nullptr);
+    tvedGetVar(L"PICKBOX", pickBox, nullptr);
+    tvedGetVar(L"SELECTIONPREVIEW", preview, nullptr);
+    m_view->setLineweights(lineweights != 0);
+    m_view->setPickBox(pickBox);
+    m_view->setPreview((preview & (m_session.objects().waiting() ? 2 : 1)) != 0);
+    m_lineweights->setChecked(lineweights != 0);
+    m_lineweights->setEnabled(m_session.document());
+    showZoom();
+}
+
+// --- objects
+// ---------------------------------------------------------------------------------------------------------
+
+void MainWindow::choose(const TavoSelectionQuery& query, bool remove) {
+    TavoSelection& selection = *m_session.host().selection();
+    TavoSelectionSet found;
+    if (selection.select(query, tvedWorkingDatabase(), found) != Tavo::eOk) return;
+    if (remove)
+        selection.remove(found.ids());
+    else
+        selection.add(found.ids());
+}
+
+// Enter ends a selection; else it is the command line's.
+void MainWindow::finish() {
+    if (m_session.objects().waiting())
+        m_session.objects().finish();
+    else if (!m_session.points().waiting())
+        run([this] { m_session.enterLine({}); });
+}
+
+void MainWindow::cancel() {
+    if (m_session.points().waiting())
+        m_session.points().cancel();
+    else if (m_session.objects().waiting())
+        m_session.objects().cancel();
+    else
+        m_session.host().selection()->clear();
 }
 
 // --- events
@@ -232,9 +364,4 @@ void MainWindow::keyPressEvent(QKeyEvent* event) {
     if (shortcut || text.isEmpty() || !text.front().isPrint()) return QMainWindow::keyPressEvent(event);
     m_command->setFocus();
     m_command->insert(text);
-}
-
-void MainWindow::changeEvent(QEvent* event) {
-    QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && m_view) m_view->update();
 }

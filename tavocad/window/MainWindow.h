@@ -14,6 +14,7 @@ class CommandEdit;
 class DrawingView;
 class TavoDocument;
 class TavoSession;
+struct TavoSelectionQuery;
 class QActionGroup;
 class QLabel;
 class QPlainTextEdit;
@@ -35,7 +36,6 @@ class MainWindow : public QMainWindow {
     void dropEvent(QDropEvent* event) override;
     // Letters typed into the drawing go to the command line.
     void keyPressEvent(QKeyEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
   private:
     using Text = std::function<QString()>;
@@ -51,6 +51,12 @@ class MainWindow : public QMainWindow {
     void showPrompt();
     void showTitle();
     void showPosition(double x, double y);
+    void showZoom();
+    void showSelection();
+    void showSettings();
+    void choose(const TavoSelectionQuery& query, bool remove);
+    void finish();
+    void cancel();
     void updateWords();
     void restorePlace();
     void rememberPlace();
@@ -60,9 +66,10 @@ class MainWindow : public QMainWindow {
     QPlainTextEdit* m_history = nullptr;
     QLabel* m_prompt = nullptr;
     QLabel* m_position = nullptr;
+    QLabel *m_zoom = nullptr, *m_layer = nullptr, *m_space = nullptr, *m_selected = nullptr;
     CommandEdit* m_command = nullptr;
     QActionGroup *m_themes = nullptr, *m_languages = nullptr;
-    QAction *m_undo = nullptr, *m_redo = nullptr;
+    QAction *m_undo = nullptr, *m_redo = nullptr, *m_lineweights = nullptr;
     std::vector<std::function<void()>> m_texts; // put every text of the window in the current language
     std::vector<tv::host::Subscription> m_subscriptions;
     std::shared_ptr<void> m_languageHandle;

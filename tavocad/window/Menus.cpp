@@ -3,6 +3,7 @@
 
 #include "platform/host/TavoCommandLine.h"
 #include "platform/host/TavoInterfaces.h"
+#include "platform/host/TavoSelection.h"
 #include "platform/text/Format.h"
 #include "platform/text/ResourceString.h"
 #include "platform/text/SettingsStore.h"
@@ -66,6 +67,16 @@ void MainWindow::buildMenus() {
         edit, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_REDO", L"다시 실행(&R)")); }, L"REDO",
         QKeySequence(Qt::CTRL | Qt::Key_Y));
 
+    edit->addSeparator();
+    addCommand(
+        edit, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_ERASE", L"지우기(&E)")); }, L"ERASE",
+        QKeySequence::Delete);
+    addAction(
+        edit, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_SELECT_ALL", L"모두 선택(&A)")); },
+        [this] { choose(TavoSelectionQuery(), false); }, QKeySequence::SelectAll);
+    addCommand(
+        edit, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_LIST", L"특성 나열(&L)")); }, L"LIST");
+
     QMenu* format = addMenu([] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_FORMAT", L"형식(&O)")); });
     addCommand(
         format, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_COLOR", L"색상(&C)...")); }, L"COLOR");
@@ -82,6 +93,27 @@ void MainWindow::buildMenus() {
     QMenu* view = addMenu([] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_VIEW", L"뷰(&V)")); });
     addCommand(
         view, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_EXTENTS", L"전체 보기(&E)")); }, L"ZOOM");
+    auto addZoom = [&](Text text, const wchar_t* how, const QKeySequence& keys = {}) {
+        addAction(
+            view, std::move(text), [this, how] { m_session.runCommand(L"ZOOM", how); }, keys);
+    };
+    addZoom([] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_ZOOM_WINDOW", L"창으로 확대(&W)")); },
+            L"WINDOW");
+    addZoom([] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_ZOOM_IN", L"확대(&I)")); }, L"IN",
+            QKeySequence::ZoomIn);
+    addZoom([] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_ZOOM_OUT", L"축소(&O)")); }, L"OUT",
+            QKeySequence::ZoomOut);
+    addZoom([] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_ZOOM_BACK", L"이전 보기(&P)")); }, L"PREVIOUS");
+    addCommand(
+        view, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_REGEN", L"다시 만들기(&R)")); }, L"REGEN",
+        QKeySequence::Refresh);
+    view->addSeparator();
+    m_lineweights = addAction(
+        view, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_LINEWEIGHTS", L"선가중치 표시(&L)")); },
+        [this] {
+            m_session.runCommand(L"SETVAR", m_lineweights->isChecked() ? L"LWDISPLAY 1" : L"LWDISPLAY 0");
+        });
+    m_lineweights->setCheckable(true);
     QMenu* theme = view->addMenu(QString());
     m_texts.push_back(
         [theme] { theme->setTitle(toQt(VORD_ResourceString("IDS_TAVO_MENU_THEME", L"테마(&T)"))); });

@@ -18,12 +18,16 @@ struct ScenePainter {
     QFont font;               // for texts whose own font is missing
     bool lineweights = false; // lines as wide as they say, else one pixel
 
-    void paint(QPainter& painter, const tv::scene::Scene& scene) const;
-    // The given items only, in that pen's colour and style: for highlights.
+    // What of the scene is in view.
+    tv::scene::Scene::Seen look(const tv::scene::Scene& scene) const;
+    void paint(QPainter& painter, const tv::scene::Scene& scene, const tv::scene::Scene::Seen& seen) const;
+    void paint(QPainter& painter, const tv::scene::Scene& scene) const { paint(painter, scene, look(scene)); }
+    // The given items only, in the painter's pen: for highlights.
     void outline(QPainter& painter, const tv::scene::Scene& scene, std::span<const std::uint32_t> items) const;
 
     QPointF toScreen(OdGePoint2d point) const;
     OdGePoint2d toDrawing(QPointF point) const;
     tv::scene::Box visibleBox() const;
+    // Told apart from the background.
     QColor colorOf(const tv::scene::Paint& paint) const;
 };

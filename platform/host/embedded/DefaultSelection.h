@@ -15,6 +15,7 @@ class KXPLATFORM_EXPORT DefaultSelection final : public TavoSelection {
     void add(const std::vector<OdDbObjectId>& ids) override;
     void remove(const std::vector<OdDbObjectId>& ids) override;
     void clear() override { set({}); }
+    void dropErased() override;
     std::vector<OdDbObjectId> previous(const OdDbDatabasePtr& database) const override;
     void setPrevious(const std::vector<OdDbObjectId>& ids) override;
     Tavo::ErrorStatus select(const TavoSelectionQuery& query, const OdDbDatabasePtr& database,
@@ -25,8 +26,6 @@ class KXPLATFORM_EXPORT DefaultSelection final : public TavoSelection {
 
     // Who answers questions of geometry (not owned, null for nobody).
     void setLocator(TavoEntityLocator* locator) { m_locator = locator; }
-    // Objects were erased: those selected fall out.
-    void dropErased();
     // The drawing is about to go: forgets its objects, also erased ones.
     void forget(const OdDbDatabase* database);
 
