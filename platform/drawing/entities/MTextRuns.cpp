@@ -169,9 +169,9 @@ class Scanner {
             case L'\n':
                 m_sink.special(MTextRun::kNewParagraph, c, start, m_pos, m_format);
                 break;
-            case L'\r': // of a pair
-                if (m_pos == m_text.size() || m_text[m_pos] != L'\n')
-                    m_sink.special(MTextRun::kNewParagraph, L'\n', start, m_pos, m_format);
+            case L'\r': // alone or the first of a pair
+                if (m_pos < m_text.size() && m_text[m_pos] == L'\n') ++m_pos;
+                m_sink.special(MTextRun::kNewParagraph, L'\n', start, m_pos, m_format);
                 break;
             default:
                 put(c, start);
@@ -180,7 +180,9 @@ class Scanner {
     }
 
   private:
-    void put(wchar_t c, std::size_t start) { m_sink.character({c, start, m_pos}, m_format); }
+    // Line breaks in places where none can be, as character codes and inside of stacks, are blanks.
+    static wchar_t withoutBreaks(wchar_t c) { return c == L'\n' || c == L'\r' ? L' ' : c; }
+    void put(wchar_t c, std::size_t start) { m_sink.character({withoutBreaks(c), start, m_pos}, m_format); }
     template <class Change>
     void change(Change&& how) {
         MTextFormat next = *m_format;
@@ -370,7 +372,7 @@ class Scanner {
                 out.kind = c;
                 out.sign = Place{L'/', at, m_pos};
             } else {
-                (out.sign ? out.lower : out.upper).push_back({c, at, m_pos});
+                (out.sign ? out.lower : out.upper).push_back({withoutBreaks(c), at, m_pos});
             }
         }
         m_sink.stack(out, start, m_pos, m_format);
@@ -468,7 +470,8 @@ struct PlaceSink {
 
 std::wstring escaped(std::wstring_view plain, bool inStack) {
     std::wstring out;
-    for (const wchar_t c : plain) {
+    for (std::size_t i = 0; i < plain.size(); ++i) {
+        const wchar_t c = plain[i];
         if (inStack) {
             if (c == L'\\' || c == L';' || c == L'/' || c == L'#' || c == L'^') out.push_back(L'\\');
             out.push_back(c == L'\n' || c == L'\r' ? L' ' : c);
@@ -483,6 +486,9 @@ std::wstring escaped(std::wstring_view plain, bool inStack) {
         case kNoBreakSpace:
             out += L"\\~";
             break;
+        case L'%': // two of them begin a special character
+            out += i + 1 < plain.size() && plain[i + 1] == L'%' ? L"%%%" : L"%";
+            break;
         case L'\\':
         case L'{':
         case L'}':
@@ -495,35 +501,10 @@ std::wstring escaped(std::wstring_view plain, bool inStack) {
     return out;
 }
 
-} // namespace
-
-std::vector<MTextRun> mtextRuns(std::wstring_view contents) {
-    RunSink sink;
-    Scanner<RunSink>(contents, sink).run();
-    sink.close();
-    return std::move(sink.runs);
-}
-
-OdString plainText(const std::vector<MTextRun>& runs) {
-    std::wstring out;
-    for (const MTextRun& run : runs) {
-        out += run.text.view();
-        if (run.stack) out.push_back(L'/');
-        out += run.lower.view();
-    }
-    std::replace(out.begin(), out.end(), kNoBreakSpace, L' ');
-    return OdString(std::move(out));
-}
-
-OdString plainText(std::wstring_view contents) {
-    PlainSink sink;
-    Scanner<PlainSink>(contents, sink).run();
-    std::replace(sink.plain.begin(), sink.plain.end(), kNoBreakSpace, L' ');
-    return OdString(std::move(sink.plain));
-}
-
-OdString replaceInContents(std::wstring_view contents, std::size_t begin, std::size_t end,
-                           std::wstring_view text) {
+// See replaceInContents. With `apart` an empty group on either side keeps the new text from making a code with
+// what stands beside it.
+std::wstring replaced(std::wstring_view contents, std::size_t begin, std::size_t end, std::wstring_view text,
+                      bool apart) {
     PlaceSink sink;
     Scanner<PlaceSink>(contents, sink).run();
     const auto& chars = sink.chars;
@@ -564,7 +545,9 @@ OdString replaceInContents(std::wstring_view contents, std::size_t begin, std::s
     const auto keepTo = [&](std::size_t to) {
         if (!written && place <= to) {
             out += contents.substr(done, place - done);
+            if (apart && !inStack) out += L"{}";
             out += escaped(text, inStack);
+            if (apart && !inStack) out += L"{}";
             done = place;
             written = true;
         }
@@ -587,7 +570,46 @@ OdString replaceInContents(std::wstring_view contents, std::size_t begin, std::s
         done = c.end;
     }
     keepTo(contents.size());
+    return out;
+}
+
+} // namespace
+
+std::vector<MTextRun> mtextRuns(std::wstring_view contents) {
+    RunSink sink;
+    Scanner<RunSink>(contents, sink).run();
+    sink.close();
+    return std::move(sink.runs);
+}
+
+OdString plainText(const std::vector<MTextRun>& runs) {
+    std::wstring out;
+    for (const MTextRun& run : runs) {
+        out += run.text.view();
+        if (run.stack) out.push_back(L'/');
+        out += run.lower.view();
+    }
+    std::replace(out.begin(), out.end(), kNoBreakSpace, L' ');
     return OdString(std::move(out));
+}
+
+OdString plainText(std::wstring_view contents) {
+    PlainSink sink;
+    Scanner<PlainSink>(contents, sink).run();
+    std::replace(sink.plain.begin(), sink.plain.end(), kNoBreakSpace, L' ');
+    return OdString(std::move(sink.plain));
+}
+
+OdString replaceInContents(std::wstring_view contents, std::size_t begin, std::size_t end,
+                           std::wstring_view text) {
+    std::wstring expected(plainText(contents).view());
+    begin = std::min(begin, expected.size());
+    end = std::clamp(end, begin, expected.size());
+    expected.replace(begin, end - begin, text);
+    std::wstring out = replaced(contents, begin, end, text, false);
+    if (plainText(out).view() == expected) return OdString(std::move(out));
+    std::wstring parted = replaced(contents, begin, end, text, true);
+    return OdString(plainText(parted).view() == expected ? std::move(parted) : std::move(out));
 }
 
 OdString contentsOf(std::wstring_view plain) { return OdString(escaped(plain, false)); }
