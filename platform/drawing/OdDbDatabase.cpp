@@ -326,14 +326,6 @@ OdDbObjectId OdDbDatabase::getBlockTableId() const {
     return section == kNoRecord ? OdDbObjectId() : idOf(section);
 }
 
-OdDbObjectId OdDbDatabase::getNamedObjectsDictionaryId() const {
-    const RecordId section = m_store->section(Section::kObjects);
-    if (section == kNoRecord) return {};
-    const RecordId first = m_store->next(section);
-    if (first == kNoRecord || m_store->typeName(first) != "DICTIONARY") return {};
-    return idOf(first);
-}
-
 // --- undo ---
 
 void OdDbDatabase::startUndoRecord(std::wstring_view name) {

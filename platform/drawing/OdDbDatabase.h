@@ -130,8 +130,41 @@ class KXPLATFORM_EXPORT OdDbDatabase {
     OdDbObjectId newRegApp(std::wstring_view name);
     // Which table records are referred to, as generated last (see UsageData.h).
     tv::dwg::UsageData& usageData() const;
-    // The root of the named objects, null when the file has none.
-    OdDbObjectId getNamedObjectsDictionaryId() const;
+
+    // --- named objects. Null ids for what the file lacks; made on demand, in one undo step, unless the
+    // drawing can hold none (before R13). ---
+    // The root.
+    OdDbObjectId getNamedObjectsDictionaryId(bool createIfNotFound = false) const;
+    // A dictionary the root names.
+    OdDbObjectId getNamedDictionaryId(std::wstring_view name, bool createIfNotFound = false) const;
+    // Made with its default entry "Normal".
+    OdDbObjectId getPlotStyleNameDictionaryId(bool createIfNotFound = false) const;
+    OdDbObjectId getLayoutDictionaryId(bool createIfNotFound = false) const;
+    OdDbObjectId getPlotSettingsDictionaryId(bool createIfNotFound = false) const;
+    OdDbObjectId getGroupDictionaryId(bool createIfNotFound = false) const;
+    OdDbObjectId getScaleListDictionaryId(bool createIfNotFound = false) const;
+    OdDbObjectId getMLStyleDictionaryId(bool createIfNotFound = false) const;
+    OdDbObjectId getMaterialDictionaryId(bool createIfNotFound = false) const;
+    OdDbObjectId getColorDictionaryId(bool createIfNotFound = false) const;
+    OdDbObjectId getTableStyleDictionaryId(bool createIfNotFound = false) const;
+    OdDbObjectId getMLeaderStyleDictionaryId(bool createIfNotFound = false) const;
+    OdDbObjectId getImageDictionaryId(bool createIfNotFound = false) const;
+
+    // --- layouts (R2000 and later; null ids and none before) ---
+    // In the order of their tabs, the model first.
+    std::vector<OdDbObjectId> layoutIds() const;
+    OdDbObjectId layoutOfBlock(OdDbObjectId blockRecord) const;
+    // The model's while $TILEMODE is set, else the sheet made current, at first the one the file has as
+    // *Paper_Space. A file keeps the entities of that one sheet apart from those of the others; making another
+    // sheet current moves nothing, so it lasts as long as the database is open. What setCurrentLayout writes is
+    // $TILEMODE.
+    OdDbObjectId currentLayoutId() const;
+    Tavo::ErrorStatus setCurrentLayout(OdDbObjectId layout);
+    // The viewport worked in: of the model the first record *Active, of a sheet the one made active, else the
+    // one its layout says was last, else the sheet itself (number 1). Making one active is not written;
+    // eInvalidInput for a viewport that isn't of the current sheet.
+    OdDbObjectId activeViewportId() const;
+    Tavo::ErrorStatus setActiveViewport(OdDbObjectId viewport);
 
     // --- undo: one mechanism for every change ---
     // Everything between start and end is one step. Calls nest; the outermost name counts. A record in which
@@ -178,6 +211,8 @@ class KXPLATFORM_EXPORT OdDbDatabase {
     std::filesystem::path m_file;
     std::filesystem::path m_damagedFile;
     FileStamp m_stamp; // of m_file
+    OdDbObjectId m_currentSheet;
+    OdDbObjectId m_activeViewport;
     bool m_damaged = false;
 };
 

@@ -1,6 +1,10 @@
 #include "platform/drawing/OdDbObject.h"
 
 #include "platform/drawing/OdDbDatabase.h"
+#include "platform/drawing/OdDbDictionary.h"
+#include "platform/drawing/OdDbSymbolTable.h"
+#include "platform/drawing/dxf/NewObject.h"
+#include "platform/drawing/dxf/ObjectGroups.h"
 #include "platform/drawing/dxf/OwnTags.h"
 #include "platform/drawing/dxf/RecordEditor.h"
 #include "platform/drawing/dxf/RecordStore.h"
@@ -59,7 +63,14 @@ Tavo::ErrorStatus OdDbObject::setXData(const OdResBuf* chain) {
     RecordStore& store = database()->store();
     RecordEditor record(format(), store.text(m_id.record()));
     if (const auto status = replaceXData(record, chain); status != Tavo::eOk) return status;
-    if (record.edited()) store.replace(m_id.record(), record.bytes());
+    if (!record.edited()) return Tavo::eOk;
+    const OdDbUndoScope step(*database(), L"XDATA");
+    const auto applications = database()->getRegAppTableId().open<OdDbSymbolTable>(OdDb::kForWrite);
+    for (const OdResBuf* buffer = chain; buffer && applications; buffer = buffer->next().get())
+        if (buffer->restype() == OdResBuf::kDxfRegAppName && buffer->next() &&
+            buffer->next()->restype() != OdResBuf::kDxfRegAppName)
+            applications->add(buffer->getString().view());
+    store.replace(m_id.record(), record.bytes());
     return Tavo::eOk;
 }
 
@@ -74,6 +85,54 @@ OdDbObjectId OdDbObject::extensionDictionary() const {
         }
     }
     return {};
+}
+
+Tavo::ErrorStatus OdDbObject::createExtensionDictionary() {
+    if (const auto status = checkWrite(); status != Tavo::eOk) return status;
+    if (extensionDictionary().open<OdDbDictionary>()) return Tavo::eOk;
+    if (handle().isNull()) return Tavo::eNotHandled;
+    if (const auto status = ensureObjects(*database()); status != Tavo::eOk) return status;
+    const OdDbUndoScope step(*database(), L"DICTIONARY");
+    const OdDbObjectId dictionary = addDictionary(*database(), m_id, true, false);
+    if (dictionary.isNull()) return Tavo::eNotHandled;
+    RecordStore& store = database()->store();
+    RecordEditor record(format(), store.text(m_id.record()));
+    setExtensionDictionary(record, dictionary.handle());
+    store.replace(m_id.record(), record.bytes());
+    return Tavo::eOk;
+}
+
+Tavo::ErrorStatus OdDbObject::releaseExtensionDictionary() {
+    if (const auto status = checkWrite(); status != Tavo::eOk) return status;
+    const auto dictionary = extensionDictionary().open<OdDbDictionary>(OdDb::kForWrite);
+    if (dictionary && dictionary->numEntries() != 0) return Tavo::eNotHandled;
+    const OdDbUndoScope step(*database(), L"DICTIONARY");
+    RecordStore& store = database()->store();
+    RecordEditor record(format(), store.text(m_id.record()));
+    setExtensionDictionary(record, {});
+    if (record.edited()) store.replace(m_id.record(), record.bytes());
+    if (dictionary && dictionary->objectId() != m_id) dictionary->erase();
+    return Tavo::eOk;
+}
+
+Tavo::ErrorStatus OdDbObject::addPersistentReactor(OdDbObjectId reactor) {
+    if (const auto status = checkWrite(); status != Tavo::eOk) return status;
+    if (reactor.isErased() || reactor.database() != database() || reactor.handle().isNull())
+        return Tavo::eInvalidInput;
+    RecordStore& store = database()->store();
+    RecordEditor record(format(), store.text(m_id.record()));
+    if (!addReactor(record, reactor.handle())) return Tavo::eNotHandled;
+    if (record.edited()) store.replace(m_id.record(), record.bytes());
+    return Tavo::eOk;
+}
+
+Tavo::ErrorStatus OdDbObject::removePersistentReactor(OdDbObjectId reactor) {
+    if (const auto status = checkWrite(); status != Tavo::eOk) return status;
+    RecordStore& store = database()->store();
+    RecordEditor record(format(), store.text(m_id.record()));
+    removeReactor(record, reactor.handle());
+    if (record.edited()) store.replace(m_id.record(), record.bytes());
+    return Tavo::eOk;
 }
 
 TagCursor OdDbObject::tags() const { return database()->store().tags(m_id.record()); }

@@ -40,9 +40,18 @@ class KXPLATFORM_EXPORT OdDbObject {
     // none. An empty name gives the data of all applications.
     OdResBufPtr xData(std::wstring_view appName = {}) const;
     // Replaces the data of every application whose 1001 stands in the chain; a 1001 alone takes its data away.
-    // The applications should be registered (see OdDbRegAppTable).
+    // Applications that aren't registered yet are. A chunk longer than a line holds becomes several.
+    // eOutOfRange when the object's extended data would take more than the 16,383 bytes the format allows.
     Tavo::ErrorStatus setXData(const OdResBuf* chain);
     OdDbObjectId extensionDictionary() const;
+    // Makes one where the object has none; it owns what is named in it. eNotHandled for objects without a
+    // handle and in drawings before R13.
+    Tavo::ErrorStatus createExtensionDictionary();
+    // Takes an empty one, or a reference to a missing one, away; eNotHandled when it has entries.
+    Tavo::ErrorStatus releaseExtensionDictionary();
+    // Who the file says is told when the object changes.
+    Tavo::ErrorStatus addPersistentReactor(OdDbObjectId reactor);
+    Tavo::ErrorStatus removePersistentReactor(OdDbObjectId reactor);
 
     // The tags of the record as they stand in the file.
     tv::dwg::TagCursor tags() const;

@@ -4,8 +4,15 @@
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbDictionary.h"
 #include "platform/drawing/OdDbEntity.h"
+#include "platform/drawing/OdDbGroup.h"
 #include "platform/drawing/OdDbLayerTable.h"
+#include "platform/drawing/OdDbLayout.h"
+#include "platform/drawing/OdDbPlaceHolder.h"
+#include "platform/drawing/OdDbPlotSettings.h"
+#include "platform/drawing/OdDbScale.h"
 #include "platform/drawing/OdDbStyleTables.h"
+#include "platform/drawing/OdDbViewport.h"
+#include "platform/drawing/OdDbXrecord.h"
 #include "platform/drawing/dxf/RecordStore.h"
 #include "platform/drawing/entities/OdDbBlockReference.h"
 #include "platform/drawing/entities/OdDbDimension.h"
@@ -45,11 +52,11 @@ constexpr TableClasses kTables[] = {
     {"UCS", make<OdDbUCSTable>, make<OdDbUCSTableRecord>},
 };
 
-struct EntityClass {
+struct TypeClass {
     std::string_view type;
     Make make;
 };
-constexpr EntityClass kEntities[] = {
+constexpr TypeClass kEntities[] = {
     {"TEXT", make<OdDbText>},
     {"MTEXT", make<OdDbMText>},
     {"ATTRIB", make<OdDbAttribute>},
@@ -64,15 +71,27 @@ constexpr EntityClass kEntities[] = {
     {"ACAD_TABLE", make<OdDbTable>},
     {"HATCH", make<OdDbHatch>},
     {"IMAGE", make<OdDbRasterImage>},
+    {"VIEWPORT", make<OdDbViewport>},
     {"WIPEOUT", make<OdDbRasterImage>},
 };
 
 OdDbObjectPtr makeEntity(const RecordStore& store, OdDbObjectId id, OdDb::OpenMode mode) {
     const std::string_view type = store.typeName(id.record());
-    for (const EntityClass& known : kEntities)
+    for (const TypeClass& known : kEntities)
         if (known.type == type) return known.make(id, mode);
     return make<OdDbEntity>(id, mode);
 }
+
+constexpr TypeClass kObjects[] = {
+    {"DICTIONARY", make<OdDbDictionary>},
+    {"ACDBDICTIONARYWDFLT", make<OdDbDictionaryWithDefault>},
+    {"ACDBPLACEHOLDER", make<OdDbPlaceHolder>},
+    {"GROUP", make<OdDbGroup>},
+    {"LAYOUT", make<OdDbLayout>},
+    {"PLOTSETTINGS", make<OdDbPlotSettings>},
+    {"SCALE", make<OdDbScale>},
+    {"XRECORD", make<OdDbXrecord>},
+};
 
 OdDbObjectPtr makeTableObject(const RecordStore& store, const Record& record, OdDbObjectId id,
                               OdDb::OpenMode mode) {
@@ -110,7 +129,8 @@ OdDbObjectPtr makeObject(OdDbObjectId id, OdDb::OpenMode mode) {
         break;
     case Section::kObjects: {
         const std::string_view type = store.typeName(id.record());
-        if (type == "DICTIONARY" || type == "ACDBDICTIONARYWDFLT") return make<OdDbDictionary>(id, mode);
+        for (const TypeClass& known : kObjects)
+            if (known.type == type) return known.make(id, mode);
         break;
     }
     default:

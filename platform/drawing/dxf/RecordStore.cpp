@@ -48,6 +48,7 @@ void RecordStore::noteTable(std::string_view name, RecordId id) { m_tables.empla
 
 void RecordStore::forgetStructure() {
     m_structureKnown = false;
+    m_sectionEnd = {kNoRecord, kNoRecord};
     m_sections.clear();
     m_tables.clear();
 }
@@ -85,15 +86,14 @@ RecordId RecordStore::table(std::string_view name) const {
 }
 
 RecordId RecordStore::endOfSection(RecordId section) const {
-    const bool blocks = m_records[section].section == Section::kBlocks;
-    if (blocks && m_blocksEnd.first == section && !isErased(m_blocksEnd.second)) return m_blocksEnd.second;
+    if (m_sectionEnd.first == section && !isErased(m_sectionEnd.second)) return m_sectionEnd.second;
     RecordId id = m_records[section].next;
     while (id != kNoRecord) {
         const TypeId type = m_records[id].type;
         if (type == kTypeEndSec || type == kTypeSection || type == kTypeEof || type == kTypeTail) break;
         id = m_records[id].next;
     }
-    if (blocks && id != kNoRecord && m_records[id].type == kTypeEndSec) m_blocksEnd = {section, id};
+    if (id != kNoRecord) m_sectionEnd = {section, id};
     return id;
 }
 
@@ -217,6 +217,7 @@ void RecordStore::link(RecordId id, RecordId after) {
         m_handles.clear();
     else
         m_handles.add(m_records, id);
+    if (r.type == kTypeEndSec) m_sectionEnd = {kNoRecord, kNoRecord};
     if (r.type == kTypeSection || r.type == kTypeTable) forgetStructure();
 }
 

@@ -149,8 +149,8 @@ class KXPLATFORM_EXPORT RecordStore {
     mutable bool m_structureKnown = true;
     // The table whose end was asked for last, and its ENDTAB: adding ten thousand layers asks as often.
     mutable std::pair<RecordId, RecordId> m_tableEnd{kNoRecord, kNoRecord};
-    // The same for the section of blocks, where whole definitions are added at the end.
-    mutable std::pair<RecordId, RecordId> m_blocksEnd{kNoRecord, kNoRecord};
+    // The same for the section asked for last.
+    mutable std::pair<RecordId, RecordId> m_sectionEnd{kNoRecord, kNoRecord};
     UndoLog m_undo;
     bool m_replaying = false;
     bool m_readOnly = false;

@@ -33,6 +33,12 @@ class TagWriter {
         return *this;
     }
 
+    // Tags written before, by another writer of the same format.
+    TagWriter& append(std::string_view tags) {
+        m_bytes += tags;
+        return *this;
+    }
+
     bool good() const { return m_good; }
     std::string take() { return std::move(m_bytes); }
 

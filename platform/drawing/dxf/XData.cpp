@@ -3,6 +3,8 @@
 #include "platform/drawing/dxf/OwnTags.h"
 #include "platform/text/Unicode.h"
 
+#include <algorithm>
+
 namespace tv::dwg {
 namespace {
 
@@ -16,10 +18,45 @@ std::size_t endOfApplication(const RecordEditor& record, std::size_t start) {
     return end;
 }
 
+constexpr std::size_t kChunk = 127;   // bytes of binary data in one tag
+constexpr std::size_t kLimit = 16383; // bytes of extended data of one object
+constexpr int kControlString = OdResBuf::kDxfXdControlString;
+
+// The bytes a tag of extended data counts as: its group code and its value as binary files hold it.
+std::size_t sizeOf(const RecordEditor& record, std::size_t i) {
+    switch (valueKind(record.code(i))) {
+    case ValueKind::kReal:
+    case ValueKind::kPoint:
+    case ValueKind::kHandle:
+        return 9;
+    case ValueKind::kInt16:
+        return 3;
+    case ValueKind::kInt32:
+        return 5;
+    case ValueKind::kBinary: {
+        const Value value = record.value(i);
+        const auto* bytes = std::get_if<Binary>(&value);
+        return 2 + (bytes ? bytes->size() : 0);
+    }
+    default:
+        return record.code(i) == kControlString ? 2 : 4 + record.raw(i).size();
+    }
+}
+
 // The tags one buffer is written as; false when a value doesn't fit its group code.
 bool insertBuffer(RecordEditor& record, std::size_t& place, const OdResBuf& buffer) {
     const int code = buffer.restype();
-    if (!isPoint(code)) return code >= 1000 && code <= 1071 && record.insert(place++, code, buffer.value());
+    if (code < 1000 || code > 1071) return false;
+    if (const auto* bytes = std::get_if<Binary>(&buffer.value()); bytes && bytes->size() > kChunk) {
+        if (valueKind(code) != ValueKind::kBinary) return false;
+        for (auto from = bytes->begin(); from != bytes->end();) {
+            const auto to = from + std::min<std::ptrdiff_t>(kChunk, bytes->end() - from);
+            record.insert(place++, code, Binary(from, to));
+            from = to;
+        }
+        return true;
+    }
+    if (!isPoint(code)) return record.insert(place++, code, buffer.value());
     const OdGePoint3d point = buffer.getPoint3d();
     return record.insert(place++, code, point.x) && record.insert(place++, code + 10, point.y) &&
            record.insert(place++, code + 20, point.z);
@@ -79,11 +116,22 @@ Tavo::ErrorStatus replaceXData(RecordEditor& record, const OdResBuf* chain) {
         const OdResBuf* next = chain->next().get();
         const bool empty = !next || next->restype() == OdResBuf::kDxfRegAppName;
         if (!empty && !record.insert(place++, 1001, app)) return Tavo::eWrongType;
-        for (; next && next->restype() != OdResBuf::kDxfRegAppName; next = next->next().get())
+        int depth = 0; // of lists between braces; other programs refuse what isn't closed
+        for (; next && next->restype() != OdResBuf::kDxfRegAppName; next = next->next().get()) {
+            if (next->restype() == kControlString) {
+                const OdString brace = next->getString();
+                if (brace != L"{" && (brace != L"}" || depth == 0)) return Tavo::eInvalidInput;
+                depth += brace == L"{" ? 1 : -1;
+            }
             if (!insertBuffer(record, place, *next)) return Tavo::eWrongType;
+        }
+        if (depth != 0) return Tavo::eInvalidInput;
         chain = next;
     }
-    return Tavo::eOk;
+    std::size_t total = 0;
+    for (std::size_t i = record.find(1001); i < record.size(); ++i)
+        total += sizeOf(record, i);
+    return total > kLimit ? Tavo::eOutOfRange : Tavo::eOk;
 }
 
 } // namespace tv::dwg
