@@ -1,5 +1,7 @@
 #include "tavocad/window/DrawingView.h"
 
+#include "tavocad/window/ReadableColor.h"
+
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -90,7 +92,7 @@ void DrawingView::zoom(const ZoomRequest& request) {
         moveTo(place);
         return;
     }
-    rememberPlace();
+    rememberPlace(false);
     if (request.kind == Kind::factor) {
         moveTo({m_center, m_scale * request.factor});
         return;
@@ -128,7 +130,7 @@ void DrawingView::moveTo(const Place& place) {
 }
 
 void DrawingView::zoomAbout(QPointF fixed, double factor) {
-    rememberPlace();
+    rememberPlace(true);
     const OdGePoint2d before = toDrawing(fixed);
     m_scale = std::clamp(m_scale * factor, smallestScale, largestScale);
     const OdGePoint2d after = toDrawing(fixed);
@@ -136,14 +138,17 @@ void DrawingView::zoomAbout(QPointF fixed, double factor) {
 }
 
 void DrawingView::panBy(QPointF pixels) {
-    rememberPlace();
+    rememberPlace(true);
     moveTo({{m_center.x - pixels.x() / m_scale, m_center.y + pixels.y() / m_scale}, m_scale});
 }
 
-// Several steps of one move are one place to go back to.
-void DrawingView::rememberPlace() {
-    const bool same = m_sinceMove.isValid() && m_sinceMove.elapsed() < oneMove;
-    m_sinceMove.start();
+// Several steps of one move by hand are one place to go back to.
+void DrawingView::rememberPlace(bool byHand) {
+    const bool same = byHand && m_sinceMove.isValid() && m_sinceMove.elapsed() < oneMove;
+    if (byHand)
+        m_sinceMove.start();
+    else
+        m_sinceMove.invalidate();
     if (same) return;
     if (m_places.size() == mostPlaces) m_places.erase(m_places.begin());
     m_places.push_back({m_center, m_scale});
@@ -166,6 +171,10 @@ OdGePoint2d DrawingView::toDrawing(QPointF point) const { return view().toDrawin
 // --- painting
 // --------------------------------------------------------------------------------------------------------
 
+QColor DrawingView::markColor() const {
+    return readableOn(palette().color(QPalette::Highlight), palette().color(QPalette::Base));
+}
+
 void DrawingView::makePicture() {
     const qreal pixels = devicePixelRatioF();
     if (m_picture.size() != size() * pixels) m_picture = QPixmap(size() * pixels);
@@ -180,10 +189,14 @@ void DrawingView::makePicture() {
         std::vector<std::uint32_t> items;
         std::ranges::copy_if(seen.items, std::back_inserter(items),
                              [this](std::uint32_t item) { return m_selected[m_scene->items[item].entity]; });
-        // The background's colour first, so that the dashes show on lines of any colour.
+        // The background's colour first, so that the dashes show on lines of any colour; texts stay legible.
+        std::vector<std::uint32_t> lines;
+        std::ranges::copy_if(items, std::back_inserter(lines), [this](std::uint32_t item) {
+            return m_scene->items[item].kind != tv::scene::Item::Kind::text;
+        });
         painter.setPen(QPen(view.background, 3));
-        view.outline(painter, *m_scene, items);
-        QPen pen(palette().color(QPalette::Highlight), 2);
+        view.outline(painter, *m_scene, lines);
+        QPen pen(markColor(), 2);
         pen.setCapStyle(Qt::FlatCap);
         pen.setDashPattern({3, 2});
         painter.setPen(pen);
@@ -201,7 +214,7 @@ void DrawingView::paintEvent(QPaintEvent*) {
         std::vector<std::uint32_t> items(std::min<std::uint32_t>(entity.itemCount, 20000));
         for (std::uint32_t i = 0; i < items.size(); ++i)
             items[i] = entity.firstItem + i;
-        QColor color = palette().color(QPalette::Highlight);
+        QColor color = markColor();
         color.setAlpha(150);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(QPen(color, 4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
@@ -231,7 +244,7 @@ void DrawingView::paintPick(QPainter& painter) const {
     painter.drawLine(QPointF(m_pointer->x(), 0), QPointF(m_pointer->x(), height()));
     if (!m_pickBase) return;
     painter.setRenderHint(QPainter::Antialiasing, true);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), 0, Qt::DashLine));
+    painter.setPen(QPen(markColor(), 0, Qt::DashLine));
     painter.drawLine(view().toScreen(*m_pickBase), *m_pointer);
 }
 

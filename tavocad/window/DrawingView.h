@@ -80,13 +80,14 @@ class DrawingView : public QWidget {
         double scale = 1;
     };
     ScenePainter view() const;
+    QColor markColor() const; // of what is selected or under the pointer
     OdGePoint2d toDrawing(QPointF point) const;
     void moveTo(const Place& place);
     void showBox(tv::scene::Box box, double free);
     void fitAll();
     void zoomAbout(QPointF fixed, double factor);
     void panBy(QPointF pixels);
-    void rememberPlace();
+    void rememberPlace(bool byHand);
     void press(QPointF at, bool remove);
     void finishBox(QPointF at, bool remove);
     void dropBox();

@@ -145,6 +145,12 @@ class ScriptedWindow : public testing::Test {
         QApplication::sendEvent(&view, &event);
         return pointed;
     }
+    // The pixel of the drawing area at which a place in the drawing is.
+    QPoint pixelAt(double x, double y) {
+        const OdGePoint2d corner = at({0, 0}), other = at({100, 100});
+        return {qRound((x - corner.x) / (other.x - corner.x) * 100),
+                qRound((y - corner.y) / (other.y - corner.y) * 100)};
+    }
     // What the program said since the last call.
     std::wstring said() {
         std::wstring all;
