@@ -5,6 +5,7 @@
 #include "platform/drawing/OdDbLayerTable.h"
 #include "platform/drawing/OdDbViewport.h"
 #include "platform/drawing/OdDbXrecord.h"
+#include "platform/drawing/dxf/PackedColor.h"
 #include "platform/drawing/dxf/RecordStore.h"
 
 #include <algorithm>
@@ -31,32 +32,6 @@ constexpr Property kAll[] = {kColor, kLinetype, kLineWeight, kAlpha, kPlotStyle}
 
 constexpr int kViewport = 335;
 constexpr int kGroup = 102;
-
-// A colour as one number: the method in bits 24-31, red, green and blue or the index below.
-std::int64_t packed(const OdCmColor& color) {
-    std::uint32_t out = static_cast<std::uint32_t>(color.colorMethod()) << 24;
-    if (color.isByColor())
-        out |= static_cast<std::uint32_t>(color.red() << 16 | color.green() << 8 | color.blue());
-    else if (color.isByACI())
-        out |= static_cast<std::uint32_t>(color.colorIndex());
-    return static_cast<std::int32_t>(out);
-}
-
-std::optional<OdCmColor> unpacked(std::int64_t value) {
-    const auto bits = static_cast<std::uint32_t>(value);
-    switch (bits >> 24) {
-    case OdCmColor::kByACI:
-        if (const int index = static_cast<int>(bits & 0xFFFF); index >= 1 && index <= 255)
-            return OdCmColor::byIndex(index);
-        return std::nullopt;
-    case OdCmColor::kByColor:
-    case 0: // true colours are found without a method too
-        return OdCmColor::byRgb(static_cast<std::uint8_t>(bits >> 16), static_cast<std::uint8_t>(bits >> 8),
-                                static_cast<std::uint8_t>(bits));
-    default:
-        return std::nullopt;
-    }
-}
 
 std::shared_ptr<OdDbXrecord> recordOf(const OdDbObject& layer, const Property& property, OdDb::OpenMode mode) {
     const auto dictionary = layer.extensionDictionary().open<OdDbDictionary>();
@@ -85,7 +60,7 @@ void take(LayerOverrides& out, OdDbDatabase& database, const Property& property,
     const auto* number = std::get_if<std::int64_t>(&value);
     const auto* handle = std::get_if<OdDbHandle>(&value);
     const OdDbObjectId object = handle ? database.getOdDbObjectId(*handle) : OdDbObjectId();
-    if (property.code == kColor.code && number) out.color = unpacked(*number);
+    if (property.code == kColor.code && number) out.color = unpackColor(*number);
     if (property.code == kLinetype.code && object.open<OdDbSymbolTableRecord>()) out.linetype = object;
     if (property.code == kPlotStyle.code && !object.isNull()) out.plotStyle = object;
     if (property.code == kAlpha.code && number) out.transparency = OdCmTransparency::fromDxf(*number);
@@ -238,7 +213,7 @@ LayerOverrideMap overridesInViewport(const OdDbDatabase& database, OdDbObjectId 
 
 Tavo::ErrorStatus overrideColor(OdDbObjectId layer, OdDbObjectId viewport, std::optional<OdCmColor> color) {
     if (color && (color->isByLayer() || color->isByBlock())) return Tavo::eInvalidInput;
-    return setOverride(layer, viewport, kColor, color ? std::optional<Value>(packed(*color)) : std::nullopt);
+    return setOverride(layer, viewport, kColor, color ? std::optional<Value>(packColor(*color)) : std::nullopt);
 }
 
 Tavo::ErrorStatus overrideLinetype(OdDbObjectId layer, OdDbObjectId viewport,

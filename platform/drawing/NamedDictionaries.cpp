@@ -55,9 +55,7 @@ OdDbObjectId OdDbDatabase::getNamedDictionaryId(std::wstring_view name, bool cre
     const auto parent = getNamedObjectsDictionaryId(true).open<OdDbDictionary>(OdDb::kForWrite);
     if (!parent) return {};
     if (name == kPlotStyles) return addPlotStyles(database, parent->objectId());
-    const OdDbObjectId made = addDictionary(database, parent->objectId(), false);
-    if (!made.isNull()) parent->setAt(name, made);
-    return made;
+    return addDictionaryAt(parent->objectId(), name, false);
 }
 
 OdDbObjectId OdDbDatabase::getPlotStyleNameDictionaryId(bool createIfNotFound) const {

@@ -1,6 +1,7 @@
 #include "platform/drawing/dxf/NewObject.h"
 
 #include "platform/drawing/OdDbDatabase.h"
+#include "platform/drawing/OdDbDictionary.h"
 #include "platform/drawing/dxf/NewRecord.h"
 #include "platform/drawing/dxf/RecordStore.h"
 
@@ -132,6 +133,15 @@ OdDbObjectId addDictionary(OdDbDatabase& database, OdDbObjectId owner, bool hard
     NewObject made(database, "DICTIONARY", owner.handle(), reactor);
     writeDictionaryTags(made.tags(), database.store().format(), hard);
     return made.add(owner);
+}
+
+OdDbObjectId addDictionaryAt(OdDbObjectId owner, std::wstring_view name, bool hard) {
+    const auto names = owner.open<OdDbDictionary>(OdDb::kForWrite);
+    if (!names || name.empty() || names->has(name)) return {};
+    const OdDbUndoScope step(*owner.database(), L"DICTIONARY");
+    const OdDbObjectId made = addDictionary(*owner.database(), owner, hard);
+    if (!made.isNull()) names->setAt(name, made);
+    return made;
 }
 
 } // namespace tv::dwg

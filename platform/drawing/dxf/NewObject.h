@@ -43,4 +43,7 @@ class NewObject {
 // entries.
 OdDbObjectId addDictionary(OdDbDatabase& database, OdDbObjectId owner, bool hard, bool reactor = true);
 
+// The same, named in its owner, which is a dictionary that lacks the name.
+OdDbObjectId addDictionaryAt(OdDbObjectId owner, std::wstring_view name, bool hard);
+
 } // namespace tv::dwg

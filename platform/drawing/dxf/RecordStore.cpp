@@ -48,7 +48,7 @@ void RecordStore::noteTable(std::string_view name, RecordId id) { m_tables.empla
 
 void RecordStore::forgetStructure() {
     m_structureKnown = false;
-    m_sectionEnd = {kNoRecord, kNoRecord};
+    m_sectionEnds = noEnds();
     m_sections.clear();
     m_tables.clear();
 }
@@ -86,14 +86,15 @@ RecordId RecordStore::table(std::string_view name) const {
 }
 
 RecordId RecordStore::endOfSection(RecordId section) const {
-    if (m_sectionEnd.first == section && !isErased(m_sectionEnd.second)) return m_sectionEnd.second;
+    auto& known = m_sectionEnds[static_cast<std::size_t>(m_records[section].section)];
+    if (known.first == section && !isErased(known.second)) return known.second;
     RecordId id = m_records[section].next;
     while (id != kNoRecord) {
         const TypeId type = m_records[id].type;
         if (type == kTypeEndSec || type == kTypeSection || type == kTypeEof || type == kTypeTail) break;
         id = m_records[id].next;
     }
-    if (id != kNoRecord) m_sectionEnd = {section, id};
+    if (id != kNoRecord) known = {section, id};
     return id;
 }
 
@@ -217,7 +218,7 @@ void RecordStore::link(RecordId id, RecordId after) {
         m_handles.clear();
     else
         m_handles.add(m_records, id);
-    if (r.type == kTypeEndSec) m_sectionEnd = {kNoRecord, kNoRecord};
+    if (r.type == kTypeEndSec) m_sectionEnds = noEnds();
     if (r.type == kTypeSection || r.type == kTypeTable) forgetStructure();
 }
 

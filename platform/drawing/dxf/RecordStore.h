@@ -8,6 +8,7 @@
 #include "platform/drawing/dxf/TypeNames.h"
 #include "platform/drawing/dxf/UndoLog.h"
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <string>
@@ -149,8 +150,14 @@ class KXPLATFORM_EXPORT RecordStore {
     mutable bool m_structureKnown = true;
     // The table whose end was asked for last, and its ENDTAB: adding ten thousand layers asks as often.
     mutable std::pair<RecordId, RecordId> m_tableEnd{kNoRecord, kNoRecord};
-    // The same for the section asked for last.
-    mutable std::pair<RecordId, RecordId> m_sectionEnd{kNoRecord, kNoRecord};
+    // The same for the last section of each kind.
+    using Ends = std::array<std::pair<RecordId, RecordId>, 8>;
+    static constexpr Ends noEnds() {
+        Ends out{};
+        out.fill({kNoRecord, kNoRecord});
+        return out;
+    }
+    mutable Ends m_sectionEnds = noEnds();
     UndoLog m_undo;
     bool m_replaying = false;
     bool m_readOnly = false;
