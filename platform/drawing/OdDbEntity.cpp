@@ -133,6 +133,7 @@ OdDbObjectId OdDbEntity::linetypeId() const {
 
 Tavo::ErrorStatus OdDbEntity::setLinetype(std::wstring_view name) {
     if (const auto status = checkWrite(); status != Tavo::eOk) return status;
+    if (tv::text::equalNoCase(name, linetype().view())) return Tavo::eOk;
     if (tv::text::equalNoCase(name, L"BYLAYER")) return removeCommon(6);
     const auto table = database()->getLinetypeTableId().open<OdDbSymbolTable>();
     if (!tv::text::equalNoCase(name, L"BYBLOCK") && (!table || !table->has(name))) return Tavo::eKeyNotFound;

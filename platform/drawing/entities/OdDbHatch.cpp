@@ -28,7 +28,7 @@ double OdDbHatch::patternAngle() const { return realAt(52) * std::numbers::pi / 
 
 Tavo::ErrorStatus OdDbHatch::setPatternAngle(double radians) {
     if (!std::isfinite(radians)) return Tavo::eOutOfRange;
-    if (isSolidFill()) return Tavo::eNotHandled;
+    if (isSolidFill() || !find(52)) return Tavo::eNotHandled;
     if (radians == patternAngle()) return checkWrite();
     return transformPattern(radians - patternAngle(), 1);
 }
@@ -36,7 +36,7 @@ Tavo::ErrorStatus OdDbHatch::setPatternAngle(double radians) {
 Tavo::ErrorStatus OdDbHatch::setPatternScale(double scale) {
     const double old = patternScale();
     if (!(scale > 0) || !std::isfinite(scale) || !(old > 0)) return Tavo::eOutOfRange;
-    if (isSolidFill()) return Tavo::eNotHandled;
+    if (isSolidFill() || !find(41)) return Tavo::eNotHandled;
     if (scale == old) return checkWrite();
     return transformPattern(0, scale / old);
 }

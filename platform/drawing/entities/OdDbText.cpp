@@ -36,6 +36,7 @@ OdString OdDbText::textString() const {
 }
 
 Tavo::ErrorStatus OdDbText::setTextString(std::wstring_view text) {
+    if (text == textString().view()) return checkWrite();
     return writeTag(*this, {"AcDbText", 1}, OdString(text), kOrder);
 }
 

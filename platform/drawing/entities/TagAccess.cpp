@@ -29,29 +29,34 @@ class Region {
     bool m_inside = false;
 };
 
-// Files of some programs lack the mark: then the tags behind the common part count.
-bool hasRegion(const OdDbObject& object, std::string_view subclass) {
-    bool marked = false;
+// Where to look when a record lacks the wanted mark, as files of some programs do: behind the common part, or
+// anywhere when no mark ends that.
+struct Wanted {
+    std::string_view subclass;
+    int skippedMarks = 0;
+};
+
+Wanted wantedIn(const OdDbObject& object, std::string_view subclass) {
+    int marks = 0;
     OwnTags own(object.format(), object.database()->store().text(object.objectId().record()));
     for (Tag tag; own.next(tag);) {
         if (tag.code != 100) continue;
-        if (trimmed(tag.value) == subclass) return true;
-        marked = true;
+        if (trimmed(tag.value) == subclass) return {subclass, 0};
+        ++marks;
     }
-    return !marked;
+    return {marks == 0 ? subclass : std::string_view(), marks >= 2 ? 2 : 0};
 }
 
 template <class Visit>
 void forEachTag(const OdDbObject& object, std::string_view subclass, Visit&& visit) {
     if (object.isErased()) return;
-    const std::string_view wanted = subclass.empty() || hasRegion(object, subclass) ? subclass : "";
-    const bool skipCommon = wanted.size() != subclass.size();
-    Region region(wanted);
+    const Wanted wanted = subclass.empty() ? Wanted() : wantedIn(object, subclass);
+    Region region(wanted.subclass);
     int marks = 0;
     OwnTags own(object.format(), object.database()->store().text(object.objectId().record()));
     for (Tag tag; own.next(tag);) {
         marks += tag.code == 100;
-        if (!region.holds(tag.code, tag.value) || (skipCommon && marks < 2)) continue;
+        if (!region.holds(tag.code, tag.value) || marks < wanted.skippedMarks) continue;
         if (!visit(tag)) return;
     }
 }
