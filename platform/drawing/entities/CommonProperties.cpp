@@ -1,3 +1,4 @@
+#include "platform/drawing/DimVariables.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbDictionary.h"
 #include "platform/drawing/OdDbEntity.h"
@@ -6,8 +7,10 @@
 #include "platform/drawing/entities/TagAccess.h"
 #include "platform/text/Unicode.h"
 
-#include <array>
+#include <algorithm>
 #include <cmath>
+#include <string>
+#include <vector>
 
 namespace tv::dwg {
 namespace {
@@ -221,56 +224,61 @@ constexpr EntityProperty kCommon[] = {
          }},
 };
 
-struct DimVar {
-    const wchar_t* name;
-    PropertyKind kind;
-    int code;
-    double otherwise;
-};
-
-constexpr DimVar kDimVars[] = {
-    {L"DIMPOST", kText, 3, 0},         {L"DIMAPOST", kText, 4, 0},       {L"DIMSCALE", kReal, 40, 1},
-    {L"DIMASZ", kLength, 41, 0.18},    {L"DIMEXO", kLength, 42, 0.0625}, {L"DIMDLI", kLength, 43, 0.38},
-    {L"DIMEXE", kLength, 44, 0.18},    {L"DIMRND", kLength, 45, 0},      {L"DIMDLE", kLength, 46, 0},
-    {L"DIMTP", kLength, 47, 0},        {L"DIMTM", kLength, 48, 0},       {L"DIMFXL", kLength, 49, 1},
-    {L"DIMJOGANG", kAngle, 50, 45},    {L"DIMTFILL", kInteger, 69, 0},   {L"DIMTFILLCLR", kColor, 70, 0},
-    {L"DIMTOL", kBoolean, 71, 0},      {L"DIMLIM", kBoolean, 72, 0},     {L"DIMTIH", kBoolean, 73, 1},
-    {L"DIMTOH", kBoolean, 74, 1},      {L"DIMSE1", kBoolean, 75, 0},     {L"DIMSE2", kBoolean, 76, 0},
-    {L"DIMTAD", kInteger, 77, 0},      {L"DIMZIN", kInteger, 78, 0},     {L"DIMAZIN", kInteger, 79, 0},
-    {L"DIMARCSYM", kInteger, 90, 0},   {L"DIMTXT", kLength, 140, 0.18},  {L"DIMCEN", kLength, 141, 0.09},
-    {L"DIMTSZ", kLength, 142, 0},      {L"DIMALTF", kReal, 143, 25.4},   {L"DIMLFAC", kReal, 144, 1},
-    {L"DIMTVP", kReal, 145, 0},        {L"DIMTFAC", kReal, 146, 1},      {L"DIMGAP", kLength, 147, 0.09},
-    {L"DIMALTRND", kLength, 148, 0},   {L"DIMALT", kBoolean, 170, 0},    {L"DIMALTD", kInteger, 171, 2},
-    {L"DIMTOFL", kBoolean, 172, 0},    {L"DIMSAH", kBoolean, 173, 0},    {L"DIMTIX", kBoolean, 174, 0},
-    {L"DIMSOXD", kBoolean, 175, 0},    {L"DIMCLRD", kColor, 176, 0},     {L"DIMCLRE", kColor, 177, 0},
-    {L"DIMCLRT", kColor, 178, 0},      {L"DIMADEC", kInteger, 179, 0},   {L"DIMDEC", kInteger, 271, 4},
-    {L"DIMTDEC", kInteger, 272, 4},    {L"DIMALTU", kInteger, 273, 2},   {L"DIMALTTD", kInteger, 274, 2},
-    {L"DIMAUNIT", kInteger, 275, 0},   {L"DIMFRAC", kInteger, 276, 0},   {L"DIMLUNIT", kInteger, 277, 2},
-    {L"DIMDSEP", kInteger, 278, 46},   {L"DIMTMOVE", kInteger, 279, 0},  {L"DIMJUST", kInteger, 280, 0},
-    {L"DIMSD1", kBoolean, 281, 0},     {L"DIMSD2", kBoolean, 282, 0},    {L"DIMTOLJ", kInteger, 283, 1},
-    {L"DIMTZIN", kInteger, 284, 0},    {L"DIMALTZ", kInteger, 285, 0},   {L"DIMALTTZ", kInteger, 286, 0},
-    {L"DIMUPT", kBoolean, 288, 0},     {L"DIMATFIT", kInteger, 289, 3},  {L"DIMFXLON", kBoolean, 290, 0},
-    {L"DIMTXSTY", kHandle, 340, 0},    {L"DIMLDRBLK", kHandle, 341, 0},  {L"DIMBLK", kHandle, 342, 0},
-    {L"DIMBLK1", kHandle, 343, 0},     {L"DIMBLK2", kHandle, 344, 0},    {L"DIMLTYPE", kHandle, 345, 0},
-    {L"DIMLTEX1", kHandle, 346, 0},    {L"DIMLTEX2", kHandle, 347, 0},   {L"DIMLWD", kLineWeight, 371, -2},
-    {L"DIMLWE", kLineWeight, 372, -2},
-};
-
-constexpr auto kVariables = [] {
-    std::array<EntityProperty, std::size(kDimVars)> out{};
-    for (std::size_t i = 0; i < out.size(); ++i) {
-        out[i].name = kDimVars[i].name;
-        out[i].kind = kDimVars[i].kind;
-        out[i].groupCode = kDimVars[i].code;
-        out[i].otherwise = kDimVars[i].otherwise;
-        out[i].variable = true;
+PropertyKind kindOf(const DimVariable& variable) {
+    using namespace std::string_view_literals;
+    const auto among = [&](std::initializer_list<std::string_view> names) {
+        return std::find(names.begin(), names.end(), variable.name) != names.end();
+    };
+    switch (variable.type) {
+    case DimVariable::kText:
+        return kText;
+    case DimVariable::kTextStyle:
+        return kTextStyle;
+    case DimVariable::kBlock:
+        return kBlock;
+    case DimVariable::kLinetype:
+        return kLinetype;
+    case DimVariable::kReal:
+        if (among({"DIMJOGANG"sv})) return kAngle;
+        return among({"DIMSCALE"sv, "DIMALTF"sv, "DIMLFAC"sv, "DIMTVP"sv, "DIMTFAC"sv}) ? kReal : kLength;
+    case DimVariable::kInteger:
+        break;
     }
-    return out;
-}();
+    if (among({"DIMCLRD"sv, "DIMCLRE"sv, "DIMCLRT"sv, "DIMTFILLCLR"sv})) return kColor;
+    if (among({"DIMLWD"sv, "DIMLWE"sv})) return kLineWeight;
+    return among({"DIMTOL"sv, "DIMLIM"sv, "DIMTIH"sv, "DIMTOH"sv, "DIMSE1"sv, "DIMSE2"sv, "DIMALT"sv,
+                  "DIMTOFL"sv, "DIMSAH"sv, "DIMTIX"sv, "DIMSOXD"sv, "DIMSD1"sv, "DIMSD2"sv, "DIMUPT"sv,
+                  "DIMFXLON"sv, "DIMTXTDIRECTION"sv})
+               ? kBoolean
+               : kInteger;
+}
+
+struct Variables {
+    std::vector<std::wstring> names;
+    std::vector<EntityProperty> properties;
+
+    Variables() {
+        names.reserve(dimVariables().size());
+        for (const DimVariable& variable : dimVariables()) {
+            const std::string_view name = variable.name;
+            names.emplace_back(name.begin(), name.end());
+            EntityProperty property;
+            property.name = names.back().c_str();
+            property.kind = kindOf(variable);
+            property.groupCode = variable.code;
+            property.fileRadians = true;
+            property.variable = true;
+            properties.push_back(property);
+        }
+    }
+};
 
 } // namespace
 
 std::span<const EntityProperty> commonProperties() { return kCommon; }
-std::span<const EntityProperty> dimensionVariables() { return kVariables; }
+std::span<const EntityProperty> dimensionVariables() {
+    static const Variables variables;
+    return variables.properties;
+}
 
 } // namespace tv::dwg

@@ -1,9 +1,9 @@
 #include "platform/drawing/entities/EntityProperties.h"
 
+#include "platform/drawing/DimVariables.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbEntity.h"
 #include "platform/drawing/OdDbSymbolTable.h"
-#include "platform/drawing/entities/DimensionOverrides.h"
 #include "platform/drawing/entities/PropertyTables.h"
 #include "platform/drawing/entities/TagAccess.h"
 
@@ -143,8 +143,7 @@ Value propertyValue(OdDbObjectId entity, const EntityProperty& property) {
     const EntityProperty* own = findProperty(kind, property.name);
     if (!own) return {};
     if (own->get) return own->get(entity);
-    if (own->variable)
-        return toProperty(*own, effectiveDimensionVariable(entity, own->groupCode).value_or(Value()));
+    if (own->variable) return toProperty(*own, effectiveDimVariable(*object, own->name));
     return toProperty(*own, tagValue(*object, sourceOf(kind, *own)));
 }
 
@@ -157,14 +156,14 @@ Tavo::ErrorStatus setPropertyValue(OdDbObjectId entity, const EntityProperty& pr
     if (!own->writable) return Tavo::eReadOnly;
     if (const auto status = checkWritable(*object); status != Tavo::eOk) return status;
     if (!inRange(*own, value)) return Tavo::eOutOfRange;
-    if (!isKnownName(*entity.database(), own->kind, value)) return Tavo::eKeyNotFound;
+    if (!own->variable && !isKnownName(*entity.database(), own->kind, value)) return Tavo::eKeyNotFound;
     if (own->set) return propertyValue(entity, *own) == value ? Tavo::eOk : own->set(entity, value);
     const TagSource source = sourceOf(kind, *own);
     const Value old = own->variable ? Value() : tagValue(*object, source);
     const Value raw = toTag(*own, value, old);
     if (std::holds_alternative<std::monostate>(raw)) return Tavo::eWrongType;
     if (propertyValue(entity, *own) == toProperty(*own, raw)) return Tavo::eOk;
-    if (own->variable) return setDimensionOverride(entity, own->groupCode, raw);
+    if (own->variable) return setDimOverride(*object, own->name, raw);
     return writeTag(*object, source, raw, kind.order);
 }
 

@@ -92,12 +92,12 @@ Tavo::ErrorStatus setHyperlink(OdDbObjectId entity, const Hyperlink& link) {
     OdDbDatabase& database = *entity.database();
     if (database.version() == OdDb::DxfVersion::kR10) return Tavo::eNotHandled;
     const OdDbUndoScope step(database, L"HYPERLINK");
-    if (const auto table = database.getRegAppTableId().open<OdDbSymbolTable>(OdDb::kForWrite))
-        if (!table->has(kApplication)) table->add(kApplication);
     RecordStore& store = database.store();
     RecordEditor record(store.format(), store.text(entity.record()));
-    if (placesIn(record).begin == kNone && !record.insert(record.size(), 1001, OdString(kApplication)))
-        return Tavo::eInvalidInput;
+    if (placesIn(record).begin == kNone) {
+        if (database.newRegApp(kApplication).isNull()) return Tavo::eNotHandled;
+        if (!record.insert(record.size(), 1001, OdString(kApplication))) return Tavo::eInvalidInput;
+    }
     if (!put(record, 0, link.url) || !put(record, 1, link.description) || !put(record, 2, link.subLocation))
         return Tavo::eInvalidInput;
     if (record.edited()) store.replace(entity.record(), record.bytes());
