@@ -51,12 +51,21 @@ void addMessageFiles(const fs::path& folder) {
     for (const fs::path& base : bases)
         VORD_MSGFunction::AddFileBase(base);
 }
+void useMessages(const fs::path& given) {
+    if (const fs::path messages = findMessages(given, executablePath()); !messages.empty())
+        addMessageFiles(messages);
+}
 } // namespace
+
+void loadMessages(const fs::path& given, const UiLanguage& language) {
+    useMessages(given);
+    VORD_MSGFunction::SetCurrentLanguageId(language.id);
+    VORD_MSGFunction::LoadFile();
+}
 
 void startSession(TavoSession& session, const Options& options) {
     _Init_ZEL_CAD_CTRLdll(); // the dialogs' templates come with the library
-    if (const fs::path messages = findMessages(options.messages, executablePath()); !messages.empty())
-        addMessageFiles(messages);
+    useMessages(options.messages);
     session.setLanguage(options.language ? *options.language : session.rememberedLanguage());
     if (!options.drawing.empty()) session.print(session.open(options.drawing));
 }

@@ -293,7 +293,10 @@ void MainWindow::showSelection() {
 void MainWindow::showSettings() {
     OdString layer;
     m_session.host().sysvarManager()->getText(L"CLAYER", layer, nullptr);
-    m_layer->setText(m_session.document() ? toQt(layer.view()) : QString());
+    m_layer->setText(
+        m_session.document()
+            ? toQt(tv::text::format(VORD_ResourceString("IDS_TAVO_WIN_LAYER_IS", L"도면층: %s"), layer))
+            : QString());
     m_space->setText(toQt(VORD_ResourceString("IDS_TAVO_WIN_MODEL", L"모형")));
     int lineweights = 0, pickBox = 3, preview = 3;
     tvedGetVar(L"LWDISPLAY", lineweights, nullptr);

@@ -7,7 +7,7 @@
 double contrast(const QColor& a, const QColor& b);
 
 // Lines thinner than letters need less than text does.
-inline constexpr double leastLineContrast = 2.5;
+inline constexpr double leastLineContrast = 3;
 
 // The colour itself where it can be told from the background; else one of the same hue, as much lighter on a
 // dark background or darker on a light one as it takes and no more.

@@ -5,9 +5,11 @@
 #include "tavocad/automation/AutomationServer.h"
 #include "tavocad/window/FileQuestions.h"
 #include "tavocad/window/MainWindow.h"
+#include "tavocad/window/QtText.h"
 #include "tavocad/window/WatchedChannel.h"
 
 #include "platform/host/TavoInterfaces.h"
+#include "platform/text/FileError.h"
 #include "platform/text/Format.h"
 #include "platform/text/ResourceString.h"
 #include "platform/text/SettingsStore.h"
@@ -15,9 +17,13 @@
 #include "qt/QtToolkit.h"
 
 #include <QApplication>
+#include <QFileInfo>
+#include <QImageWriter>
 #include <QStandardPaths>
 
+#include <cerrno>
 #include <clocale>
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace {
@@ -41,8 +47,23 @@ ThemeChoice themeOf(const Options& options, TavoSession& session) {
 }
 
 tv::Problem saveScreenshot(const QtToolkit& toolkit, const std::filesystem::path& file) {
-    if (toolkit.screenshot(file)) return {};
     const std::wstring name = tv::text::fromUtf8(file.string());
+    const QString format = QFileInfo(toQt(name)).suffix();
+    if (!QImageWriter::supportedImageFormats().contains(format.toLower().toLatin1()))
+        return {Tavo::eInvalidInput,
+                tv::text::format(VORD_ResourceString("IDS_TAVO_SCREENSHOT_FORMAT",
+                                                     L"화면 그림을 \"%s\"에 저장하지 못했습니다: 그림 파일의 "
+                                                     L"확장자가 아닙니다. 예: .png"),
+                                 name),
+                name};
+    // Whether and why the file can't be written is asked before Qt, which says neither.
+    std::error_code ignored;
+    const bool there = std::filesystem::exists(file, ignored);
+    const int descriptor = ::open(file.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
+    if (descriptor < 0) return tv::fileProblem(tv::FileAction::Write, file, errno);
+    ::close(descriptor);
+    if (toolkit.screenshot(file)) return {};
+    if (!there) std::filesystem::remove(file, ignored);
     return {Tavo::eFileAccess,
             tv::text::format(
                 VORD_ResourceString("IDS_TAVO_SCREENSHOT_FAILED", L"화면 그림을 \"%s\"에 저장하지 못했습니다."),
