@@ -1,5 +1,6 @@
 #include "tavocad/scene/DrawingTables.h"
 
+#include "platform/drawing/OdCmTransparency.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbLayerTable.h"
 #include "platform/drawing/OdDbStyleTables.h"
@@ -99,6 +100,107 @@ std::uint32_t DrawingTables::layer(std::wstring_view name, StyleTable& styles) {
 std::uint32_t DrawingTables::linetype(std::wstring_view name) const {
     const auto found = linetypes.find(tv::text::foldCase(name));
     return found == linetypes.end() ? 0 : found->second;
+}
+
+ByWhom linetypeBy(const EntityHead& head) {
+    auto says = [name = trimmed(head.linetype)](std::string_view word) {
+        return std::equal(name.begin(), name.end(), word.begin(), word.end(),
+                          [](char a, char b) { return (a >= 'a' && a <= 'z' ? a - 'a' + 'A' : a) == b; });
+    };
+    if (head.linetype.empty() || says("BYLAYER")) return ByWhom::layer;
+    return says("BYBLOCK") ? ByWhom::block : ByWhom::itself;
+}
+
+StyleSource sourceOf(const EntityHead& head, std::uint32_t layer, std::uint32_t linetype,
+                     const StyleSource& insert) {
+    StyleSource style;
+    style.layer = layer;
+    style.gate = insert.gate;
+    const OdCmColor color = OdCmColor::fromDxf(head.color, head.rgb);
+    if (color.isByLayer()) {
+        style.paintLayer = layer;
+    } else if (color.isByBlock()) {
+        style.paint = insert.paint;
+        style.paintLayer = insert.paintLayer;
+    } else {
+        style.paint = paintOf(color);
+    }
+    style.linetypeScale = head.linetypeScale;
+    switch (linetypeBy(head)) {
+    case ByWhom::layer:
+        style.linetypeLayer = layer;
+        break;
+    case ByWhom::block:
+        style.linetype = insert.linetype;
+        style.linetypeLayer = insert.linetypeLayer;
+        break;
+    case ByWhom::itself:
+        style.linetype = linetype;
+    }
+    if (head.lineweight == OdDb::kLnWtByLayer) {
+        style.lineweightLayer = layer;
+    } else if (head.lineweight == OdDb::kLnWtByBlock) {
+        style.lineweight = insert.lineweight;
+        style.lineweightLayer = insert.lineweightLayer;
+    } else if (head.lineweight >= 0 && head.lineweight <= mostLineweight) {
+        style.lineweight = static_cast<std::int16_t>(head.lineweight);
+    }
+    const OdCmTransparency transparency = OdCmTransparency::fromDxf(head.transparency);
+    if (transparency.isByLayer()) {
+        style.alphaLayer = layer;
+    } else if (transparency.isByBlock()) {
+        style.alpha = insert.alpha;
+        style.alphaLayer = insert.alphaLayer;
+    } else {
+        style.alpha = transparency.alpha();
+    }
+    return style;
+}
+
+RawNames::RawNames(const OdDbDatabase& database, const DrawingTables& tables) {
+    const RecordStore& store = database.store();
+    auto read = [&](OdDbObjectId table, const auto& known, Names& names) {
+        if (const auto records = table.open<OdDbSymbolTable>())
+            records->forEach([&](OdDbObjectId id) {
+                TagCursor tags = store.tags(id.record());
+                for (Tag tag; tags.next(tag);)
+                    if (tag.code == 2) {
+                        const auto found = known.find(tv::text::foldCase(textOf(store.format(), tag).view()));
+                        if (found != known.end()) names.add(tag.value, found->second);
+                        break;
+                    }
+            });
+    };
+    read(database.getLayerTableId(), tables.layers, m_layers);
+    read(database.getLinetypeTableId(), tables.linetypes, m_linetypes);
+    m_layers.add("0", 0);
+    m_layers.add("", 0); // an entity that names none
+}
+
+std::size_t RawNames::Names::find(std::string_view name) const {
+    std::uint64_t hash = name.size();
+    for (const char c : name)
+        hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3;
+    std::size_t slot = (hash ^ hash >> 29) & (slots.size() - 1);
+    while (slots[slot].number != none && slots[slot].name != name)
+        slot = (slot + 1) & (slots.size() - 1);
+    return slot;
+}
+
+void RawNames::Names::add(std::string_view name, std::uint32_t number) {
+    if (slots[find(name)].number != none) return;
+    if (++used * 2 > slots.size()) {
+        std::vector<Slot> old(slots.size() * 2);
+        old.swap(slots);
+        for (const Slot& slot : old)
+            if (slot.number != none) slots[find(slot.name)] = slot;
+    }
+    slots[find(name)] = {name, number};
+}
+
+std::uint32_t RawNames::layer(std::string_view raw) const { return m_layers.slots[m_layers.find(raw)].number; }
+std::uint32_t RawNames::linetype(std::string_view raw) const {
+    return m_linetypes.slots[m_linetypes.find(raw)].number;
 }
 
 DrawingTables readTables(const OdDbDatabase& database, StyleTable& styles) {

@@ -4,10 +4,12 @@
 #include "platform/drawing/OdDbBlockTable.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbEntity.h"
+#include "platform/drawing/dxf/RecordStore.h"
 #include "platform/text/Unicode.h"
 #include "tavocad/scene/DrawingTables.h"
 #include "tavocad/scene/Flatten.h"
 #include "tavocad/scene/Pen.h"
+#include "tavocad/scene/QuickDecode.h"
 #include "tavocad/scene/WidePolyline.h"
 
 #include <algorithm>
@@ -21,13 +23,26 @@ namespace {
 
 using namespace tv::dwg;
 
-constexpr double meanCharacterWidth = 0.85; // of the height of capital letters; for breaking lines
-constexpr double lineStep = 5.0 / 3;        // the usual distance of lines, in heights of capital letters
-constexpr int mostCells = 10'000;           // of one array insert
+constexpr double meanCharacterWidth = 0.85;   // of the height of capital letters; for breaking lines
+constexpr double lineStep = 5.0 / 3;          // the usual distance of lines, in heights of capital letters
+constexpr std::size_t mostKept = 200'000;     // decoded entities of blocks
+constexpr std::size_t mostSteps = 10'000'000; // entities and cells looked at, drawn or not
+constexpr int mostDepth = 64;                 // of blocks inside of each other
+constexpr int mostCells = 10'000;             // of one array insert
+
+// An entity as it is drawn again and again, wherever its block is inserted.
+struct Decoded {
+    OdDbObjectId id;
+    EntityHead head;
+    std::uint32_t layer = 0, linetype = 0;
+    EntityGeometry geometry;
+};
 
 struct Block {
     OdGePoint3d base;
     OdDbEntityRange entities;
+    std::vector<Decoded> decoded; // when `kept`
+    bool kept = false;
     bool open = false; // being drawn: an insert of itself is passed over
 };
 
@@ -41,20 +56,25 @@ struct Place {
 class Builder {
   public:
     explicit Builder(const OdDbDatabase& database)
-        : m_database(database), m_tables(readTables(database, m_scene.styles)), m_pen(m_scene) {
+        : m_database(database), m_tables(readTables(database, m_scene.styles)), m_names(database, m_tables),
+          m_pen(m_scene) {
         m_scene.database = &const_cast<OdDbDatabase&>(database);
         m_blockTable = database.getBlockTableId().open<OdDbBlockTable>();
     }
 
     Scene build() {
+        std::vector<RecordId> records;
         for (const OdDbObjectId id : m_database.modelSpace()) {
-            if (m_scene.drawn >= mostEntities) break;
+            records.push_back(id.record());
+            if (records.size() >= mostEntities) break;
+        }
+        drawAll(m_database.store(), records, m_names, m_scene, [this](RecordId record) {
             const auto first = static_cast<std::uint32_t>(m_scene.items.size());
             m_pen.setEntity(static_cast<std::uint32_t>(m_scene.entities.size()));
-            add(id, Place{});
+            add(decode({m_scene.database, record}), Place{});
             const auto count = static_cast<std::uint32_t>(m_scene.items.size()) - first;
-            if (count > 0) m_scene.entities.push_back({id.record(), first, count});
-        }
+            if (count > 0) m_scene.entities.push_back({record, first, count});
+        });
         m_scene.finish();
         return std::move(m_scene);
     }
@@ -66,70 +86,47 @@ class Builder {
         const auto [found, isNew] = m_blocks.try_emplace(key(name));
         if (isNew && m_blockTable) {
             if (const auto record = m_blockTable->getAt(name.view()).open<OdDbBlockTableRecord>())
-                found->second = {record->origin(), record->entities(), false};
+                found->second = {record->origin(), record->entities(), {}, false, false};
         }
         return &found->second;
     }
 
-    StyleSource styleOf(const OdDbEntity& entity, const Place& place) {
-        StyleSource style;
-        const OdString layer = entity.layer();
-        style.layer =
-            place.nested && layer == L"0" ? place.insert.layer : m_tables.layer(layer.view(), m_scene.styles);
-        style.gate = place.insert.gate;
-        const OdCmColor color = entity.color();
-        if (color.isByLayer()) {
-            style.paintLayer = style.layer;
-        } else if (color.isByBlock()) {
-            style.paint = place.insert.paint;
-            style.paintLayer = place.insert.paintLayer;
-        } else {
-            style.paint = paintOf(color);
-        }
-        const OdString linetype = entity.linetype();
-        style.linetypeScale = entity.linetypeScale();
-        if (tv::text::equalNoCase(linetype.view(), L"BYLAYER")) {
-            style.linetypeLayer = style.layer;
-        } else if (tv::text::equalNoCase(linetype.view(), L"BYBLOCK")) {
-            style.linetype = place.insert.linetype;
-            style.linetypeLayer = place.insert.linetypeLayer;
-        } else {
-            style.linetype = m_tables.linetype(linetype.view());
-        }
-        const OdDb::LineWeight weight = entity.lineWeight();
-        if (weight == OdDb::kLnWtByLayer) {
-            style.lineweightLayer = style.layer;
-        } else if (weight == OdDb::kLnWtByBlock) {
-            style.lineweight = place.insert.lineweight;
-            style.lineweightLayer = place.insert.lineweightLayer;
-        } else if (weight >= 0) {
-            style.lineweight = weight;
-        }
-        style.alphaLayer = style.layer;
-        return style;
+    Decoded decode(OdDbObjectId id) {
+        const RecordStore& store = m_database.store();
+        const DxfFormat& format = store.format();
+        Decoded out{id, headOf(format, store.text(id.record())), 0, 0, {}};
+        if (out.head.invisible) return out;
+        out.layer = m_names.layer(out.head.layer);
+        if (out.layer == none)
+            out.layer = m_tables.layer(decodeText(format, out.head.layer).view(), m_scene.styles);
+        if (linetypeBy(out.head) == ByWhom::itself)
+            out.linetype = m_tables.linetype(decodeText(format, trimmed(out.head.linetype)).view());
+        if (store.typeName(id.record()) != "ATTDEF") out.geometry = geometryOf(id);
+        return out;
     }
 
-    void add(OdDbObjectId id, const Place& place) {
-        if (m_scene.drawn >= mostEntities) return;
-        const auto entity = id.open<OdDbEntity>();
-        if (!entity || !entity->isVisible()) return;
-        const StyleSource style = styleOf(*entity, place);
-        const EntityGeometry geometry = geometryOf(id);
-        if (const auto* insert = std::get_if<InsertGeometry>(&geometry)) {
-            addInsert(id, *insert, place, style);
+    bool spent() { return m_scene.drawn >= mostEntities || ++m_steps >= mostSteps; }
+
+    void add(const Decoded& entity, const Place& place) {
+        if (spent() || entity.head.invisible) return;
+        const std::uint32_t layer = place.nested && entity.layer == 0 ? place.insert.layer : entity.layer;
+        const StyleSource style = sourceOf(entity.head, layer, entity.linetype, place.insert);
+        if (const auto* insert = std::get_if<InsertGeometry>(&entity.geometry)) {
+            addInsert(entity.id, *insert, place, style);
             return;
         }
         const std::size_t before = m_scene.items.size();
         m_pen.set(place.transform, m_scene.styles.intern(style));
-        if (entity->isA() != L"ATTDEF") std::visit([this](const auto& g) { draw(g); }, geometry);
+        std::visit([this](const auto& g) { draw(g); }, entity.geometry);
         if (m_scene.items.size() > before) ++m_scene.drawn;
     }
 
     void addInsert(OdDbObjectId id, const InsertGeometry& insert, const Place& place,
                    const StyleSource& style) {
         Block& block = *blockOf(insert.block);
-        if (!block.open) {
+        if (!block.open && m_depth < mostDepth) {
             block.open = true;
+            ++m_depth;
             const int columns = std::clamp(insert.columns, 1, mostCells);
             const int rows = std::clamp(insert.rows, 1, mostCells / columns);
             Place inner;
@@ -137,15 +134,35 @@ class Builder {
             inner.insert.gate = m_scene.styles.gate(style.layer, style.gate);
             inner.nested = true;
             for (int row = 0; row < rows; ++row)
-                for (int column = 0; column < columns; ++column) {
+                for (int column = 0; column < columns && !spent(); ++column) {
                     inner.transform = place.transform * placementOf(insert, block.base, column, row);
-                    for (const OdDbObjectId part : block.entities)
-                        add(part, inner);
+                    addContent(block, inner);
                 }
             block.open = false;
+            --m_depth;
         }
         for (const OdDbObjectId attribute : subEntities(id))
-            add(attribute, place);
+            add(decode(attribute), place);
+    }
+
+    void addContent(Block& block, const Place& place) {
+        if (block.kept) {
+            for (const Decoded& entity : block.decoded)
+                add(entity, place);
+            return;
+        }
+        for (const OdDbObjectId id : block.entities) {
+            if (spent()) return;
+            if (m_kept >= mostKept) {
+                add(decode(id), place);
+                continue;
+            }
+            block.decoded.push_back(decode(id));
+            ++m_kept;
+            add(block.decoded.back(), place);
+        }
+        block.kept = m_kept < mostKept;
+        if (!block.kept) block.decoded.clear();
     }
 
     // --- one kind of entity each; coordinates are those of the entity's space ---
@@ -256,7 +273,10 @@ class Builder {
     const OdDbDatabase& m_database;
     Scene m_scene;
     DrawingTables m_tables;
+    RawNames m_names;
     Pen m_pen;
+    std::size_t m_kept = 0, m_steps = 0;
+    int m_depth = 0;
     std::shared_ptr<OdDbBlockTable> m_blockTable;
     std::unordered_map<std::wstring, Block> m_blocks;
 };

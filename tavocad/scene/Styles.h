@@ -58,7 +58,7 @@ struct Style {
 struct StyleSource {
     std::uint32_t layer = 0; // whether it is shown
     std::uint32_t gate = 0;  // see StyleTable::gate
-    Paint paint;
+    Paint paint{0xFFFFFF, true};
     std::uint32_t paintLayer = none;
     std::uint32_t linetype = 0;
     std::uint32_t linetypeLayer = none;
