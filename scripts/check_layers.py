@@ -26,7 +26,7 @@ ROOMS = {
 EXPORTS = {"platform/Export.h", "kxgui/Export.h", "qt/Export.h"}  # made by the build; each for its own library
 # library: how its headers are named, and the only rooms that know it
 LIBRARIES = {
-    "Qt": (r"Q[A-Z]\w*(?:/.*)?|Qt\w+/.*", ["qt", "tavocad/window", "tests", "examples"]),
+    "Qt": (r"Q[A-Z]\w*(?:/.*)?|Qt\w+/.*", ["qt", "tavocad/window", "tests", "examples", "bench"]),
     "ICU": (r"unicode/.*", ["platform/text"]),
     "fmt": (r"fmt/.*", ["platform/text"]),
     "SimpleIni": (r"SimpleIni\.h", ["platform/text"]),

@@ -9,6 +9,7 @@
 #include "platform/text/Unicode.h"
 
 #include <algorithm>
+#include <cstring>
 #include <optional>
 #include <utility>
 
@@ -77,6 +78,25 @@ LayerState layerOf(const RecordStore& store, RecordId id, const DrawingTables& t
         if (!color.isByLayer() && !color.isByBlock()) state.paint = paintOf(color);
     }
     return state;
+}
+
+// Eight bytes at a time.
+std::uint32_t hashOf(std::string_view name) {
+    std::uint64_t hash = name.size();
+    auto mix = [&hash](std::uint64_t word) {
+        hash = (hash ^ word) * 0x9E3779B97F4A7C15;
+        hash ^= hash >> 32;
+    };
+    for (; name.size() >= 8; name.remove_prefix(8)) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, name.data(), 8);
+        mix(word);
+    }
+    std::uint64_t word = 0;
+    for (const char c : name)
+        word = word << 8 | static_cast<unsigned char>(c);
+    mix(word);
+    return static_cast<std::uint32_t>(hash);
 }
 
 } // namespace
@@ -177,31 +197,41 @@ RawNames::RawNames(const OdDbDatabase& database, const DrawingTables& tables) {
     m_layers.add("", 0); // an entity that names none
 }
 
-std::size_t RawNames::Names::find(std::string_view name) const {
-    std::uint64_t hash = name.size();
-    for (const char c : name)
-        hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3;
-    std::size_t slot = (hash ^ hash >> 29) & (slots.size() - 1);
-    while (slots[slot].number != none && slots[slot].name != name)
-        slot = (slot + 1) & (slots.size() - 1);
-    return slot;
+std::size_t RawNames::Names::slotOf(std::string_view name, std::uint32_t hash) const {
+    for (std::size_t slot = hash & (slots.size() - 1);; slot = (slot + 1) & (slots.size() - 1)) {
+        if (slots[slot].name == none) return slot;
+        if (slots[slot].hash != hash) continue;
+        const Name& known = names[slots[slot].name];
+        if (std::string_view(letters).substr(known.first, known.length) == name) return slot;
+    }
+}
+
+std::uint32_t RawNames::Names::find(std::string_view name) const {
+    const std::uint32_t known = slots[slotOf(name, hashOf(name))].name;
+    return known == none ? none : names[known].number;
 }
 
 void RawNames::Names::add(std::string_view name, std::uint32_t number) {
-    if (slots[find(name)].number != none) return;
-    if (++used * 2 > slots.size()) {
+    if (find(name) != none) return;
+    const auto index = static_cast<std::uint32_t>(names.size());
+    names.push_back(
+        {static_cast<std::uint32_t>(letters.size()), static_cast<std::uint32_t>(name.size()), number});
+    letters += name;
+    if (names.size() * 2 > slots.size()) {
         std::vector<Slot> old(slots.size() * 2);
         old.swap(slots);
-        for (const Slot& slot : old)
-            if (slot.number != none) slots[find(slot.name)] = slot;
+        for (const Slot& slot : old) {
+            if (slot.name == none) continue;
+            const Name& moved = names[slot.name];
+            slots[slotOf(std::string_view(letters).substr(moved.first, moved.length), slot.hash)] = slot;
+        }
     }
-    slots[find(name)] = {name, number};
+    const std::uint32_t hash = hashOf(name);
+    slots[slotOf(name, hash)] = {hash, index};
 }
 
-std::uint32_t RawNames::layer(std::string_view raw) const { return m_layers.slots[m_layers.find(raw)].number; }
-std::uint32_t RawNames::linetype(std::string_view raw) const {
-    return m_linetypes.slots[m_linetypes.find(raw)].number;
-}
+std::uint32_t RawNames::layer(std::string_view raw) const { return m_layers.find(raw); }
+std::uint32_t RawNames::linetype(std::string_view raw) const { return m_linetypes.find(raw); }
 
 DrawingTables readTables(const OdDbDatabase& database, StyleTable& styles) {
     DrawingTables tables;

@@ -31,14 +31,21 @@ class RawNames {
     std::uint32_t linetype(std::string_view raw) const;
 
   private:
+    // Small and close together: a million entities ask.
     struct Slot {
-        std::string_view name;
+        std::uint32_t hash = 0;
+        std::uint32_t name = none; // into `names`
+    };
+    struct Name {
+        std::uint32_t first = 0, length = 0; // of `letters`
         std::uint32_t number = none;
     };
     struct Names {
         std::vector<Slot> slots = std::vector<Slot>(16); // a power of two of them, at most half full
-        std::size_t used = 0;
-        std::size_t find(std::string_view name) const;
+        std::vector<Name> names;
+        std::string letters;
+        std::size_t slotOf(std::string_view name, std::uint32_t hash) const;
+        std::uint32_t find(std::string_view name) const;
         void add(std::string_view name, std::uint32_t number);
     };
     Names m_layers, m_linetypes;

@@ -20,6 +20,8 @@ using namespace tv::dwg;
 constexpr std::size_t partSize = 32768; // entities decoded at a time
 constexpr std::size_t partsAhead = 8;   // that may wait to be taken over
 
+constexpr std::uint32_t allByLayer = 0x80000000; // a style: the layer's number in the other bits
+
 // What one thread made of some successive entities. Numbers of items and points count from the part's start,
 // styles are `sources`.
 struct Part {
@@ -34,6 +36,13 @@ struct Part {
     std::vector<OdGePoint2d> points;
     std::vector<StyleSource> sources;
     bool ready = false;
+    void clear() {
+        made.clear();
+        items.clear();
+        points.clear();
+        sources.clear();
+        ready = false;
+    }
 };
 
 enum class Quick : std::uint8_t { none, line, circle, arc, point, polyline };
@@ -60,12 +69,11 @@ class QuickTypes {
 // One thread's decoder.
 class Decoder {
   public:
-    Decoder(const RecordStore& store, const RawNames& names, std::size_t layers)
-        : m_store(store), m_names(names), m_types(store.types()), m_layerStyles(layers, none) {}
+    Decoder(const RecordStore& store, const RawNames& names)
+        : m_store(store), m_names(names), m_types(store.types()) {}
 
     void decode(std::span<const RecordId> records, Part& part) {
         m_part = &part;
-        std::fill(m_layerStyles.begin(), m_layerStyles.end(), none);
         part.made.reserve(records.size());
         part.items.reserve(records.size());
         part.points.reserve(records.size() * 2);
@@ -213,18 +221,12 @@ class Decoder {
             sources.push_back(source);
             return next;
         }
-        std::uint32_t& style = m_layerStyles[layer];
-        if (style == none) {
-            style = next;
-            sources.push_back(sourceOf(head, layer, 0, {}));
-        }
-        return style;
+        return layer | allByLayer;
     }
 
     const RecordStore& m_store;
     const RawNames& m_names;
     QuickTypes m_types;
-    std::vector<std::uint32_t> m_layerStyles; // of this part
     std::vector<std::pair<std::size_t, double>> m_bulges;
     std::vector<OdGePoint2d> m_straight;
     std::vector<OdGePoint3d> m_bent;
@@ -232,10 +234,20 @@ class Decoder {
 };
 
 // Appends a part to the scene, with the entities that are drawn elsewhere where they belong.
-void takeOver(const Part& part, Scene& scene, const std::function<void(RecordId)>& other) {
+// `layerStyles`: the scene's numbers of the styles that are all by layer, as far as they are known.
+void takeOver(const Part& part, Scene& scene, std::vector<std::uint32_t>& layerStyles,
+              const std::function<void(RecordId)>& other) {
     std::vector<std::uint32_t> styles(part.sources.size());
     for (std::size_t i = 0; i < styles.size(); ++i)
         styles[i] = scene.styles.intern(part.sources[i]);
+    auto styleOf = [&](std::uint32_t number) {
+        if (!(number & allByLayer)) return styles[number];
+        const std::uint32_t layer = number & ~allByLayer;
+        if (layer >= layerStyles.size()) layerStyles.resize(scene.styles.layers().size(), none);
+        std::uint32_t& style = layerStyles[layer];
+        if (style == none) style = scene.styles.intern(sourceOf({}, layer, 0, {}));
+        return style;
+    };
     std::size_t item = 0, point = 0;
     for (std::size_t i = 0; i < part.made.size();) {
         if (!part.made[i].quick) {
@@ -255,7 +267,7 @@ void takeOver(const Part& part, Scene& scene, const std::function<void(RecordId)
             for (std::uint32_t k = 0; k < made.items; ++k) {
                 Item own = part.items[item++];
                 own.first += shift;
-                own.style = styles[own.style];
+                own.style = styleOf(own.style);
                 own.entity = entity;
                 scene.items.push_back(own);
             }
@@ -276,14 +288,18 @@ void drawAll(const RecordStore& store, std::span<const RecordId> records, const 
     scene.items.reserve(scene.items.size() + records.size());
     scene.entities.reserve(scene.entities.size() + records.size());
     scene.points.reserve(scene.points.size() + records.size() * 2);
-    const std::size_t layers = scene.styles.layers().size(); // more may come meanwhile
-    std::vector<Part> parts(count);
+    std::vector<std::uint32_t> layerStyles;
+    std::vector<Part> parts(count), spare; // memory goes from one part to the next
     std::mutex mutex;
     std::condition_variable changed;
     std::size_t next = 0, taken = 0;
     // `most`: how far ahead of what was taken over the thread may run.
     auto work = [&](Decoder& decoder, std::unique_lock<std::mutex>& lock) {
         const std::size_t own = next++;
+        if (!spare.empty()) {
+            parts[own] = std::move(spare.back());
+            spare.pop_back();
+        }
         lock.unlock();
         decoder.decode(recordsOf(own), parts[own]);
         lock.lock();
@@ -291,7 +307,7 @@ void drawAll(const RecordStore& store, std::span<const RecordId> records, const 
         changed.notify_all();
     };
     auto decodeBeside = [&] {
-        Decoder decoder(store, names, layers);
+        Decoder decoder(store, names);
         std::unique_lock lock(mutex);
         for (;;) {
             changed.wait(lock, [&] { return next >= count || next < taken + partsAhead; });
@@ -303,14 +319,15 @@ void drawAll(const RecordStore& store, std::span<const RecordId> records, const 
     const std::size_t helpers = std::min<std::size_t>({std::thread::hardware_concurrency(), 4, count});
     for (std::size_t i = 1; i < helpers; ++i)
         threads.emplace_back(decodeBeside);
-    Decoder decoder(store, names, layers);
+    Decoder decoder(store, names);
     std::unique_lock lock(mutex);
     while (taken < count) {
         if (parts[taken].ready) {
             lock.unlock();
-            takeOver(parts[taken], scene, other);
-            parts[taken] = {};
+            takeOver(parts[taken], scene, layerStyles, other);
+            parts[taken].clear();
             lock.lock();
+            spare.push_back(std::move(parts[taken]));
             ++taken;
             changed.notify_all();
         } else if (next < count) {

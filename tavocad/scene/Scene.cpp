@@ -104,7 +104,9 @@ void Scene::finish() {
     loose.clear();
 }
 
-void Scene::look(const Box& view, double pixel, Seen& seen) const {
+void Scene::look(const Box& view, double pixel, Seen& seen, const StyleTable* through) const {
+    const StyleTable& table = through ? *through : styles;
+    auto shown = [&](std::uint32_t item) { return table[items[item].style].shown; };
     seen.items.clear();
     seen.dots.clear();
     std::vector<std::uint64_t> marks((items.size() + 63) / 64);
@@ -112,8 +114,8 @@ void Scene::look(const Box& view, double pixel, Seen& seen) const {
         view, pixel, [&](std::uint32_t item) { marks[item / 64] |= std::uint64_t{1} << item % 64; },
         [&](OdGePoint2d at, const std::uint32_t* numbers, std::size_t count) {
             for (std::size_t i = 0; i < count; ++i)
-                if (const Item& item = items[numbers[i]]; styleOf(item).shown) {
-                    seen.dots.push_back({at, item.style});
+                if (shown(numbers[i])) {
+                    seen.dots.push_back({at, items[numbers[i]].style});
                     return;
                 }
         });
@@ -121,13 +123,13 @@ void Scene::look(const Box& view, double pixel, Seen& seen) const {
         for (std::uint64_t bits = marks[word]; bits; bits &= bits - 1) {
             const auto item =
                 static_cast<std::uint32_t>(word * 64) + static_cast<std::uint32_t>(std::countr_zero(bits));
-            if (styleOf(items[item]).shown) seen.items.push_back(item);
+            if (shown(item)) seen.items.push_back(item);
         }
     if (loose.empty()) return;
     // What was drawn anew later takes its entity's place among the others.
     const auto middle = static_cast<std::ptrdiff_t>(seen.items.size());
     for (const std::uint32_t item : loose)
-        if (styleOf(items[item]).shown && boxOf(items[item]).meets(view)) seen.items.push_back(item);
+        if (shown(item) && boxOf(items[item]).meets(view)) seen.items.push_back(item);
     auto before = [this](std::uint32_t a, std::uint32_t b) {
         return items[a].entity != items[b].entity ? items[a].entity < items[b].entity : a < b;
     };

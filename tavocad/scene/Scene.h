@@ -93,6 +93,11 @@ struct ViewportPicture {
     OdGePoint2d toLayout(OdGePoint2d p) const {
         return {origin.x + x.x * p.x + y.x * p.y, origin.y + x.y * p.x + y.y * p.y};
     }
+    // Nonsense for a viewport whose x and y lie on one line.
+    OdGePoint2d toModel(OdGePoint2d p) const {
+        const double size = x.x * y.y - x.y * y.x, dx = p.x - origin.x, dy = p.y - origin.y;
+        return {(dx * y.y - dy * y.x) / size, (dy * x.x - dx * x.y) / size};
+    }
 };
 
 struct Scene {
@@ -119,7 +124,8 @@ struct Scene {
         std::vector<std::uint32_t> items;
         std::vector<Dot> dots;
     };
-    void look(const Box& view, double pixel, Seen& seen) const;
+    // Through a viewport its styles say what is hidden.
+    void look(const Box& view, double pixel, Seen& seen, const StyleTable* through = nullptr) const;
     const Style& styleOf(const Item& item) const { return styles[item.style]; }
     std::wstring_view lettersOf(const Text& text) const {
         return std::wstring_view(letters).substr(text.first, text.count);

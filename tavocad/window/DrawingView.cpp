@@ -24,6 +24,7 @@ constexpr double panStep = 0.1;          // of the view, for one arrow key
 constexpr int hoverDelay = 15;           // milliseconds from the last move of the pointer
 constexpr int oneMove = 700;             // milliseconds; what follows sooner is still the same move of the view
 constexpr std::size_t mostPlaces = 30;   // to go back to
+constexpr std::size_t manyItems = 20000; // more are not smoothed
 constexpr double dragStart = 4;          // pixels; a shorter drag is a click
 constexpr QRgb insideColor = 0xFF2F7FE0; // of the window that takes what lies inside
 constexpr QRgb crossingColor = 0xFF2AA34A; // of the one that takes what it touches
@@ -177,15 +178,15 @@ QColor DrawingView::markColor() const {
 
 void DrawingView::makePicture() {
     const qreal pixels = devicePixelRatioF();
-    if (m_picture.size() != size() * pixels) m_picture = QPixmap(size() * pixels);
+    if (m_picture.size() != size() * pixels) m_picture = QImage(size() * pixels, QImage::Format_RGB32);
     m_picture.setDevicePixelRatio(pixels);
     m_picture.fill(palette().color(QPalette::Base));
-    QPainter painter(&m_picture);
-    painter.setFont(font());
     const ScenePainter view = this->view();
     const Scene::Seen seen = view.look(*m_scene);
-    view.paint(painter, *m_scene, seen);
+    view.paint(m_picture, *m_scene, seen);
     if (m_anySelected) {
+        QPainter painter(&m_picture);
+        painter.setRenderHint(QPainter::Antialiasing, seen.items.size() < manyItems);
         std::vector<std::uint32_t> items;
         std::ranges::copy_if(seen.items, std::back_inserter(items),
                              [this](std::uint32_t item) { return m_selected[m_scene->items[item].entity]; });
@@ -208,7 +209,7 @@ void DrawingView::makePicture() {
 void DrawingView::paintEvent(QPaintEvent*) {
     if (m_stale) makePicture();
     QPainter painter(this);
-    painter.drawPixmap(0, 0, m_picture);
+    painter.drawImage(0, 0, m_picture);
     if (m_hover && !m_picking && !m_boxFrom) {
         const auto& entity = m_scene->entities[m_hover->entity];
         std::vector<std::uint32_t> items(std::min<std::uint32_t>(entity.itemCount, 20000));

@@ -6,7 +6,7 @@
 #include "tavocad/window/ScenePainter.h"
 
 #include <QElapsedTimer>
-#include <QPixmap>
+#include <QImage>
 #include <QTimer>
 #include <QWidget>
 
@@ -104,7 +104,7 @@ class DrawingView : public QWidget {
     std::vector<Place> m_places; // shown before
     QElapsedTimer m_sinceMove;
 
-    QPixmap m_picture;
+    QImage m_picture;
     bool m_stale = true; // the picture is to be made anew
     bool m_lineweights = false;
 

@@ -1,5 +1,6 @@
 #include "tavocad/window/ScenePainter.h"
 
+#include "tavocad/scene/LineRaster.h"
 #include "tavocad/window/QtText.h"
 #include "tavocad/window/ReadableColor.h"
 
@@ -22,7 +23,7 @@ constexpr double markSize = 3;            // half of a point's cross, pixels
 constexpr double legibleHeight = 2.5;     // pixels; smaller text is painted as a line
 constexpr double legiblePattern = 4;      // pixels; a finer pattern is painted as a continuous line
 constexpr double pixelsPerMillimetre = 4; // of a lineweight
-constexpr std::size_t few = 50000;        // items; beyond that edges are not smoothed
+constexpr std::size_t few = 20000;        // items; beyond that lines are not smoothed
 constexpr double farOut = 1e6;            // pixels; what reaches beyond is cut to the view first
 constexpr int designSize = 64;            // pixels of the font that is scaled to a text's height
 
@@ -45,6 +46,148 @@ DesignFont designFont(const Font* wanted, const QFont& usual) {
     return {font, QFontMetricsF(font)};
 }
 
+// The angle of a chord that stays within that many pixels of its arc.
+double chordAngle(double radius, double within) {
+    return radius > within ? 2 * std::acos(1 - within / radius) : std::numbers::pi / 2;
+}
+
+// Whole, thin, continuous lines: what LineRaster paints.
+class Lines {
+  public:
+    // `clip`: device pixels outside of which nothing is painted.
+    Lines(const ScenePainter& view, const Scene& scene, const ViewportPicture* window, const QImage& image,
+          std::uint32_t* pixels, QRect clip)
+        : m_scene(scene), m_raster(canvasOf(image, pixels, clip)) {
+        const double ratio = image.devicePixelRatio(), scale = view.scale * ratio;
+        m_x = {scale, 0};
+        m_y = {0, -scale};
+        const OdGePoint2d middle{view.area.center().x() * ratio - clip.left(),
+                                 view.area.center().y() * ratio - clip.top()};
+        // The view's centre is taken off before coordinates are scaled, so that far ones keep their precision.
+        m_center = view.center;
+        m_screen = middle;
+        if (window) {
+            m_x = {window->x.x * scale, -window->x.y * scale};
+            m_y = {window->y.x * scale, -window->y.y * scale};
+            m_center = window->toModel(view.center);
+        }
+        m_scale = std::hypot(m_x.x, m_x.y);
+        m_mark = markSize * ratio;
+        const StyleTable& styles = window ? window->styles : scene.styles;
+        for (std::uint32_t i = 0; i < styles.size(); ++i) {
+            const Style& style = styles[i];
+            m_colors.push_back(view.colorOf(style.paint).rgb());
+            m_whole.push_back(style.alpha == opaque &&
+                              !(view.lineweights && style.lineweight > usualLineweight));
+            m_dashed.push_back(styles.patterns()[style.pattern].length * m_scale / ratio >= legiblePattern);
+        }
+    }
+
+    bool takes(const Item& item) const {
+        switch (item.kind) {
+        case Item::Kind::text:
+            return m_scene.texts[item.first].height * m_scale < legibleHeight;
+        case Item::Kind::area:
+            return false;
+        default:
+            return m_whole[item.style] &&
+                   (!m_dashed[item.style] || item.kind == Item::Kind::mark || item.flags & Item::solidLine);
+        }
+    }
+
+    // In painting order; they are painted from the last one on.
+    void paint(std::span<const std::uint32_t> numbers) {
+        m_raster.nextLayer();
+        for (auto number = numbers.rbegin(); number != numbers.rend(); ++number)
+            paint(m_scene.items[*number]);
+    }
+    void paint(std::span<const Scene::Dot> dots) {
+        m_raster.nextLayer();
+        for (const Scene::Dot& dot : dots)
+            m_raster.dot(at(dot.at), m_colors[dot.style]);
+    }
+
+  private:
+    static Canvas canvasOf(const QImage& image, std::uint32_t* pixels, QRect clip) {
+        const auto stride = static_cast<std::size_t>(image.bytesPerLine()) / 4;
+        if (clip.isEmpty()) return {};
+        return {pixels + static_cast<std::size_t>(clip.top()) * stride + static_cast<std::size_t>(clip.left()),
+                clip.width(), clip.height(), stride};
+    }
+
+    OdGePoint2d at(OdGePoint2d p) const {
+        const double x = p.x - m_center.x, y = p.y - m_center.y;
+        return {m_screen.x + m_x.x * x + m_y.x * y, m_screen.y + m_x.y * x + m_y.y * y};
+    }
+    OdGePoint2d turned(OdGePoint2d v) const { return {m_x.x * v.x + m_y.x * v.y, m_x.y * v.x + m_y.y * v.y}; }
+
+    void paint(const Item& item) {
+        const std::uint32_t color = m_colors[item.style];
+        const OdGePoint2d* points = m_scene.points.data() + item.first;
+        switch (item.kind) {
+        case Item::Kind::arc:
+            arc(points, color);
+            break;
+        case Item::Kind::text: {
+            const auto corners = m_scene.cornersOf(m_scene.texts[item.first]);
+            auto middle = [&](std::size_t a, std::size_t b) {
+                return at({(corners[a].x + corners[b].x) / 2, (corners[a].y + corners[b].y) / 2});
+            };
+            m_raster.line(middle(0, 3), middle(1, 2), color);
+            break;
+        }
+        case Item::Kind::mark: {
+            const OdGePoint2d p = at(points[0]);
+            m_raster.line({p.x - m_mark, p.y}, {p.x + m_mark, p.y}, color);
+            m_raster.line({p.x, p.y - m_mark}, {p.x, p.y + m_mark}, color);
+            break;
+        }
+        default: {
+            OdGePoint2d last = at(points[0]);
+            if (item.count == 1) m_raster.dot(last, color);
+            // Coordinates of a break are no numbers: no line leads there or away.
+            for (std::uint32_t i = 1; i < item.count; ++i) {
+                const OdGePoint2d next = at(points[i]);
+                m_raster.line(last, next, color);
+                last = next;
+            }
+        }
+        }
+    }
+
+    void arc(const OdGePoint2d* arc, std::uint32_t color) {
+        const OdGePoint2d center = at(arc[0]);
+        const OdGePoint2d u{arc[1].x * m_scale, -arc[1].y * m_scale},
+            v{arc[2].x * m_scale, -arc[2].y * m_scale};
+        const double wide = std::abs(u.x) + std::abs(v.x), high = std::abs(u.y) + std::abs(v.y);
+        if (m_raster.covered(center.x - wide, center.y - high, center.x + wide, center.y + high)) return;
+        const double turn = arc[3].y - arc[3].x;
+        const int chords =
+            std::clamp(static_cast<int>(turn / chordAngle(std::max(wide, high), 0.3)) + 1, 2, 4096);
+        const double c = std::cos(turn / chords), s = std::sin(turn / chords);
+        double x = std::cos(arc[3].x), y = std::sin(arc[3].x);
+        OdGePoint2d last{center.x + u.x * x + v.x * y, center.y + u.y * x + v.y * y};
+        for (int i = 0; i < chords; ++i) {
+            const double next = x * c - y * s;
+            y = x * s + y * c;
+            x = next;
+            const OdGePoint2d point{center.x + u.x * x + v.x * y, center.y + u.y * x + v.y * y};
+            m_raster.line(last, point, color);
+            last = point;
+        }
+    }
+
+    const Scene& m_scene;
+    LineRaster m_raster;
+    OdGePoint2d m_x, m_y;           // what a step of one drawing unit is, device pixels
+    OdGePoint2d m_center, m_screen; // the same point
+    double m_scale = 1;             // device pixels per drawing unit
+    double m_mark = markSize;
+    std::vector<std::uint32_t> m_colors; // of every style
+    std::vector<char> m_whole, m_dashed;
+};
+
+// Everything else.
 class Brush {
   public:
     // `window`: what is painted is seen through it, null for the scene itself.
@@ -56,14 +199,15 @@ class Brush {
         m_turn = std::atan2(window->x.y, window->x.x);
     }
 
-    void paint(const Scene::Seen& seen) {
-        for (const Scene::Dot& dot : seen.dots) {
-            if (!m_styles[dot.style].shown) continue;
+    void paint(std::span<const Scene::Dot> dots) {
+        for (const Scene::Dot& dot : dots) {
             setStyle(dot.style, false);
             m_dots.append(toScreen(dot.at));
         }
         flushBatch();
-        for (const std::uint32_t number : seen.items)
+    }
+    void paint(std::span<const std::uint32_t> numbers) {
+        for (const std::uint32_t number : numbers)
             paint(m_scene.items[number]);
         flushBatch();
     }
@@ -231,9 +375,7 @@ class Brush {
         const double from = arc[3].x, turn = arc[3].y - from;
         const double radius =
             std::max(std::hypot(arc[1].x, arc[1].y), std::hypot(arc[2].x, arc[2].y)) * m_scale;
-        // Chords that stay within a fifth of a pixel.
-        const double step = radius > 0.2 ? 2 * std::acos(1 - std::min(0.2 / radius, 1.0)) : 2;
-        const int chords = std::clamp(static_cast<int>(std::ceil(turn / step)), 2, 4096);
+        const int chords = std::clamp(static_cast<int>(turn / chordAngle(radius, 0.2)) + 1, 2, 4096);
         m_line.resize(0);
         const double c = std::cos(turn / chords), s = std::sin(turn / chords);
         double x = std::cos(from), y = std::sin(from);
@@ -369,26 +511,68 @@ Box modelBox(const ViewportPicture& window, const Box& visible) {
     box.right = std::min(box.right, visible.right);
     box.bottom = std::max(box.bottom, visible.bottom);
     box.top = std::min(box.top, visible.top);
-    const double size = window.x.x * window.y.y - window.x.y * window.y.x;
     Box model;
+    const double size = window.x.x * window.y.y - window.x.y * window.y.x;
     if (box.empty() || box.bottom > box.top || !(std::abs(size) > 0)) return model;
     for (const OdGePoint2d corner : {OdGePoint2d{box.left, box.bottom}, OdGePoint2d{box.right, box.bottom},
-                                     OdGePoint2d{box.left, box.top}, OdGePoint2d{box.right, box.top}}) {
-        const double dx = corner.x - window.origin.x, dy = corner.y - window.origin.y;
-        model.add(OdGePoint2d{(dx * window.y.y - dy * window.y.x) / size,
-                              (dy * window.x.x - dx * window.x.y) / size});
-    }
+                                     OdGePoint2d{box.left, box.top}, OdGePoint2d{box.right, box.top}})
+        model.add(window.toModel(corner));
     return model;
+}
+
+// The pixels of a window's outline when that is an upright rectangle; nothing when it is not.
+std::optional<QRect> pixelsOf(const QPolygonF& outline, double ratio) {
+    if (outline.size() != 4) return std::nullopt;
+    const QRectF box = outline.boundingRect();
+    for (const QPointF& corner : outline)
+        if ((corner.x() != box.left() && corner.x() != box.right()) ||
+            (corner.y() != box.top() && corner.y() != box.bottom()))
+            return std::nullopt;
+    return QRectF(box.topLeft() * ratio, box.size() * ratio).toAlignedRect();
+}
+
+// Runs of plain lines, and of what they are no part of, by turns. Without `lines` everything is the brush's.
+void paintSeen(const Scene& scene, const Scene::Seen& seen, Brush& brush, Lines* lines) {
+    const std::span<const std::uint32_t> items = seen.items;
+    if (!lines) {
+        brush.paint(seen.dots);
+        brush.paint(items);
+        return;
+    }
+    lines->paint(seen.dots);
+    for (std::size_t first = 0; first < items.size();) {
+        const bool plain = lines->takes(scene.items[items[first]]);
+        std::size_t past = first + 1;
+        while (past < items.size() && lines->takes(scene.items[items[past]]) == plain)
+            ++past;
+        if (plain)
+            lines->paint(items.subspan(first, past - first));
+        else
+            brush.paint(items.subspan(first, past - first));
+        first = past;
+    }
 }
 
 } // namespace
 
-void ScenePainter::paint(QPainter& painter, const Scene& scene, const Scene::Seen& seen) const {
+void ScenePainter::paint(QImage& image, const Scene& scene, const Scene::Seen& seen) const {
+    const double ratio = image.devicePixelRatio();
+    std::uint32_t* const pixels = reinterpret_cast<std::uint32_t*>(image.bits());
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    auto put = [&](const Scene& what, const Scene::Seen& view, const ViewportPicture* window,
+                   const std::optional<QRect>& clip) {
+        Brush brush(painter, *this, what, window);
+        std::optional<Lines> lines;
+        if (clip && view.items.size() + view.dots.size() >= few)
+            lines.emplace(*this, what, window, image, pixels, clip->intersected(image.rect()));
+        paintSeen(what, view, brush, lines ? &*lines : nullptr);
+    };
     for (const ViewportPicture& window : scene.viewports) {
         const Box model = modelBox(window, visibleBox());
         if (model.empty() || !window.model) continue;
         Scene::Seen through;
-        window.model->look(model, 1 / (scale * std::hypot(window.x.x, window.x.y)), through);
+        window.model->look(model, 1 / (scale * std::hypot(window.x.x, window.x.y)), through, &window.styles);
         QPolygonF outline;
         for (const OdGePoint2d& corner : window.clip)
             outline.append(toScreen(corner));
@@ -397,12 +581,10 @@ void ScenePainter::paint(QPainter& painter, const Scene& scene, const Scene::See
         clip.closeSubpath();
         painter.save();
         painter.setClipPath(clip);
-        painter.setRenderHint(QPainter::Antialiasing, through.items.size() < few);
-        Brush(painter, *this, *window.model, &window).paint(through);
+        put(*window.model, through, &window, pixelsOf(outline, ratio));
         painter.restore();
     }
-    painter.setRenderHint(QPainter::Antialiasing, seen.items.size() < few);
-    Brush(painter, *this, scene, nullptr).paint(seen);
+    put(scene, seen, nullptr, image.rect());
 }
 
 void ScenePainter::outline(QPainter& painter, const Scene& scene, std::span<const std::uint32_t> items) const {

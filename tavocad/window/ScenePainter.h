@@ -4,6 +4,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QImage>
 #include <QPainter>
 #include <QPointF>
 #include <QRectF>
@@ -20,8 +21,9 @@ struct ScenePainter {
 
     // What of the scene is in view.
     tv::scene::Scene::Seen look(const tv::scene::Scene& scene) const;
-    void paint(QPainter& painter, const tv::scene::Scene& scene, const tv::scene::Scene::Seen& seen) const;
-    void paint(QPainter& painter, const tv::scene::Scene& scene) const { paint(painter, scene, look(scene)); }
+    // Onto an image of 32 bits a pixel, which may have a device pixel ratio; `area` is the image's.
+    void paint(QImage& image, const tv::scene::Scene& scene, const tv::scene::Scene::Seen& seen) const;
+    void paint(QImage& image, const tv::scene::Scene& scene) const { paint(image, scene, look(scene)); }
     // The given items only, in the painter's pen: for highlights.
     void outline(QPainter& painter, const tv::scene::Scene& scene, std::span<const std::uint32_t> items) const;
 
