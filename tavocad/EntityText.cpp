@@ -2,6 +2,10 @@
 
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbEntity.h"
+#include "platform/drawing/entities/EntityProperties.h"
+#include "platform/host/TavoInterfaces.h"
+#include "platform/host/TavoSysvarManager.h"
+#include "platform/host/TavoUnits.h"
 #include "platform/text/Format.h"
 #include "platform/text/ResourceString.h"
 #include "platform/text/Unicode.h"
@@ -21,6 +25,41 @@ OdString lineWeightText(OdDb::LineWeight weight) {
     default:
         return format(L"%.2f mm", static_cast<int>(weight) / 100.0);
     }
+}
+
+int whole(const wchar_t* variable, int otherwise) {
+    tvedGetVar(variable, otherwise, nullptr);
+    return otherwise;
+}
+
+// A number as the program writes numbers of that kind.
+OdString numberText(double number, tv::dwg::PropertyKind kind) {
+    using tv::dwg::PropertyKind;
+    TavoInterfaces* host = getTavoInterfaces();
+    TavoUnits* units = host ? host->units() : nullptr;
+    if (units && kind == PropertyKind::kAngle)
+        return units->formatAngle(number, whole(L"AUNITS", 0), whole(L"AUPREC", 0), {});
+    if (units && (kind == PropertyKind::kLength || kind == PropertyKind::kCoordinate))
+        return units->formatLinear(number, whole(L"LUNITS", 2), whole(L"LUPREC", 4),
+                                   {whole(L"DIMZIN", 0) & 3, whole(L"UNITMODE", 0)});
+    return format(L"%.8g", number);
+}
+
+// Empty for a value the entity does not have.
+OdString valueText(const tv::dwg::Value& value, const tv::dwg::EntityProperty& property) {
+    using tv::dwg::PropertyKind;
+    if (const auto* number = std::get_if<std::int64_t>(&value)) {
+        for (const tv::dwg::PropertyChoice& choice : property.choices)
+            if (choice.value == *number) return choice.name;
+        if (property.kind == PropertyKind::kBoolean)
+            return OdString(*number ? VORD_ResourceString("IDS_TAVO_LIST_YES", L"예")
+                                    : VORD_ResourceString("IDS_TAVO_LIST_NO", L"아니요"));
+        return format(L"%d", static_cast<long long>(*number));
+    }
+    if (const auto* number = std::get_if<double>(&value)) return numberText(*number, property.kind);
+    if (const auto* text = std::get_if<OdString>(&value)) return *text;
+    if (const auto* handle = std::get_if<OdDbHandle>(&value)) return tv::text::fromUtf8(handle->ascii());
+    return {};
 }
 
 OdString handleText(const OdDbObjectId& id) {
@@ -64,5 +103,12 @@ std::vector<OdString> describeEntity(const OdDbObjectId& id) {
     if (!entity->isVisible())
         add(VORD_ResourceString("IDS_TAVO_LIST_VISIBLE", L"보임"),
             OdString(VORD_ResourceString("IDS_TAVO_LIST_NO", L"아니요")));
+    const tv::dwg::EntityKind& kind = tv::dwg::entityKindOf(id);
+    for (const auto& part : {kind.properties, kind.more})
+        for (const tv::dwg::EntityProperty& property : part) {
+            if (property.variable) continue; // a style's business, eighty of them
+            const OdString text = valueText(tv::dwg::propertyValue(id, property), property);
+            if (!text.isEmpty()) add(property.name, text);
+        }
     return lines;
 }

@@ -15,6 +15,7 @@
 #include "tavocad/DrawingScenes.h"
 #include "tavocad/Languages.h"
 #include "tavocad/NearNames.h"
+#include "tavocad/References.h"
 #include "tavocad/SceneLocator.h"
 #include "tavocad/SelectionRequests.h"
 #include "tavocad/VersionWarnings.h"
@@ -185,6 +186,7 @@ tv::Problem TavoSession::open(const std::filesystem::path& file) {
                                            L"손상된 도면 \"%s\"을(를) 읽기 전용으로 열었습니다. 편집하려면 "
                                            L"SAVEAS로 다른 이름에 저장하십시오."),
                        opened->name()));
+        tellMissingReferences(*opened->database(), *m_host->commandLine());
         return {};
     }
     if (!problems.empty()) return problems.front();

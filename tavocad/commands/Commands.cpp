@@ -8,5 +8,6 @@ void registerCommands(TavoSession& session) {
     registerUndoCommands(session);
     registerSetVarCommand(session);
     registerViewCommands(session);
+    registerXrefCommand(session);
     registerHelpCommands(session);
 }

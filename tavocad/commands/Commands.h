@@ -12,4 +12,5 @@ void registerFileCommands(TavoSession& session);     // NEW, OPEN, SAVE, SAVEAS,
 void registerUndoCommands(TavoSession& session);     // U, UNDO, REDO
 void registerSetVarCommand(TavoSession& session);
 void registerHelpCommands(TavoSession& session); // HELP, LANGUAGE
+void registerXrefCommand(TavoSession& session);
 void registerViewCommands(TavoSession& session); // ZOOM, REDRAW, REGEN
