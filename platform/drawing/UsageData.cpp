@@ -4,11 +4,11 @@
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/dxf/NameTags.h"
 #include "platform/drawing/dxf/RecordStore.h"
+#include "platform/drawing/dxf/SpellingMap.h"
 #include "platform/drawing/dxf/TableNames.h"
 #include "platform/text/Unicode.h"
 
 #include <string_view>
-#include <unordered_map>
 
 namespace tv::dwg {
 namespace {
@@ -16,28 +16,11 @@ namespace {
 constexpr const char* kTables[kNamedKinds] = {"LAYER",        "LTYPE", "STYLE", "DIMSTYLE",
                                               "BLOCK_RECORD", "APPID", "VIEW",  "UCS"};
 
-// Whether a record of a text file may end with extended data, by its last tag: only comments stand behind
-// those.
-bool endsWithXData(const DxfFormat& format, std::string_view record) {
-    const auto lineBefore = [&](std::size_t end) {
-        const std::size_t at = end == 0 ? std::string_view::npos : record.rfind(format.lineBreak, end - 1);
-        return at == std::string_view::npos ? 0 : at + 1;
-    };
-    std::size_t end = record.size();
-    if (end > 0 && record[end - 1] == format.lineBreak) --end;
-    const std::size_t value = lineBefore(end);
-    if (value == 0) return false;
-    const std::size_t code = lineBefore(value - 1);
-    // Group codes from 1000 on have four digits, those before fewer.
-    const std::string_view last = trimmed(record.substr(code, value - 1 - code));
-    return last.size() >= 4 || last == "999";
-}
-
 class Collector {
   public:
     Collector(const OdDbDatabase& database, NamedKind kind, std::vector<bool>& used)
         : m_database(const_cast<OdDbDatabase&>(database)), m_store(database.store()), m_kind(kind),
-          m_used(used) {
+          m_tags(database, kind, false), m_used(used) {
         m_table = m_store.table(kTables[static_cast<std::size_t>(kind)]);
     }
 
@@ -55,15 +38,18 @@ class Collector {
         if (m_table != kNoRecord) return m_database.tableNames().find(m_table, name);
         return m_kind == NamedKind::kBlock ? m_database.tableNames().findBlock(name) : kNoRecord;
     }
-    // Spellings lead to records; most often the same one follows.
+    // By the spelling in the file.
     RecordId findRaw(std::string_view raw) {
-        if (raw == m_lastRaw) return m_lastFound;
-        m_lastRaw = raw;
-        const auto known = m_spellings.find(raw);
-        if (known != m_spellings.end()) return m_lastFound = known->second;
-        m_lastFound = find(decodeText(m_store.format(), raw).view());
-        m_spellings.emplace(raw, m_lastFound);
-        return m_lastFound;
+        return m_spellings.get(
+            raw, [&](std::string_view name) { return find(decodeText(m_store.format(), name).view()); });
+    }
+    // Counts a name as used: once per spelling, when it is found.
+    auto counting() {
+        return [this](std::string_view name) {
+            const RecordId id = find(decodeText(m_store.format(), name).view());
+            use(id);
+            return id;
+        };
     }
     void use(RecordId id) {
         if (id != kNoRecord) m_used[id] = true;
@@ -95,41 +81,51 @@ class Collector {
     // A million entities name a layer each: only that tag is read of them.
     void layers() {
         const DxfFormat& format = m_store.format();
-        const bool text = format.encoding == Encoding::kText;
-        NameTags tags(m_database, m_kind, false);
+        if (format.encoding == Encoding::kText)
+            layersBy([&](std::string_view bytes) { return TextScanner(bytes, format.lineBreak); });
+        else
+            layersBy([&](std::string_view bytes) {
+                return BinaryScanner(bytes, format.encoding == Encoding::kBinaryR12);
+            });
+        m_spellings.flush(counting());
+    }
+
+    template <class Scan>
+    void layersBy(Scan&& scan) {
         for (RecordId id = m_store.next(RecordStore::kHead); id != kNoRecord; id = m_store.next(id)) {
             const Record& record = m_store.record(id);
-            if (record.flags & kHeaderVariable) {
-                tags.forEach(id, [&](std::size_t, const Tag& tag) { use(findRaw(tag.value)); });
-                continue;
-            }
-            if (record.flags & kStructure) continue;
-            const std::string_view bytes = m_store.text(id);
-            TagCursor cursor(format, bytes);
-            bool group = false;
-            if (record.section == Section::kEntities || record.section == Section::kBlocks)
-                for (Tag tag; cursor.next(tag) && tag.code != 1001;) {
+            if ((record.section == Section::kEntities || record.section == Section::kBlocks) &&
+                !(record.flags & kStructure)) {
+                auto scanner = scan(m_store.text(id));
+                bool group = false;
+                for (Tag tag; scanner.next(tag) == ScanResult::kTag;) {
+                    if (tag.code == 8 && !group) {
+                        m_spellings.ask(tag.value, counting());
+                        break;
+                    }
+                    if (tag.code <= 101) continue;
+                    if (tag.code == 1001) break;
                     if (tag.code == 102) group = trimmed(tag.value).starts_with('{');
-                    if (tag.code != 8 || group) continue;
-                    use(findRaw(tag.value));
-                    break;
                 }
-            if (text && !endsWithXData(format, bytes)) continue;
-            for (Tag tag; cursor.next(tag);)
-                if (tag.code == 1003) use(findRaw(tag.value));
+            }
+            if (record.flags & (kHeaderVariable | kLayerInData)) otherLayers(id);
         }
     }
 
+    // What header variables and extended data name.
+    void otherLayers(RecordId id) {
+        m_tags.forEach(id, [&](std::size_t, const Tag& tag) { m_spellings.get(tag.value, counting()); });
+    }
+
     void everything() {
-        NameTags tags(m_database, m_kind, false);
         const RecordId standard = find(L"Standard");
         for (RecordId id = m_store.next(RecordStore::kHead); id != kNoRecord; id = m_store.next(id)) {
             bool named = false;
-            tags.forEach(id, [&](std::size_t, const Tag& tag) {
+            m_tags.forEach(id, [&](std::size_t, const Tag& tag) {
                 named = true;
                 useFrom(id, findRaw(tag.value));
             });
-            if (!named && tags.missingMeansStandard(id)) use(standard);
+            if (!named && m_tags.missingMeansStandard(id)) use(standard);
             if (m_store.record(id).flags & (kStructure | kHeaderVariable)) continue;
             TagCursor cursor = m_store.tags(id);
             for (Tag tag; cursor.next(tag);)
@@ -170,12 +166,10 @@ class Collector {
     OdDbDatabase& m_database;
     const RecordStore& m_store;
     NamedKind m_kind;
+    NameTags m_tags;
     std::vector<bool>& m_used;
     RecordId m_table = kNoRecord;
-    std::string_view m_lastRaw;
-    RecordId m_lastFound = kNoRecord;
-    // Views of the records' bytes, which stay while the pass goes on.
-    std::unordered_map<std::string_view, RecordId> m_spellings;
+    SpellingMap m_spellings; // the records' bytes stay while the pass goes on
 };
 
 } // namespace

@@ -168,4 +168,10 @@ TEST(UsageData, RecordsAreInUseWhenSomethingRefersToThem) {
     EXPECT_EQ(db->getOdDbObjectId(0x82).open<OdDbEntity>(OdDb::kForWrite)->setLayer(L"New"), Tavo::eOk);
     db->layers()->generateUsageData();
     EXPECT_TRUE(added.open<OdDbLayerTableRecord>()->isInUse());
+    auto data = OdResBuf::newRb(OdResBuf::kDxfRegAppName, OdString(L"KX"));
+    data->append(OdResBuf::newRb(OdResBuf::kDxfXdLayerName, OdString(L"idle")));
+    EXPECT_EQ(db->getOdDbObjectId(0x82).openObject(OdDb::kForWrite)->setXData(data.get()), Tavo::eOk);
+    EXPECT_EQ(used(NamedKind::kLayer, {0x23}), "1");
+    EXPECT_TRUE(db->undo());
+    EXPECT_EQ(used(NamedKind::kLayer, {0x23}), "0");
 }

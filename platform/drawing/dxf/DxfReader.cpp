@@ -74,6 +74,9 @@ class IndexBuilder {
         case 67:
             if (m_section == Section::kEntities && isOne(tag.value)) m_records.back().flags |= kPaperSpace;
             break;
+        case 1003:
+            m_records.back().flags |= kLayerInData;
+            break;
         default:
             break;
         }

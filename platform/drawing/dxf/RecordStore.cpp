@@ -259,6 +259,8 @@ void RecordStore::refresh(RecordId id) {
         } else if (tag.code == 67 && r.section == Section::kEntities) {
             if (integerOf(m_format, tag) == 1) r.flags |= kPaperSpace;
         } else if (tag.code == 1001) {
+            while (cursor.next(tag))
+                if (tag.code == 1003) r.flags |= kLayerInData;
             break;
         }
     }

@@ -27,6 +27,7 @@ enum RecordFlag : std::uint8_t {
     kSubEntity = 4,  // VERTEX, ATTRIB, SEQEND: belongs to the main entity before it
     kStructure = 8,  // marks of sections and tables, what stands before the first and behind the last record
     kHeaderVariable = 16,
+    kLayerInData = 32, // its extended data name a layer
 };
 
 // One record: from a group code 0 to the next, or a header variable from its group code 9 to the next. The
