@@ -61,7 +61,12 @@ class Writer {
         var("CELTYPE", 6, m_full ? "ByLayer" : "BYLAYER");
         var("CECOLOR", 62, "256");
         if (m_full) var("CELTSCALE", 40, "1.0");
+        // The drawing's own dimension variables say what its style does.
+        for (const auto& [name, code, value] : kDimensions)
+            if (std::string(name) != "DIMGAP") var(name, code > 70 && code < 80 ? 70 : 40, value);
         var("DIMSTYLE", 2, m_full ? "Standard" : "STANDARD");
+        var("DIMGAP", 40, "0.625");
+        if (m_full) var("DIMTXSTY", 7, "Standard");
         var("LUNITS", 70, "2");
         var("LUPREC", 70, "4");
         var("AUNITS", 70, "0");
@@ -72,6 +77,7 @@ class Writer {
         var("HANDSEED", 5, hex(m_nextHandle));
         var("TILEMODE", 70, "1");
         if (m_full) {
+            var("CMLSTYLE", 2, "Standard");
             var("MEASUREMENT", 70, "1");
             var("CELWEIGHT", 370, "-1");
             var("LWDISPLAY", 290, "0");
@@ -84,6 +90,7 @@ class Writer {
     void sections() {
         if (m_full) {
             start("CLASSES");
+            classes();
             tag(0, "ENDSEC");
         }
         start("TABLES");
@@ -103,6 +110,27 @@ class Writer {
         }
         tag(0, "EOF");
     }
+
+    // The kinds of objects that a reader has to be told about.
+    void classes() {
+        const auto one = [&](const char* name, const char* type, int flags, int count) {
+            tag(0, "CLASS");
+            tag(1, name);
+            tag(2, type);
+            tag(3, "ObjectDBX Classes");
+            tag(90, flags);
+            if (m_version >= DxfVersion::kR2004) tag(91, count);
+            tag(280, 0);
+            tag(281, 0);
+        };
+        one("ACDBDICTIONARYWDFLT", "AcDbDictionaryWithDefault", 0, 1);
+        if (m_version < DxfVersion::kR2004) {
+            one("ACDBPLACEHOLDER", "AcDbPlaceHolder", 0, 1);
+            one("LAYOUT", "AcDbLayout", 0, 2);
+        }
+        if (hasScales()) one("SCALE", "AcDbScale", 1153, 1);
+    }
+    bool hasScales() const { return m_version >= DxfVersion::kR2007; }
 
     // Start of a table; its records hang below the handle kept in m_table.
     void table(const char* name, int count) {
@@ -173,7 +201,7 @@ class Writer {
         tag(0, "ENDTAB");
 
         table("STYLE", 1);
-        record("STYLE", "AcDbTextStyleTableRecord", "Standard");
+        m_textStyle = record("STYLE", "AcDbTextStyleTableRecord", "Standard");
         points({{70, "0"}, {40, "0.0"}, {41, "1.0"}, {50, "0.0"}, {71, "0"}, {42, "2.5"}, {3, "txt"}, {4, ""}});
         tag(0, "ENDTAB");
 
@@ -187,17 +215,11 @@ class Writer {
         tag(0, "ENDTAB");
         table("DIMSTYLE", 1);
         record("DIMSTYLE", "AcDbDimStyleTableRecord", m_full ? "Standard" : "STANDARD", 105);
+        tag(70, 0);
         if (!m_full) points({{3, ""}, {4, ""}, {5, ""}, {6, ""}, {7, ""}});
-        points({{70, "0"},
-                {40, "1.0"},
-                {41, "2.5"},
-                {42, "0.625"},
-                {43, "3.75"},
-                {44, "1.25"},
-                {140, "2.5"},
-                {141, "2.5"},
-                {147, "0.625"},
-                {77, "1"}});
+        for (const auto& [name, code, value] : kDimensions)
+            tag(code, value);
+        if (m_full) tag(340, hex(m_textStyle));
         tag(0, "ENDTAB");
 
         if (!m_full) return;
@@ -243,7 +265,10 @@ class Writer {
         const int root = fresh();
         const int groups = fresh();
         const int layouts = fresh();
+        const int lines = fresh();
+        const int settings = fresh();
         const int plotStyles = fresh();
+        const int scales = hasScales() ? fresh() : 0;
         const auto entry = [&](const char* name, int handle) {
             tag(3, name);
             tag(350, hex(handle));
@@ -252,19 +277,50 @@ class Writer {
         tag(281, 1);
         entry("ACAD_GROUP", groups);
         entry("ACAD_LAYOUT", layouts);
+        entry("ACAD_MLINESTYLE", lines);
+        entry("ACAD_PLOTSETTINGS", settings);
         entry("ACAD_PLOTSTYLENAME", plotStyles);
+        if (scales) entry("ACAD_SCALELIST", scales);
         object("DICTIONARY", groups, root, "AcDbDictionary");
         tag(281, 1);
         object("DICTIONARY", layouts, root, "AcDbDictionary");
         tag(281, 1);
         entry("Model", m_layouts[0]);
         entry("Layout1", m_layouts[1]);
+        const int line = fresh();
+        object("DICTIONARY", lines, root, "AcDbDictionary");
+        tag(281, 1);
+        entry("Standard", line);
+        object("DICTIONARY", settings, root, "AcDbDictionary");
+        tag(281, 1);
         object("ACDBDICTIONARYWDFLT", plotStyles, root, "AcDbDictionary");
         tag(281, 1);
         entry("Normal", m_plotStyle);
         tag(100, "AcDbDictionaryWithDefault");
         tag(340, hex(m_plotStyle));
         object("ACDBPLACEHOLDER", m_plotStyle, plotStyles, nullptr);
+        object("MLINESTYLE", line, lines, "AcDbMlineStyle");
+        points({{2, "STANDARD"},
+                {70, "0"},
+                {3, ""},
+                {62, "256"},
+                {51, "90.0"},
+                {52, "90.0"},
+                {71, "2"},
+                {49, "0.5"},
+                {62, "256"},
+                {6, "BYLAYER"},
+                {49, "-0.5"},
+                {62, "256"},
+                {6, "BYLAYER"}});
+        if (scales) {
+            const int whole = fresh();
+            object("DICTIONARY", scales, root, "AcDbDictionary");
+            tag(281, 1);
+            entry("A0", whole);
+            object("SCALE", whole, scales, "AcDbScale");
+            points({{70, "0"}, {300, "1:1"}, {140, "1.0"}, {141, "1.0"}, {290, "1"}});
+        }
         for (int i = 0; i < 2; ++i)
             layout(i, layouts);
     }
@@ -304,6 +360,21 @@ class Writer {
         tag(330, hex(m_blocks[n]));
     }
 
+    // What a metric dimension style sets: header variable, group code in the style, value.
+    struct Dimension {
+        const char* name;
+        int code;
+        const char* value;
+    };
+    static constexpr std::array<Dimension, 9> kDimensions = {{{"DIMSCALE", 40, "1.0"},
+                                                              {"DIMASZ", 41, "2.5"},
+                                                              {"DIMEXO", 42, "0.625"},
+                                                              {"DIMDLI", 43, "3.75"},
+                                                              {"DIMEXE", 44, "1.25"},
+                                                              {"DIMTXT", 140, "2.5"},
+                                                              {"DIMCEN", 141, "2.5"},
+                                                              {"DIMTAD", 77, "1"},
+                                                              {"DIMGAP", 147, "0.625"}}};
     static constexpr std::array<const char*, 2> kBlockNames = {"*Model_Space", "*Paper_Space"};
 
     bool m_full; // with handles, subclasses and objects
@@ -312,6 +383,7 @@ class Writer {
     int m_nextHandle = 1;
     int m_table = 0;
     int m_plotStyle = 0;
+    int m_textStyle = 0;
     std::array<int, 2> m_blocks{};
     std::array<int, 2> m_layouts{};
 };

@@ -208,6 +208,7 @@ TEST(TableRecords, TheDrawingsDimensionVariablesAreComparedWithTheCurrentStyle) 
             names.emplace_back(variable->name);
         return names;
     };
+    EXPECT_THAT(differences(), testing::IsEmpty()) << "in a new drawing";
     const auto set = [&](const wchar_t* name, const tv::dwg::HeaderValue& value) {
         EXPECT_FALSE(db->setHeaderVar(name, value)) << name;
     };
