@@ -107,6 +107,16 @@ RecordId RecordStore::endOfTable(RecordId table) const {
     return id;
 }
 
+RecordId RecordStore::endOfBlock(RecordId begin) const {
+    if (m_blockEnd.first == begin && !isErased(m_blockEnd.second)) return m_blockEnd.second;
+    RecordId id = m_records[begin].next;
+    while (id != kNoRecord && m_records[id].owner == begin && m_records[id].type != kTypeEndBlk)
+        id = m_records[id].next;
+    if (id == kNoRecord || m_records[id].owner != begin) return kNoRecord;
+    m_blockEnd = {begin, id};
+    return id;
+}
+
 bool RecordStore::replace(RecordId id, std::string bytes) {
     if (!writable() || isErased(id) || id == kHead) return false;
     if (text(id) == bytes) return true;

@@ -86,6 +86,8 @@ class KXPLATFORM_EXPORT RecordStore {
     // The ENDSEC or ENDTAB that closes it, or the record the group ends before; kNoRecord at the file's end.
     RecordId endOfSection(RecordId section) const;
     RecordId endOfTable(RecordId table) const;
+    // The ENDBLK that ends the definition a BLOCK record begins; kNoRecord when it lacks one.
+    RecordId endOfBlock(RecordId begin) const;
 
     // The parts of the file in order, adjoining parts as one.
     template <class Sink>
@@ -151,6 +153,7 @@ class KXPLATFORM_EXPORT RecordStore {
     mutable bool m_structureKnown = true;
     // The table whose end was asked for last, and its ENDTAB: adding ten thousand layers asks as often.
     mutable std::pair<RecordId, RecordId> m_tableEnd{kNoRecord, kNoRecord};
+    mutable std::pair<RecordId, RecordId> m_blockEnd{kNoRecord, kNoRecord};
     // The same for the last section of each kind.
     using Ends = std::array<std::pair<RecordId, RecordId>, 8>;
     static constexpr Ends noEnds() {
