@@ -142,8 +142,14 @@ TEST(NewEntities, AreReadBackInEveryVersionAndPlace) {
                 EXPECT_EQ(insert->attribute(L"tag").open<OdDbAttribute>()->textString(), L"value");
             }
             if (const auto dimension = id.open<OdDbDimension>()) {
-                EXPECT_EQ((OdGePoint3d{dimension->realAt(10), dimension->realAt(20), 0}),
-                          (OdGePoint3d{10, 20, 0}));
+                EXPECT_EQ((OdGePoint2d{dimension->realAt(10), dimension->realAt(20)}), (OdGePoint2d{10, 20}));
+                const auto shown = dimension->dimBlockId().open<OdDbBlockTableRecord>();
+                ASSERT_TRUE(shown);
+                EXPECT_TRUE(shown->isAnonymous());
+                std::wstring said;
+                for (const OdDbObjectId part : shown->entities())
+                    if (const auto number = part.open<OdDbText>()) said = number->textString().wstr();
+                EXPECT_EQ(said, L"10.0000 m");
             }
         }
         while (db->undo())

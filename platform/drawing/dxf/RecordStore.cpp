@@ -275,7 +275,8 @@ void RecordStore::refresh(RecordId id) {
         }
     }
     if (r.type != oldType && (oldType == kTypeSection || oldType == kTypeTable)) forgetStructure();
-    if (r.handle != oldHandle) m_handles.clear();
+    // A record that isn't linked yet is in no index.
+    if (r.handle != oldHandle && !kept) m_handles.clear();
 }
 
 void RecordStore::notify(ChangeKind kind, RecordId id) {

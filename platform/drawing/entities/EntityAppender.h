@@ -25,5 +25,7 @@ HomePlace findPlace(const EntityHome& home);
 Tavo::ErrorStatus checkHome(const EntityHome& home);
 // Whether the block is, or holds anywhere in its inserts, the block the home is in.
 bool holdsHome(const EntityHome& home, std::wstring_view block);
+// Makes the block that shows a new dimension and names it there.
+void showDimension(OdDbObjectId dimension, const NewDimension& shape);
 
 } // namespace tv::dwg

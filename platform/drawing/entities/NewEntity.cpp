@@ -355,10 +355,15 @@ class Write {
     }
 
   private:
+    // The style given, else the current one; where the drawing lacks that, the usual one.
     OdString styleOr(const OdString& style, const wchar_t* variable) const {
         if (!style.isEmpty()) return style;
+        OdDbDatabase& database = w.database();
+        const bool text = std::wstring_view(variable) == L"TEXTSTYLE";
+        const auto table =
+            (text ? database.getTextStyleTableId() : database.getDimStyleTableId()).open<OdDbSymbolTable>();
         const OdString current = m_current.text(variable);
-        return current.isEmpty() ? OdString(L"STANDARD") : current;
+        return !current.isEmpty() && table && table->has(current.view()) ? current : OdString(L"Standard");
     }
 
     void lightPolyline(const PolylineGeometry& p) {
@@ -444,6 +449,7 @@ AppendResult appendEntity(const EntityHome& home, const NewEntity& shape) {
         if (last == kNoRecord) return {Tavo::eReadOnly, {}};
         if (made.isNull()) made = {&database, last};
     }
+    if (const auto* dimension = std::get_if<NewDimension>(&shape)) showDimension(made, *dimension);
     // A definition says that it has attributes.
     if (std::holds_alternative<NewAttributeDefinition>(shape) && place.owner != kNoRecord) {
         const OdDbObjectPtr begin = OdDbObjectId(&database, place.owner).openObject(OdDb::kForWrite);

@@ -48,7 +48,8 @@ struct NewAttributeDefinition {
     TextGeometry text; // its text is the default value
     bool constant = false, verify = false, preset = false;
 };
-// A linear dimension. The block that shows it is left to the programs that draw dimensions.
+// A linear dimension. The block that shows it is made in a plain manner: lines, arrow heads and the measurement
+// by the style's sizes and decimals.
 struct NewDimension {
     bool aligned = false; // else turned by `rotation`
     OdGePoint3d first, second;
