@@ -50,6 +50,7 @@ bool RecordEditor::set(std::size_t i, const Value& value) {
 }
 
 bool RecordEditor::insert(std::size_t before, int code, const Value& value) {
+    if (before == 0 || before > m_tags.size()) return false; // nothing stands before the type
     const auto raw = rawValue(m_format, code, value);
     if (!raw) return false;
     // The file's last line may lack its end; a tag that follows needs one.

@@ -29,6 +29,7 @@ class KXPLATFORM_EXPORT RecordEditor {
     // False when the value doesn't fit the tag's group code; nothing is changed then. Setting the value it has
     // already changes nothing either.
     bool set(std::size_t i, const Value& value);
+    // Also false for a place before the first tag or behind the last.
     bool insert(std::size_t before, int code, const Value& value);
     void erase(std::size_t i);
 
