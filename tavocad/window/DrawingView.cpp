@@ -60,8 +60,9 @@ void DrawingView::setSelection(const TavoSelectionSet& selection) {
 void DrawingView::markSelected() {
     m_selected.assign(m_scene->entities.size(), false);
     m_anySelected = false;
-    for (const OdDbObjectId& id : m_selection.ids())
-        if (const auto entity = m_scene->entityOf(id)) m_selected[*entity] = m_anySelected = true;
+    if (m_selection.empty()) return;
+    for (std::uint32_t i = 0; i < m_selected.size(); ++i)
+        if (m_selection.has(m_scene->idOf(i))) m_selected[i] = m_anySelected = true;
 }
 
 void DrawingView::setLineweights(bool shown) {

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <map>
 
 using testing::HasSubstr;
 
@@ -91,8 +92,26 @@ TEST_F(SelectionCommands, ListSaysWhatIsThere) {
     const std::wstring text = said();
     EXPECT_THAT(text, HasSubstr(L"LINE  핸들: A2  도면층: \"0\""));
     EXPECT_THAT(text, HasSubstr(L"색상: 1\n"));
+    EXPECT_THAT(text, HasSubstr(L"StartX: 8.0000\n")) << "lengths as the drawing's units have them";
     EXPECT_EQ(session.enterLine(L"LIST FFFF"), RTERROR);
     EXPECT_EQ(session.enterLine(L"LIST none"), RTCAN);
+}
+
+// Geometry is the scene's also without a window: what is inside, what is touched, and what is near a point.
+TEST_F(SelectionCommands, PlacesChooseWithoutAWindow) {
+    const auto replies =
+        run("{\"do\":\"select\",\"by\":\"window\",\"points\":[[7,13],[13,7]]}\n"
+            "{\"do\":\"select\",\"by\":\"crossing\",\"points\":[[0.5,0],[8,8]],\"mode\":\"add\"}\n"
+            "{\"do\":\"select\",\"by\":\"fence\",\"points\":[[0,1],[2,0],[5,4.5]]}\n"
+            "{\"do\":\"select\",\"by\":\"windowPolygon\",\"points\":[[-1,-1],[5,-1],[5,5],[-1,5]]}\n"
+            "{\"do\":\"select\",\"by\":\"point\",\"points\":[[6.1,5]],\"tolerance\":0.2}\n"
+            "{\"do\":\"select\",\"by\":\"window\",\"points\":[[0,0]]}\n"
+            "{\"do\":\"select\",\"by\":\"sideways\"}\n{\"do\":\"getselection\"}\n");
+    for (const auto& [reply, count] : std::map<std::size_t, int>{{0, 1}, {1, 3}, {2, 2}, {3, 1}, {4, 1}})
+        EXPECT_EQ(replies[reply]["selected"], count) << reply;
+    EXPECT_FALSE(replies[5]["ok"].get<bool>());
+    EXPECT_THAT(replies[6]["error"].get<std::string>(), HasSubstr("crossingPolygon"));
+    EXPECT_EQ(replies[7]["handles"], nlohmann::ordered_json{"A3"}) << "refusals change nothing";
 }
 
 // A file that somebody else wrote meanwhile is not written over unasked.
