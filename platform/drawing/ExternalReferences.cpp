@@ -168,7 +168,8 @@ fs::path findReferencedFile(const fs::path& drawing, std::wstring_view path,
     const Parts name = {parts.back()};
     if (rooted)
         if (fs::path found = walkDownToText("/", parts); !found.empty()) return found;
-    std::vector<fs::path> all = {drawing.parent_path().empty() ? fs::path(".") : drawing.parent_path()};
+    std::vector<fs::path> all;
+    if (!drawing.empty()) all.push_back(drawing.parent_path().empty() ? fs::path(".") : drawing.parent_path());
     all.insert(all.end(), folders.begin(), folders.end());
     for (const fs::path& folder : all) {
         if (!rooted)
@@ -241,9 +242,10 @@ struct ExternalReferences::Impl {
 
     void tell(const ExternalReference& reference) {
         // Who unloads a reference knows it.
-        if (!reference.problem || reference.status == XrefStatus::kUnloaded) return;
-        if (shared->told.insert(reference.problem.sentence).second)
-            shared->problems.push_back(reference.problem);
+        if (reference.problem && reference.status != XrefStatus::kUnloaded) tell(reference.problem);
+    }
+    void tell(const tv::Problem& problem) {
+        if (shared->told.insert(problem.sentence).second) shared->problems.push_back(problem);
     }
 };
 
@@ -285,7 +287,10 @@ OdDbDatabasePtr ExternalReferences::load(OdDbObjectId block) {
             file.database->setReadOnly(true);
         else if (!opened.problems.empty())
             file.why = opened.problems.front().sentence;
-        if (!file.database) m_impl->tell(m_impl->find(block));
+        if (!file.database)
+            m_impl->tell(m_impl->find(block));
+        else if (!opened.problems.empty())
+            m_impl->tell(opened.problems.front());
     }
     return file.database;
 }

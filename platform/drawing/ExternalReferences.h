@@ -68,7 +68,8 @@ class KXPLATFORM_EXPORT ExternalReferences {
     void unload(OdDbObjectId block);
     void reload(OdDbObjectId block);
 
-    // What was wrong with the references asked for so far, here and below, each once.
+    // What was wrong with the references asked for so far, here and below, and the first damage of each file
+    // read; each once.
     std::vector<tv::Problem> takeProblems();
 
     // Records that come from a reference carry its name: "plan|Walls" is the layer "Walls" of the drawing

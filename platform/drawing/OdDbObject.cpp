@@ -2,7 +2,6 @@
 
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbDictionary.h"
-#include "platform/drawing/OdDbSymbolTable.h"
 #include "platform/drawing/dxf/NewObject.h"
 #include "platform/drawing/dxf/ObjectGroups.h"
 #include "platform/drawing/dxf/OwnTags.h"
@@ -65,11 +64,12 @@ Tavo::ErrorStatus OdDbObject::setXData(const OdResBuf* chain) {
     if (const auto status = replaceXData(record, chain); status != Tavo::eOk) return status;
     if (!record.edited()) return Tavo::eOk;
     const OdDbUndoScope step(*database(), L"XDATA");
-    const auto applications = database()->getRegAppTableId().open<OdDbSymbolTable>(OdDb::kForWrite);
-    for (const OdResBuf* buffer = chain; buffer && applications; buffer = buffer->next().get())
+    // A drawing without a table of applications does without.
+    const bool registers = !database()->getRegAppTableId().isNull();
+    for (const OdResBuf* buffer = chain; buffer && registers; buffer = buffer->next().get())
         if (buffer->restype() == OdResBuf::kDxfRegAppName && buffer->next() &&
             buffer->next()->restype() != OdResBuf::kDxfRegAppName)
-            applications->add(buffer->getString().view());
+            database()->newRegApp(buffer->getString().view());
     store.replace(m_id.record(), record.bytes());
     return Tavo::eOk;
 }

@@ -57,7 +57,7 @@ class KXPLATFORM_EXPORT OdDbViewport : public OdDbEntity {
     // The style sheet of its own, group code 1.
     OdString plotStyleSheet() const { return textAt(1); }
 
-    // In file order, without those the drawing lacks.
+    // In file order, without those the drawing lacks. Who asks about many layers asks for all of them once.
     std::vector<OdDbObjectId> frozenLayers() const;
     bool isLayerFrozenInViewport(OdDbObjectId layer) const;
     // One change for all; those frozen or thawed already are left alone. eInvalidInput for what is no layer of

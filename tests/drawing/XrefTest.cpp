@@ -163,3 +163,16 @@ TEST(Xrefs, CirclesEndAndOverlaysStayBelow) {
     EXPECT_EQ(depth, 16);
     EXPECT_EQ(row->takeProblems().size(), 1u);
 }
+
+TEST(Xrefs, TheSampleHasOneOfEachKind) {
+    const auto opened = OdDbDatabase::open(fs::path(KX_SOURCE_DIR) / "samples" / "xref" / "site_plan.dxf");
+    ASSERT_TRUE(opened.database && opened.problems.empty());
+    ExternalReferences references(*opened.database);
+    std::vector<bool> loaded;
+    for (const ExternalReference& one : references.list())
+        loaded.push_back(references.load(one.block) != nullptr);
+    EXPECT_THAT(loaded, testing::ElementsAre(true, true, false));
+    const OdDbObjectId trees = references.sourceOf(opened.database->layers()->getAt(L"survey|Trees"));
+    ASSERT_FALSE(trees.isNull());
+    EXPECT_EQ(trees.open<OdDbLayerTableRecord>()->color().colorIndex(), 94);
+}

@@ -10,19 +10,25 @@ namespace {
 
 using enum OdDb::DxfVersion;
 
-bool knowsOwners(OdDb::DxfVersion version) { return version == kUnknown || version >= kR2000; }
+// From R2000 on; before, as the root does, which programs of those days write either way.
+bool namesOwners(const OdDbDatabase& database) {
+    const OdDb::DxfVersion version = database.store().format().version;
+    if (version == kUnknown || version >= kR2000) return true;
+    const OdDbObjectPtr root = database.getNamedObjectsDictionaryId().openObject();
+    return root && root->find(330);
+}
 
 // The handle's tag and, where the version has it, the owner's; the owner as reactor in between.
-void writeHead(TagWriter& tags, const DxfFormat& format, std::string_view type, OdDbHandle handle,
+void writeHead(TagWriter& tags, const OdDbDatabase& database, std::string_view type, OdDbHandle handle,
                OdDbHandle owner, bool reactor) {
     tags.name(0, type).name(5, handle.ascii());
     if (reactor && !owner.isNull()) tags.name(102, "{ACAD_REACTORS").name(330, owner.ascii()).name(102, "}");
-    if (knowsOwners(format.version)) tags.name(330, owner.ascii());
+    if (namesOwners(database)) tags.name(330, owner.ascii());
 }
 
 void writeDictionaryTags(TagWriter& tags, const DxfFormat& format, bool hard) {
     tags.name(100, "AcDbDictionary");
-    if (!knowsOwners(format.version)) return;
+    if (format.version != kUnknown && format.version < kR2000) return;
     if (hard) tags.tag(280, 1);
     tags.tag(281, 1);
 }
@@ -71,7 +77,7 @@ Tavo::ErrorStatus ensureObjects(OdDbDatabase& database) {
         store.insertAfter(section, TagWriter(format).name(0, "ENDSEC").take(), Section::kObjects, kNoRecord);
     }
     TagWriter root(format);
-    writeHead(root, format, "DICTIONARY", handle, {}, false);
+    writeHead(root, database, "DICTIONARY", handle, {}, false);
     writeDictionaryTags(root, format, false);
     store.insertAfter(section, root.take(), Section::kObjects, kNoRecord);
     return Tavo::eOk;
@@ -113,7 +119,7 @@ NewObject::NewObject(OdDbDatabase& database, std::string_view type, OdDbHandle o
         return;
     }
     ensureClass(database, type);
-    writeHead(m_tags, database.store().format(), type, m_handle, owner, reactor);
+    writeHead(m_tags, database, type, m_handle, owner, reactor);
 }
 
 OdDbObjectId NewObject::add(OdDbObjectId near) {

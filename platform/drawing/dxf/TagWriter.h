@@ -23,6 +23,7 @@ class TagWriter {
     }
     TagWriter& tag(int code, int value) { return tag(code, Value(std::int64_t{value})); }
     TagWriter& tag(int code, std::wstring_view text) { return tag(code, Value(OdString(text))); }
+    TagWriter& tag(int code, const wchar_t* text) { return tag(code, std::wstring_view(text)); }
     // Three tags: the coordinates' codes are ten apart.
     TagWriter& point(int code, const OdGePoint3d& at) {
         return tag(code, Value(at.x)).tag(code + 10, Value(at.y)).tag(code + 20, Value(at.z));
