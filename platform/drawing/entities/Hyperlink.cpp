@@ -78,6 +78,12 @@ Tavo::ErrorStatus writable(OdDbObjectId id) {
 std::optional<Hyperlink> hyperlinkOf(OdDbObjectId entity) {
     if (entity.isErased()) return std::nullopt;
     const RecordStore& store = entity.database()->store();
+    // Few entities have one: the others are only looked through.
+    bool linked = false;
+    TagCursor tags = store.tags(entity.record());
+    for (Tag tag; !linked && tags.next(tag);)
+        linked = tag.code == 1001 && text::equalNoCase(textOf(store.format(), tag).view(), kApplication);
+    if (!linked) return std::nullopt;
     const RecordEditor record(store.format(), store.text(entity.record()));
     const Places places = placesIn(record);
     if (places.begin == kNone) return std::nullopt;
