@@ -9,20 +9,15 @@
 #include "platform/drawing/OdDbEntity.h"
 #include "platform/drawing/OdDbGroup.h"
 #include "platform/drawing/OdDbLayerTable.h"
-<<<<<<< HEAD
 #include "platform/drawing/OdDbLayout.h"
 #include "platform/drawing/OdDbLinetypeTable.h"
 #include "platform/drawing/OdDbTextStyleTable.h"
 #include "platform/drawing/OdDbXrecord.h"
 #include "platform/drawing/UsageData.h"
+#include "platform/drawing/entities/EntityProperties.h"
 #include "platform/drawing/entities/EntityTexts.h"
 #include "platform/drawing/entities/Hyperlink.h"
 #include "tests/drawing/RandomEdits.h"
-=======
-#include "platform/drawing/entities/EntityProperties.h"
-#include "platform/drawing/entities/EntityTexts.h"
-#include "platform/drawing/entities/NewEntity.h"
->>>>>>> 3ca19d6 (Fuzzing looks at properties and texts and adds entities; the guide says what entities can do)
 
 #include <cstddef>
 #include <cstdint>
@@ -62,7 +57,6 @@ void look(OdDbDatabase& database) {
             entity->linetypeId();
             entity->color();
             entity->plotStyleName();
-            tv::dwg::textFieldsOf(id);
             for (const tv::dwg::EntityProperty* property : tv::dwg::propertiesOf(tv::dwg::entityKindOf(id)))
                 tv::dwg::propertyValue(id, *property);
         }
@@ -94,41 +88,8 @@ void edit(OdDbDatabase& database, const std::string& bytes) {
         return at < bytes.size() ? static_cast<unsigned char>(bytes[at++]) % below : 0;
     };
     database.setHeaderVar(L"LUNITS", tv::dwg::HeaderValue::integer(3));
-<<<<<<< HEAD
     while (at < bytes.size())
         drawings::editAnything(database, choose);
-=======
-    database.setHeaderVar(L"INSBASE", tv::dwg::HeaderValue::point(OdGePoint3d{1, 2, 3}));
-    database.setHeaderVar(L"ACADVER", tv::dwg::HeaderValue::text(L"AC1015"));
-    if (const auto layers = database.layers(OdDb::kForWrite)) {
-        layers->add(L"added");
-        if (const auto layer = layers->first().open<OdDbLayerTableRecord>(OdDb::kForWrite)) {
-            layer->setColor(OdCmColor::byIndex(30));
-            layer->setName(L"renamed \u00e9");
-        }
-    }
-    OdDbObjectId first;
-    int left = 20;
-    for (const OdDbObjectId id : database.modelSpace()) {
-        if (first.isNull()) first = id;
-        if (left-- == 0) break;
-        for (const tv::dwg::TextField& field : tv::dwg::textFieldsOf(id))
-            tv::dwg::setTextField(field, L"changed \u00e9");
-        for (const tv::dwg::EntityProperty* property : tv::dwg::propertiesOf(tv::dwg::entityKindOf(id))) {
-            tv::dwg::setPropertyValue(id, *property, 1.5);
-            tv::dwg::setPropertyValue(id, *property, std::int64_t{1});
-        }
-    }
-    const auto space = tv::dwg::EntityHome::modelSpace(database);
-    tv::dwg::copyEntity(first, tv::dwg::EntityHome::paperSpace(database));
-    tv::dwg::appendEntity(space, tv::dwg::LineGeometry{});
-    tv::dwg::appendEntity(space, tv::dwg::NewDimension{false, {}, {1, 0, 0}, {0, 1, 0}, 0, {}, {}});
-    if (const auto entity = first.open<OdDbEntity>(OdDb::kForWrite)) {
-        entity->setColor(OdCmColor::byIndex(1));
-        entity->setVisible(false);
-        entity->erase();
-    }
->>>>>>> 3ca19d6 (Fuzzing looks at properties and texts and adds entities; the guide says what entities can do)
 }
 
 } // namespace
