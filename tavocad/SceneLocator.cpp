@@ -17,7 +17,7 @@ void append(const Scene& scene, const std::vector<std::uint32_t>& entities, std:
 } // namespace
 
 void SceneLocator::everything(const OdDbDatabasePtr& database, std::vector<OdDbObjectId>& ids) {
-    for (const OdDbObjectId id : database->modelSpace())
+    for (const OdDbObjectId id : m_scenes.entitiesOf(database))
         ids.push_back(id);
 }
 

@@ -1,5 +1,7 @@
 #include "tavocad/commands/Commands.h"
 
+#include "platform/drawing/OdDbDatabase.h"
+#include "platform/drawing/OdDbLayout.h"
 #include "platform/host/TavoCommandLine.h"
 #include "platform/host/TavoDisplay.h"
 #include "platform/host/TavoInterfaces.h"
@@ -7,6 +9,7 @@
 #include "platform/text/Format.h"
 #include "platform/text/ResourceString.h"
 #include "platform/text/Unicode.h"
+#include "tavocad/DrawingScenes.h"
 #include "tavocad/TavoSession.h"
 
 #include <cmath>
@@ -87,6 +90,32 @@ int zoom(TavoSession& session) {
     return RTNORM;
 }
 
+int layout(TavoSession& session, TavoEdCommandContext& context) {
+    TavoCommandLine& line = *session.host().commandLine();
+    const OdDbDatabasePtr& database = context.database();
+    if (!database) {
+        line.print(VORD_ResourceString("IDS_TAVO_NO_DRAWING", L"열려 있는 도면이 없습니다.").c_str());
+        return RTERROR;
+    }
+    const std::vector<OdDbObjectId> layouts = database->layoutIds();
+    for (const OdDbObjectId& id : layouts) {
+        const auto record = id.open<OdDbLayout>();
+        if (!record) continue;
+        if (session.arguments().isEmpty())
+            line.print(OdString(id == session.scenes().layoutOf(database) ? L"* " : L"  ") +
+                       record->getLayoutName().view());
+        else if (tv::text::equalNoCase(record->getLayoutName().view(), session.arguments().view()))
+            return session.scenes().showLayout(database, id) == Tavo::eOk ? RTNORM : RTERROR;
+    }
+    if (session.arguments().isEmpty() && !layouts.empty()) return RTNORM;
+    line.print(layouts.empty()
+                   ? OdString(VORD_ResourceString("IDS_TAVO_NO_LAYOUTS", L"이 도면에는 배치가 없습니다."))
+                   : OdString(tv::text::format(
+                         VORD_ResourceString("IDS_TAVO_NO_SUCH_LAYOUT", L"\"%s\"(이)라는 배치는 없습니다."),
+                         session.arguments())));
+    return RTERROR;
+}
+
 } // namespace
 
 void registerViewCommands(TavoSession& session) {
@@ -98,6 +127,11 @@ void registerViewCommands(TavoSession& session) {
                                                  L"보이는 범위를 바꿉니다: EXTENTS, WINDOW, PREVIOUS, 2x ..."));
          },
          [&session](TavoEdCommandContext&) { return zoom(session); }});
+    session.addCommand(
+        {L"LAYOUT",
+         {L"LO"},
+         [] { return OdString(VORD_ResourceString("IDS_TAVO_HELP_LAYOUT", L"배치를 나열하거나 보여 줍니다")); },
+         [&session](TavoEdCommandContext& context) { return layout(session, context); }});
     session.addCommand(
         {L"REDRAW",
          {L"R"},

@@ -62,9 +62,9 @@ class Builder {
         m_blockTable = database.getBlockTableId().open<OdDbBlockTable>();
     }
 
-    Scene build() {
+    Scene build(const OdDbEntityRange& entities) {
         std::vector<RecordId> records;
-        for (const OdDbObjectId id : m_database.modelSpace()) {
+        for (const OdDbObjectId id : entities) {
             records.push_back(id.record());
             if (records.size() >= mostEntities) break;
         }
@@ -283,6 +283,10 @@ class Builder {
 
 } // namespace
 
-Scene buildScene(const OdDbDatabase& database) { return Builder(database).build(); }
+Scene buildScene(const OdDbDatabase& database) { return buildScene(database, database.modelSpace()); }
+
+Scene buildScene(const OdDbDatabase& database, const OdDbEntityRange& entities) {
+    return Builder(database).build(entities);
+}
 
 } // namespace tv::scene

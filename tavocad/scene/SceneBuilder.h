@@ -3,6 +3,8 @@
 #include "tavocad/scene/Scene.h"
 
 class OdDbDatabase;
+class OdDbEntityRange;
+class OdDbObjectId;
 
 namespace tv::scene {
 
@@ -12,5 +14,12 @@ namespace tv::scene {
 // whatever comes beyond mostEntities.
 inline constexpr std::size_t mostEntities = 3'000'000;
 Scene buildScene(const OdDbDatabase& database);
+// The same of the entities of another space or block.
+Scene buildScene(const OdDbDatabase& database, const OdDbEntityRange& entities);
+// A layout: its own entities and the frames of its viewports, through which the model is seen as far as they
+// look at it from above, with the layers as they are there. `model` is the scene of model space, made when it
+// is null and anything is seen of it. The model's layout, or a null one, is the model space.
+Scene buildScene(const OdDbDatabase& database, const OdDbObjectId& layout,
+                 std::shared_ptr<const Scene> model = nullptr);
 
 } // namespace tv::scene

@@ -1,6 +1,7 @@
 #include "tavocad/window/MainWindow.h"
 
 #include "platform/drawing/OdDbDatabase.h"
+#include "platform/drawing/OdDbLayout.h"
 #include "platform/host/TavoCommandLine.h"
 #include "platform/host/TavoInterfaces.h"
 #include "platform/host/TavoSelection.h"
@@ -10,6 +11,7 @@
 #include "platform/text/MessageManager.h"
 #include "platform/text/ResourceString.h"
 #include "platform/text/SettingsStore.h"
+#include "tavocad/DrawingScenes.h"
 #include "tavocad/EntityText.h"
 #include "tavocad/SelectionRequests.h"
 #include "tavocad/TavoSession.h"
@@ -25,6 +27,8 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QStatusBar>
+#include <QTabBar>
+#include <QVBoxLayout>
 
 namespace {
 constexpr int shownLines = 5000;
@@ -53,8 +57,25 @@ MainWindow::MainWindow(TavoSession& session) : m_session(session) {
 MainWindow::~MainWindow() = default;
 
 void MainWindow::buildPanes() {
-    m_view = new DrawingView(this);
-    setCentralWidget(m_view);
+    auto* middle = new QWidget(this);
+    auto* column = new QVBoxLayout(middle);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    m_view = new DrawingView(middle);
+    m_layouts = new QTabBar(middle);
+    m_layouts->setShape(QTabBar::RoundedSouth);
+    m_layouts->setDrawBase(false);
+    m_layouts->setExpanding(false);
+    column->addWidget(m_view, 1);
+    column->addWidget(m_layouts);
+    setCentralWidget(middle);
+    connect(m_layouts, &QTabBar::tabBarClicked, this, [this](int tab) {
+        if (tab < 0) return;
+        run([this, name = fromQt(m_layouts->tabData(tab).toString())] {
+            m_session.runCommand(L"LAYOUT", name);
+            showLayouts(); // refused, the old tab is the current one still
+        });
+    });
 
     auto* dock = new QDockWidget(this);
     dock->setObjectName(QStringLiteral("CommandLine"));
@@ -289,6 +310,32 @@ void MainWindow::showSelection() {
                    : toQt(tv::text::format(VORD_ResourceString("IDS_TAVO_WIN_SELECTED", L"%d개 선택"), count)));
 }
 
+void MainWindow::showLayouts() {
+    const OdDbDatabasePtr database = tvedWorkingDatabase();
+    const OdDbObjectId shown = m_session.scenes().layoutOf(database);
+    QStringList names;
+    const std::vector<OdDbObjectId> ids = database ? database->layoutIds() : std::vector<OdDbObjectId>();
+    int current = -1;
+    const QString model = toQt(VORD_ResourceString("IDS_TAVO_WIN_MODEL", L"모형"));
+    m_space->setText(model);
+    for (const OdDbObjectId& id : ids) {
+        const auto layout = id.open<OdDbLayout>();
+        const int tab = static_cast<int>(names.size());
+        names.append(layout ? toQt(layout->getLayoutName().view()) : QString());
+        if (m_layouts->count() <= tab) m_layouts->addTab(QString());
+        m_layouts->setTabText(tab, layout && layout->isModelLayout() ? model : names.last());
+        m_layouts->setTabData(tab, names.last());
+        if (id == shown) {
+            current = tab;
+            m_space->setText(m_layouts->tabText(tab));
+        }
+    }
+    while (m_layouts->count() > names.size())
+        m_layouts->removeTab(m_layouts->count() - 1);
+    m_layouts->setCurrentIndex(current);
+    m_layouts->setVisible(names.size() > 1);
+}
+
 // What variables and the drawing say about the view.
 void MainWindow::showSettings() {
     OdString layer;
@@ -297,7 +344,7 @@ void MainWindow::showSettings() {
         m_session.document()
             ? toQt(tv::text::format(VORD_ResourceString("IDS_TAVO_WIN_LAYER_IS", L"도면층: %s"), layer))
             : QString());
-    m_space->setText(toQt(VORD_ResourceString("IDS_TAVO_WIN_MODEL", L"모형")));
+    showLayouts();
     int lineweights = 0, pickBox = 3, preview = 3;
     tvedGetVar(L"LWDISPLAY", lineweights, nullptr);
     tvedGetVar(L"PICKBOX", pickBox, nullptr);

@@ -18,6 +18,7 @@ struct TavoSelectionQuery;
 class QActionGroup;
 class QLabel;
 class QPlainTextEdit;
+class QTabBar;
 
 // The program's window: menus, the drawing, what the program said and the line to tell it what to do. It knows
 // no command; everything goes through the session. Its size and place are remembered in the settings when the
@@ -54,6 +55,7 @@ class MainWindow : public QMainWindow {
     void showZoom();
     void showSelection();
     void showSettings();
+    void showLayouts();
     void choose(const TavoSelectionQuery& query, bool remove);
     void finish();
     void cancel();
@@ -68,6 +70,7 @@ class MainWindow : public QMainWindow {
     QLabel* m_position = nullptr;
     QLabel *m_zoom = nullptr, *m_layer = nullptr, *m_space = nullptr, *m_selected = nullptr;
     CommandEdit* m_command = nullptr;
+    QTabBar* m_layouts = nullptr;
     QActionGroup *m_themes = nullptr, *m_languages = nullptr;
     QAction *m_undo = nullptr, *m_redo = nullptr, *m_lineweights = nullptr;
     std::vector<std::function<void()>> m_texts; // put every text of the window in the current language

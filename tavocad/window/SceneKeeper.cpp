@@ -38,6 +38,9 @@ void SceneKeeper::watch(OdDbDatabasePtr database) {
 }
 
 void SceneKeeper::show() {
+    const OdDbObjectId layout = m_session.scenes().layoutOf(m_database);
+    if (!(layout == m_layout)) m_fresh = true;
+    m_layout = layout;
     Q_EMIT sceneMade(m_session.scenes().sceneOf(m_database), m_fresh);
     m_fresh = false;
 }

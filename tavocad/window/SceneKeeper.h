@@ -19,7 +19,7 @@ class SceneKeeper : public QObject {
     SceneKeeper(TavoSession& session, QObject* parent);
 
   Q_SIGNALS:
-    // `fresh`: of another drawing than before.
+    // `fresh`: of another drawing or layout than before.
     void sceneMade(std::shared_ptr<const tv::scene::Scene> scene, bool fresh);
     void redrawAsked();
 
@@ -29,6 +29,7 @@ class SceneKeeper : public QObject {
 
     TavoSession& m_session;
     OdDbDatabasePtr m_database;
+    OdDbObjectId m_layout; // shown last
     bool m_fresh = true;
     QTimer m_later;
     std::vector<tv::host::Subscription> m_subscriptions;

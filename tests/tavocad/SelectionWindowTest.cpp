@@ -5,6 +5,7 @@
 #include "platform/host/TavoSelection.h"
 #include "tavocad/window/ReadableColor.h"
 
+#include <QTabBar>
 #include <QToolTip>
 
 #include <algorithm>
@@ -54,6 +55,7 @@ class SelectionWindow : public ScriptedWindow {
 // touch; with Shift it is taken out. What is selected is seen, and Escape forgets it.
 TEST_F(SelectionWindow, ClicksAndWindowsChoose) {
     QImage plain;
+    enter(QStringLiteral("SELECTIONPREVIEW 0"));
     then([&] { plain = view.grab().toImage(); });
     click(50, 50);
     expectSelected("A1 ");
@@ -159,6 +161,38 @@ TEST_F(SelectionWindow, ZoomsByWindowFactorAndBack) {
     then([&] { EXPECT_EQ(at({0, 0}), corner); });
     enter(QStringLiteral("z sideways"));
     then([&] { EXPECT_THAT(said(), HasSubstr(L"SIDEWAYS")); });
+    run();
+}
+
+// A tab shows its layout and makes it the current one, which undo takes back; while a command runs it stays.
+TEST_F(SelectionWindow, TabsShowLayouts) {
+    enter(QStringLiteral("NEW"));
+    auto* tabs = window.findChild<QTabBar*>();
+    auto choose = [this, tabs](int tab) {
+        then([tabs, tab] { QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(tab).center()); });
+    };
+    auto expectShown = [this, tabs](int tab) {
+        then([this, tabs, tab] {
+            EXPECT_EQ(tabs->currentIndex(), tab);
+            EXPECT_EQ(variable(L"TILEMODE"), tab == 0 ? L"1" : L"0");
+        });
+    };
+    then([tabs] {
+        ASSERT_GE(tabs->count(), 2);
+        EXPECT_EQ(tabs->tabText(0), QStringLiteral("모형"));
+    });
+    choose(1);
+    expectShown(1);
+    key(Qt::Key_Z, Qt::ControlModifier);
+    expectShown(0);
+    enter(QStringLiteral("ERASE"));
+    choose(1);
+    expectShown(0);
+    key(Qt::Key_Escape);
+    choose(1);
+    expectShown(1);
+    enter(QStringLiteral("layout nowhere"));
+    then([this] { EXPECT_THAT(said(), HasSubstr(L"nowhere")); });
     run();
 }
 
