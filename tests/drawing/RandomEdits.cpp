@@ -15,8 +15,10 @@
 #include "platform/drawing/OdDbViewport.h"
 #include "platform/drawing/OdDbXrecord.h"
 #include "platform/drawing/UsageData.h"
+#include "platform/drawing/entities/EntityProperties.h"
 #include "platform/drawing/entities/EntityTexts.h"
 #include "platform/drawing/entities/Hyperlink.h"
+#include "platform/drawing/entities/NewEntity.h"
 
 #include <array>
 #include <iterator>
@@ -41,7 +43,8 @@ class Editor {
             &Editor::header,   &Editor::addRecord, &Editor::renameRecord, &Editor::eraseRecord, &Editor::layer,
             &Editor::linetype, &Editor::textStyle, &Editor::dimStyle,     &Editor::block,       &Editor::entity,
             &Editor::entity,   &Editor::texts,     &Editor::xdata,        &Editor::named,       &Editor::group,
-            &Editor::layout,   &Editor::overrides, &Editor::retarget};
+            &Editor::layout,   &Editor::overrides, &Editor::retarget,     &Editor::property,    &Editor::append,
+        };
         (this->*kEdits[m_random(std::size(kEdits))])();
     }
 
@@ -185,6 +188,34 @@ class Editor {
     void texts() {
         for (const TextField& field : textFieldsOf(someEntity()))
             setTextField(field, name() + L" \uBB38\uC790 \u00E9 \\ {x}");
+    }
+    void property() {
+        const OdDbObjectId id = someEntity();
+        const auto all = propertiesOf(entityKindOf(id));
+        const EntityProperty& property = *all[m_random(static_cast<unsigned>(all.size()))];
+        if (maybe())
+            setPropertyValue(id, property,
+                             maybe() ? Value(m_random(9) / 4.0) : Value(std::int64_t{m_random(9)}));
+        else
+            setPropertyValue(id, property, OdString(name()));
+    }
+    void append() {
+        const EntityHome home =
+            maybe()   ? EntityHome::modelSpace(m_db)
+            : maybe() ? EntityHome::paperSpace(m_db)
+                      : EntityHome::block(m_db.getBlockTableId().isNull()
+                                              ? OdDbObjectId()
+                                              : m_db.getBlockTableId().open<OdDbBlockTable>()->first());
+        if (maybe()) {
+            copyEntity(someEntity(), home);
+        } else if (maybe()) {
+            appendEntity(home, NewDimension{maybe(), {}, {3, 4, 0}, {0, 9, 0}, 0, OdString(name()), {}});
+        } else {
+            PolylineGeometry line;
+            line.vertices.resize(m_random(3));
+            line.is3d = maybe();
+            appendEntity(home, line);
+        }
     }
     void xdata() {
         const auto object = someEntity().openObject(OdDb::kForWrite);
