@@ -234,9 +234,12 @@ constexpr EntityProperty choice(const wchar_t* name, int code, std::span<const P
                                 double otherwise = 0) {
     return {.name = name, .kind = kEnum, .groupCode = code, .choices = choices, .otherwise = otherwise};
 }
+constexpr EntityProperty computed(const wchar_t* name, PropertyKind kind, Value (*get)(OdDbObjectId)) {
+    return {.name = name, .kind = kind, .writable = false, .get = get};
+}
 constexpr EntityProperty computed(const wchar_t* name, PropertyKind kind, Value (*get)(OdDbObjectId),
-                                  Status (*set)(OdDbObjectId, const Value&) = nullptr, int code = 0) {
-    return {.name = name, .kind = kind, .groupCode = code, .writable = set != nullptr, .get = get, .set = set};
+                                  Status (*set)(OdDbObjectId, const Value&), int code = 0) {
+    return {.name = name, .kind = kind, .groupCode = code, .get = get, .set = set};
 }
 constexpr EntityProperty fixed(EntityProperty property) {
     property.writable = false;
