@@ -70,7 +70,8 @@ class Collector {
         case NamedKind::kBlock:
             if (const auto blocks = m_database.getBlockTableId().open<OdDbBlockTable>())
                 blocks->forEach([&](OdDbObjectId id) {
-                    if (id.open<OdDbBlockTableRecord>()->isLayout()) use(id.record());
+                    const auto record = id.open<OdDbBlockTableRecord>();
+                    if (record && record->isLayout()) use(id.record());
                 });
             break;
         default:
