@@ -30,7 +30,6 @@ void check(const Scene& scene) {
             require(item.first < scene.texts.size(), "a text that isn't there");
             const Text& text = scene.texts[item.first];
             require(text.first + std::size_t{text.count} <= scene.letters.size(), "letters that aren't there");
-            require(text.font < scene.fonts.size(), "a font that isn't there");
         } else {
             require(item.first + std::size_t{item.count} <= scene.points.size(), "points that aren't there");
             for (const OdGePoint2d& point : scene.pointsOf(item))
