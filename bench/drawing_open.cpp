@@ -5,6 +5,7 @@
 
 #include "bench/BigDrawing.h"
 #include "bench/KeepingReader.h"
+#include "bench/Report.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbLayerTable.h"
 #include "platform/text/AtomicFile.h"
@@ -12,7 +13,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <chrono>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -28,13 +28,6 @@ namespace {
 
 // Something the optimiser can't see through takes every result.
 volatile std::uint64_t g_result;
-
-template <class Work>
-double seconds(Work&& work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
 
 void readLines(const std::filesystem::path& file) {
     std::string bytes;
@@ -115,16 +108,10 @@ void plainCopy(const std::filesystem::path& from, const std::filesystem::path& t
     ::close(fd);
 }
 
-int g_failures = 0;
-
-void report(const char* what, double ratio, double limit) {
-    std::printf("%-58s %7.3f  (limit %.3g)%s\n", what, ratio, limit, ratio > limit ? "  TOO MUCH" : "");
-    g_failures += ratio > limit;
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
+    bench::Report report;
     const std::size_t entities = argc > 1 ? std::strtoul(argv[1], nullptr, 10) : 1000000;
     const std::size_t layers = argc > 2 ? std::strtoul(argv[2], nullptr, 10) : 10000;
     const std::filesystem::path folder =
@@ -171,15 +158,15 @@ int main(int argc, char** argv) {
             },
             keeping);
     const bool compared = keeping > opening / 10; // a program built without dxflib does nothing there
-    report("peak memory of opening / size of the file", memory / size, 2);
+    report.ratio("peak memory of opening / size of the file", memory / size, 2);
     std::printf("reading and counting lines %.3f s, splitting tags %.3f s, opening %.3f s\n", reading,
                 splitting, opening);
-    report("opening / reading and counting the lines", opening / reading, 4);
-    report("opening / splitting into group codes and values", opening / splitting, 3);
-    report("opening / opening a tenth of the entities", opening / openingTenth, 12);
-    report("opening / opening with a tenth of the layers", opening / openingFewLayers, 12);
+    report.ratio("opening / reading and counting the lines", opening / reading, 4);
+    report.ratio("opening / splitting into group codes and values", opening / splitting, 3);
+    report.ratio("opening / opening a tenth of the entities", opening / openingTenth, 12);
+    report.ratio("opening / opening with a tenth of the layers", opening / openingFewLayers, 12);
     if (compared)
-        report("opening / a reader on dxflib that keeps the entities", opening / keeping, 1.0 / 8);
+        report.ratio("opening / a reader on dxflib that keeps the entities", opening / keeping, 1.0 / 8);
     else
         std::puts("built without dxflib: not compared with it");
 
@@ -189,12 +176,12 @@ int main(int argc, char** argv) {
     double copying = 1e9;
     double saving = 1e9;
     for (int i = 0; i < 3; ++i) {
-        copying = std::min(copying, seconds([&] { plainCopy(file, folder / "copy.dxf"); }));
-        saving = std::min(saving, seconds([&] {
+        copying = std::min(copying, bench::seconds([&] { plainCopy(file, folder / "copy.dxf"); }));
+        saving = std::min(saving, bench::seconds([&] {
                               if (database->saveAs(folder / "saved.dxf")) std::abort();
                           }));
     }
-    report("saving after one edit / copying with sync", saving / copying, 3);
+    report.ratio("saving after one edit / copying with sync", saving / copying, 3);
 
     const auto edit = [&] {
         const OdDbUndoScope step(*database, L"LAYER");
@@ -206,12 +193,12 @@ int main(int argc, char** argv) {
     double editing = 1e9;
     double undoing = 1e9;
     for (int i = 0; i < 3; ++i) {
-        editing = std::min(editing, seconds(edit));
-        undoing = std::min(undoing, seconds([&] { database->undo(); }));
+        editing = std::min(editing, bench::seconds(edit));
+        undoing = std::min(undoing, bench::seconds([&] { database->undo(); }));
     }
-    report("undo of an edit of all layers / that edit", undoing / editing, 1);
+    report.ratio("undo of an edit of all layers / that edit", undoing / editing, 1);
 
     std::error_code ignored;
     std::filesystem::remove_all(folder, ignored);
-    return g_failures == 0 ? 0 : 1;
+    return report.exitCode();
 }

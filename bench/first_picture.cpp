@@ -3,6 +3,7 @@
 // one is above its limit. Usage: bench_first_picture [entities [layers]]
 
 #include "bench/BigDrawing.h"
+#include "bench/Report.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/text/AtomicFile.h"
 #include "tavocad/scene/SceneBuilder.h"
@@ -14,7 +15,6 @@
 #endif
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -24,20 +24,6 @@
 namespace {
 
 constexpr int width = 1280, height = 800;
-
-template <class Work>
-double seconds(Work&& work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-int g_failures = 0;
-
-void report(const char* what, double ratio, double limit) {
-    std::printf("%-58s %6.2f  (limit %.1f)%s\n", what, ratio, limit, ratio > limit ? "  TOO MUCH" : "");
-    g_failures += ratio > limit;
-}
 
 // Looks at a part of the scene's box, that much of it in each direction.
 void paint(const tv::scene::Scene& scene, double part) {
@@ -64,6 +50,7 @@ void paint(const tv::scene::Scene& scene, double part) {
 } // namespace
 
 int main(int argc, char** argv) {
+    bench::Report report;
 #ifdef TAVOCAD_WINDOW
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     const QGuiApplication application(argc, argv);
@@ -77,7 +64,7 @@ int main(int argc, char** argv) {
                 static_cast<double>(std::filesystem::file_size(file)) / 1e6);
 
     double opening = 1e9, building = 1e9, painting = 1e9, part = 1e9, pointing = 1e9;
-    auto best = [](double& time, auto&& work) { time = std::min(time, seconds(work)); };
+    auto best = [](double& time, auto&& work) { time = std::min(time, bench::seconds(work)); };
     for (int i = 0; i < 5; ++i) { // in turns, the best of each
         OdDbDatabasePtr database;
         best(opening, [&] { database = OdDbDatabase::open(file).database; });
@@ -91,10 +78,10 @@ int main(int argc, char** argv) {
     std::printf("opening %.3f s, building %.3f s, painting %.3f s, painting a hundredth of the area %.3f s, "
                 "pointing %.6f s\n",
                 opening, building, painting, part, pointing);
-    report("first picture / opening", (building + painting) / opening, 2);
-    report("painting a hundredth of the area / first picture", part / (building + painting), 0.5);
-    report("pointing / first picture", pointing / (building + painting), 0.3);
+    report.ratio("first picture / opening", (building + painting) / opening, 2);
+    report.ratio("painting a hundredth of the area / first picture", part / (building + painting), 0.5);
+    report.ratio("pointing / first picture", pointing / (building + painting), 0.3);
     std::error_code ignored;
     std::filesystem::remove(file, ignored);
-    return g_failures == 0 ? 0 : 1;
+    return report.exitCode();
 }

@@ -3,6 +3,7 @@
 // Usage: bench_usage_data [entities [layers]]
 
 #include "bench/BigDrawing.h"
+#include "bench/Report.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbLayerTable.h"
 #include "platform/drawing/UsageData.h"
@@ -12,7 +13,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 
 namespace {
 
@@ -20,14 +20,6 @@ using namespace tv::dwg;
 
 // Something the optimiser can't see through takes every result.
 volatile std::uint64_t g_result;
-
-// Of the processor, so that what else the machine does counts little.
-template <class Work>
-double seconds(Work&& work) {
-    const std::clock_t start = std::clock();
-    work();
-    return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
-}
 
 // The least a program can do that wants to know every entity's layer.
 void readLayerNames(const OdDbDatabase& database) {
@@ -44,16 +36,10 @@ void readLayerNames(const OdDbDatabase& database) {
     g_result = sum;
 }
 
-int g_failures = 0;
-
-void report(const char* what, double ratio, double limit) {
-    std::printf("%-58s %6.2f  (limit %.1f)%s\n", what, ratio, limit, ratio > limit ? "  TOO MUCH" : "");
-    g_failures += ratio > limit;
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
+    bench::Report report;
     const std::size_t entities = argc > 1 ? std::strtoul(argv[1], nullptr, 10) : 1000000;
     const std::size_t layers = argc > 2 ? std::strtoul(argv[2], nullptr, 10) : 10000;
     const auto database = OdDbDatabase::openBytes(bench::bigDrawing(entities, layers)).database;
@@ -66,18 +52,19 @@ int main(int argc, char** argv) {
     double renaming = 1e9;
     const auto layer = database->layers()->getAt(L"Layer 7").open<OdDbLayerTableRecord>(OdDb::kForWrite);
     for (int i = 0; i < 9; ++i) { // in turns, the best of each
-        bare = std::min(bare, seconds([&] { readLayerNames(*database); }));
-        usage = std::min(usage, seconds([&] { database->layers()->generateUsageData(); }));
-        blocks =
-            std::min(blocks, seconds([&] { database->usageData().generate(*database, NamedKind::kBlock); }));
+        bare = std::min(bare, bench::processorSeconds([&] { readLayerNames(*database); }));
+        usage = std::min(usage, bench::processorSeconds([&] { database->layers()->generateUsageData(); }));
+        blocks = std::min(blocks, bench::processorSeconds(
+                                      [&] { database->usageData().generate(*database, NamedKind::kBlock); }));
         if (layer)
-            renaming = std::min(renaming, seconds([&] { layer->setName(i % 2 ? L"Layer 7" : L"Renamed"); }));
+            renaming = std::min(
+                renaming, bench::processorSeconds([&] { layer->setName(i % 2 ? L"Layer 7" : L"Renamed"); }));
     }
     g_result = database->layers()->first().open<OdDbLayerTableRecord>()->isInUse();
     std::printf("layer names %.3f s, layers in use %.3f s, blocks in use %.3f s, renaming a layer %.3f s\n",
                 bare, usage, blocks, renaming);
-    report("layers in use / reading each entity's layer name", usage / bare, 1.5);
-    report("blocks in use / reading each entity's layer name", blocks / bare, 6);
-    if (layer) report("renaming a layer / reading each entity's layer name", renaming / bare, 6);
-    return g_failures == 0 ? 0 : 1;
+    report.ratio("layers in use / reading each entity's layer name", usage / bare, 1.5);
+    report.ratio("blocks in use / reading each entity's layer name", blocks / bare, 6);
+    if (layer) report.ratio("renaming a layer / reading each entity's layer name", renaming / bare, 6);
+    return report.exitCode();
 }
