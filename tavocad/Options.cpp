@@ -96,6 +96,17 @@ std::wstring sentenceOf(const CLI::App& app, const CLI::ParseError& error) {
         .c_str();
 }
 
+// What was typed for an option, found without the parser, which forgets everything after a fault.
+std::string typedFor(std::string_view option, int argc, const char* const* argv) {
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view word = argv[i];
+        if (word == option && i + 1 < argc) return argv[i + 1];
+        if (word.starts_with(option) && word.size() > option.size() && word[option.size()] == '=')
+            return std::string(word.substr(option.size() + 1));
+    }
+    return {};
+}
+
 // Before anything is open: in the language asked for, as far as that was understood.
 int refuse(const Options& options, const std::function<std::wstring()>& sentence) {
     loadMessages(options.messages, options.language ? *options.language : systemUiLanguage());
@@ -145,7 +156,8 @@ std::optional<int> parseOptions(int argc, const char* const* argv, bool window, 
     } catch (const CLI::Success& shown) {
         return app.exit(shown);
     } catch (const CLI::ParseError& error) {
-        options.language = uiLanguage(fromUtf8(typed.language));
+        options.language = uiLanguage(fromUtf8(typedFor("--language", argc, argv)));
+        static_cast<void>(chooseFolder(L"--messages", typedFor("--messages", argc, argv), options.messages));
         return refuse(options, [&] { return sentenceOf(app, error); });
     }
     options.language = uiLanguage(fromUtf8(typed.language));

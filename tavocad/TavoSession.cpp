@@ -220,8 +220,12 @@ std::optional<std::filesystem::path> TavoSession::askSaveName() {
 
 void TavoSession::say(const tv::Problem& problem, bool box) {
     constexpr unsigned okError = 0x10;
+    // The first sentence becomes the box's instruction, and the reason may hold a file's name with its dot.
     if (box)
-        MessageDlg(problem.sentence.c_str(), m_host->productName(), okError);
+        MessageDlg(format(VORD_ResourceString("IDS_TAVO_SAVE_FAILED", L"도면을 저장하지 못했습니다. %s"),
+                          problem.sentence)
+                       .c_str(),
+                   m_host->productName(), okError);
     else
         print(problem);
 }

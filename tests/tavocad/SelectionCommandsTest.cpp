@@ -7,8 +7,10 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <csignal>
 #include <fstream>
 #include <map>
+#include <sys/resource.h>
 
 using testing::HasSubstr;
 
@@ -114,6 +116,39 @@ TEST_F(SelectionCommands, PlacesChooseWithoutAWindow) {
     EXPECT_EQ(replies[7]["handles"], nlohmann::ordered_json{"A3"}) << "refusals change nothing";
 }
 
+// With PICKFIRST off what is selected does not count; a point that hits nothing is refused and asks on.
+TEST_F(SelectionCommands, WhatIsSelectedCountsOnlyWhenItMay) {
+    const auto replies = run("{\"do\":\"setvar\",\"name\":\"PICKFIRST\",\"value\":0}\n"
+                             "{\"do\":\"select\",\"handles\":[\"A1\"]}\n"
+                             "{\"do\":\"command\",\"name\":\"ERASE\"}\n{\"do\":\"getselection\"}\n"
+                             "{\"do\":\"point\",\"at\":[9,1]}\n{\"do\":\"point\",\"at\":[12,12]}\n"
+                             "{\"do\":\"point\",\"cancel\":true}\n");
+    EXPECT_TRUE(replies[2].contains("prompt"));
+    EXPECT_EQ(replies[3]["selected"], 0);
+    EXPECT_FALSE(replies[4]["ok"].get<bool>());
+    EXPECT_TRUE(replies[5]["ok"].get<bool>());
+    EXPECT_EQ(replies[6]["ended"]["result"], RTCAN);
+    EXPECT_EQ(session.document()->isModified(), false);
+}
+
+// Drawings referred to that are not there are told once, when the drawing opens.
+TEST_F(SelectionCommands, MissingReferencesAreTold) {
+    std::string text = bytesOf(file);
+    const std::string blocks = "0\nSECTION\n2\nBLOCKS\n0\nBLOCK\n8\n0\n2\nsite\n70\n4\n10\n0\n20\n0\n1\nsite "
+                               "plan.dwg\n0\nENDBLK\n8\n0\n0\nENDSEC\n";
+    text.insert(text.find("0\nSECTION\n2\nENTITIES"), blocks);
+    const auto host = folder / "host.dxf";
+    std::ofstream(host, std::ios::binary) << text;
+    const auto replies =
+        runWell("{\"do\":\"command\",\"name\":\"XREF\"}\n{\"do\":\"open\",\"path\":" + quoted(host) +
+                "}\n{\"do\":\"command\",\"name\":\"XREF\"}\n");
+    ASSERT_EQ(replies[1]["messages"].size(), 1U);
+    EXPECT_THAT(replies[1]["messages"][0].get<std::string>(), HasSubstr("site plan.dwg"));
+    ASSERT_EQ(replies[2]["messages"].size(), 1U);
+    EXPECT_THAT(replies[2]["messages"][0].get<std::string>(), HasSubstr("site"));
+    EXPECT_EQ(replies[0]["messages"].size(), 1U) << "that there are none";
+}
+
 // A file that somebody else wrote meanwhile is not written over unasked.
 TEST_F(SelectionCommands, AChangedFileIsAskedAbout) {
     std::ofstream(file, std::ios::app) << "999\nfrom somebody else\n";
@@ -131,6 +166,28 @@ TEST_F(SelectionCommands, AChangedFileIsAskedAbout) {
     std::filesystem::remove(file);
     runWell(save);
     EXPECT_TRUE(std::filesystem::exists(file)) << "a file that is gone is written again";
+}
+
+// A save that fails while closing says so in a box, and the drawing stays open with its changes.
+TEST_F(SelectionCommands, AFailedSaveOnClosingIsABox) {
+    const std::string before = bytesOf(file);
+    rlimit usual{};
+    ::getrlimit(RLIMIT_FSIZE, &usual);
+    auto* const handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit tight{64, usual.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &tight);
+    const auto replies = run("{\"do\":\"setvar\",\"name\":\"LUPREC\",\"value\":7}\n"
+                             "{\"do\":\"command\",\"name\":\"CLOSE\"}\n"
+                             "{\"do\":\"click\",\"control\":\"IDYES\"}\n{\"do\":\"dialog\"}\n"
+                             "{\"do\":\"click\",\"control\":\"IDOK\"}\n");
+    ::setrlimit(RLIMIT_FSIZE, &usual);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(replies[2]["modal"], "IDD_TASK_DIALOG");
+    EXPECT_THAT(replies[3]["dialog"].dump(), HasSubstr("plan.dxf"));
+    EXPECT_EQ(replies[4]["ended"]["result"], RTCAN);
+    ASSERT_TRUE(session.document());
+    EXPECT_TRUE(session.document()->isModified());
+    EXPECT_EQ(bytesOf(file), before);
 }
 
 // A damaged drawing is offered another name; its own file stays.

@@ -95,6 +95,7 @@ TEST_F(UnitsCommand, TellsWhatTheVersionCannotHold) {
     const auto file = makeDrawing("old.dxf", OdDb::DxfVersion::kR12), saved = folder / "saved.dxf";
     const auto replies = runWell("{\"do\":\"open\",\"path\":" + quoted(file) + "}\n" + changeEverything +
                                  "{\"do\":\"save\",\"path\":" + quoted(saved) + "}\n");
+    EXPECT_EQ(replies[1]["messages"].size(), 1U) << "said before it is asked: " << replies[1].dump();
     EXPECT_EQ(replies[12]["messages"].size(), 1U) << replies[12].dump();
     EXPECT_FALSE(changedVariables(bytesOf(file), bytesOf(saved)).contains("$INSUNITS"));
     EXPECT_TRUE(changedVariables(bytesOf(file), bytesOf(saved)).contains("$LUNITS"));
