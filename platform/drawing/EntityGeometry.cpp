@@ -1,61 +1,19 @@
 #include "platform/drawing/EntityGeometry.h"
 
-#include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbEntity.h"
-#include "platform/drawing/dxf/OwnTags.h"
-#include "platform/drawing/dxf/RecordStore.h"
 #include "platform/drawing/entities/MTextRuns.h"
+#include "platform/drawing/geometry/Reader.h"
 
 #include <cmath>
 #include <numbers>
 #include <string_view>
+#include <unordered_map>
 
 namespace tv::dwg {
 namespace {
 
-double radians(double degrees) { return degrees * std::numbers::pi / 180; }
-
-// Walks an entity's own tags once, handing each to a reader.
-class Reader {
-  public:
-    explicit Reader(OdDbObjectId id)
-        : m_format(id.database()->store().format()), m_own(m_format, id.database()->store().text(id.record())) {
-    }
-    bool next() { return m_own.next(m_tag); }
-    int code() const { return m_tag.code; }
-    double real() const {
-        const auto value = realOf(m_format, m_tag);
-        return value && std::isfinite(*value) ? *value : 0;
-    }
-    int integer() const {
-        const auto value = integerOf(m_format, m_tag);
-        return value && *value >= INT32_MIN && *value <= INT32_MAX ? static_cast<int>(*value) : 0;
-    }
-    OdString text() const { return textOf(m_format, m_tag); }
-    // Takes the tag when it is a coordinate of the point whose first one has that code.
-    bool point(int first, OdGePoint3d& into) const {
-        if (m_tag.code == first)
-            into.x = real();
-        else if (m_tag.code == first + 10)
-            into.y = real();
-        else if (m_tag.code == first + 20)
-            into.z = real();
-        else
-            return false;
-        return true;
-    }
-    bool vector(int first, OdGeVector3d& into) const {
-        OdGePoint3d as{into.x, into.y, into.z};
-        if (!point(first, as)) return false;
-        into = {as.x, as.y, as.z};
-        return true;
-    }
-
-  private:
-    const DxfFormat& m_format;
-    OwnTags m_own;
-    Tag m_tag;
-};
+using geometry::radians;
+using geometry::Reader;
 
 EntityGeometry line(Reader in) {
     LineGeometry out;
@@ -171,7 +129,7 @@ EntityGeometry polyline(OdDbObjectId id) {
     }
     out.closed = (flags & 1) != 0;
     out.is3d = (flags & 8) != 0;
-    if (flags & (16 | 64)) return out;
+    if (flags & (16 | 64)) return geometry::polylineMesh(id, flags);
     for (const OdDbObjectId sub : subEntities(id)) {
         PolylineVertex vertex{{0, 0, elevation.z}, startWidth, endWidth, 0};
         int kind = 0;
@@ -324,6 +282,38 @@ EntityGeometry insert(Reader in) {
     return out;
 }
 
+using Decode = EntityGeometry (*)(OdDbObjectId);
+
+const std::unordered_map<std::string_view, Decode>& rareKinds() {
+    using Id = OdDbObjectId;
+    static constexpr auto underlay = [](Id id) -> EntityGeometry {
+        return geometry::underlay(Reader(id), *id.database());
+    };
+    static const std::unordered_map<std::string_view, Decode> kinds{
+        {"SPLINE", [](Id id) -> EntityGeometry { return geometry::spline(Reader(id)); }},
+        {"3DFACE", [](Id id) -> EntityGeometry { return geometry::face(Reader(id)); }},
+        {"HATCH", [](Id id) -> EntityGeometry { return geometry::hatch(Reader(id)); }},
+        {"MPOLYGON", [](Id id) -> EntityGeometry { return geometry::hatch(Reader(id)); }},
+        {"LEADER", [](Id id) -> EntityGeometry { return geometry::leader(Reader(id)); }},
+        {"MULTILEADER", [](Id id) -> EntityGeometry { return geometry::multileader(Reader(id)); }},
+        {"TOLERANCE", [](Id id) -> EntityGeometry { return geometry::tolerance(Reader(id)); }},
+        {"DIMENSION", [](Id id) -> EntityGeometry { return geometry::dimension(Reader(id)); }},
+        {"ARC_DIMENSION", [](Id id) -> EntityGeometry { return geometry::dimension(Reader(id)); }},
+        {"LARGE_RADIAL_DIMENSION", [](Id id) -> EntityGeometry { return geometry::dimension(Reader(id)); }},
+        {"ACAD_TABLE", [](Id id) -> EntityGeometry { return geometry::table(Reader(id)); }},
+        {"IMAGE", [](Id id) -> EntityGeometry { return geometry::image(Reader(id), *id.database(), false); }},
+        {"WIPEOUT", [](Id id) -> EntityGeometry { return geometry::image(Reader(id), *id.database(), true); }},
+        {"PDFUNDERLAY", underlay},
+        {"DWFUNDERLAY", underlay},
+        {"DGNUNDERLAY", underlay},
+        {"RAY", [](Id id) -> EntityGeometry { return geometry::ray(Reader(id), false); }},
+        {"XLINE", [](Id id) -> EntityGeometry { return geometry::ray(Reader(id), true); }},
+        {"MLINE", [](Id id) -> EntityGeometry { return geometry::multiline(Reader(id)); }},
+        {"MESH", [](Id id) -> EntityGeometry { return geometry::mesh(Reader(id)); }},
+    };
+    return kinds;
+}
+
 } // namespace
 
 EntityGeometry geometryOf(OdDbObjectId entity) {
@@ -341,6 +331,8 @@ EntityGeometry geometryOf(OdDbObjectId entity) {
     if (type == "ATTRIB" || type == "ATTDEF") return text(Reader(entity), true);
     if (type == "MTEXT") return multilineText(Reader(entity));
     if (type == "INSERT") return insert(Reader(entity));
+    const auto rare = rareKinds().find(type);
+    if (rare != rareKinds().end()) return rare->second(entity);
     return {};
 }
 

@@ -5,14 +5,15 @@
 #include "platform/drawing/OdDbObjectId.h"
 #include "platform/text/OdString.h"
 
+#include <cstdint>
 #include <optional>
 #include <variant>
 #include <vector>
 
 // What a drawing window draws, decoded from an entity's record when asked for. Lengths and coordinates are
-// drawing units, angles radians counter-clockwise. Planar entities (all but line, point, 3D polyline and
-// ellipse) have their coordinates in the plane that `normal` stands on; toWorld turns those into world
-// coordinates.
+// drawing units, angles radians counter-clockwise. Planar entities (all but line, point, 3D polyline,
+// ellipse, spline and those that say so) have their coordinates in the plane that `normal` stands on; toWorld
+// turns those into world coordinates.
 namespace tv::dwg {
 
 struct LineGeometry {
@@ -45,7 +46,7 @@ struct PolylineVertex {
     double bulge = 0; // tangent of a quarter of the arc's angle to the next vertex, positive counter-clockwise
 };
 struct PolylineGeometry {
-    std::vector<PolylineVertex> vertices; // a mesh's vertices and faces are left out
+    std::vector<PolylineVertex> vertices;
     bool closed = false;
     bool is3d = false; // coordinates are the world's
     OdGeVector3d normal{0, 0, 1};
@@ -91,9 +92,75 @@ struct InsertGeometry {
     OdGeVector3d normal{0, 0, 1};
 };
 
-using EntityGeometry =
-    std::variant<std::monostate, LineGeometry, PointGeometry, CircleGeometry, ArcGeometry, EllipseGeometry,
-                 PolylineGeometry, SolidGeometry, TextGeometry, MTextGeometry, InsertGeometry>;
+struct SplineGeometry {
+    int degree = 3;
+    bool closed = false;
+    std::vector<double> knots;   // as many as control points and the degree and one more, or useless
+    std::vector<double> weights; // empty, or one for every control point
+    std::vector<OdGePoint3d> control;
+    std::vector<OdGePoint3d> fit; // used where there are no control points
+};
+// A 3DFACE, in world coordinates.
+struct FaceGeometry {
+    OdGePoint3d corners[4];
+    bool hidden[4] = {}; // the edge from that corner to the next
+};
+struct HatchEdge {
+    enum Kind : std::uint8_t { kLine, kArc, kEllipse, kSpline } kind = kLine;
+    OdGePoint2d start, end;  // of a line; the centre, and of an ellipse the end of its major axis from there
+    double radius = 0;       // of an ellipse the minor axis' part of the major one
+    double from = 0, to = 0; // parameters, measured the way the edge runs
+    bool counterClockwise = true;
+    SplineGeometry spline;
+};
+struct HatchLoop {
+    std::vector<PolylineVertex> vertices; // of a loop that is a polyline; else empty
+    std::vector<HatchEdge> edges;
+};
+struct HatchLine {
+    double angle = 0;
+    OdGePoint2d base;
+    OdGeVector2d offset; // from one line to the next
+    std::vector<double> dashes;
+};
+struct HatchGeometry {
+    std::vector<HatchLoop> loops; // what lies in an even number of them is left free
+    std::vector<HatchLine> lines; // of the pattern
+    bool solid = false;
+    double elevation = 0;
+    OdGeVector3d normal{0, 0, 1};
+};
+// A leader's lines with their text, in world coordinates.
+struct NoteGeometry {
+    std::vector<std::vector<OdGePoint3d>> lines;
+    double arrowSize = 0; // at the first point of each line
+    std::optional<MTextGeometry> text;
+};
+struct DimensionGeometry {
+    OdString block;            // holds its picture
+    OdGePoint3d line;          // on the dimension line
+    OdGePoint3d first, second; // what is measured
+};
+// A picture's outline in world coordinates.
+struct FrameGeometry {
+    std::vector<OdGePoint3d> corners;
+    bool mask = false; // hides what lies below
+    OdString file;     // what it shows
+};
+struct RayGeometry {
+    OdGePoint3d base;
+    OdGeVector3d direction;
+    bool both = false; // without end in both directions
+};
+// Edges of meshes and lines side by side, in world coordinates.
+struct LinesGeometry {
+    std::vector<std::vector<OdGePoint3d>> lines;
+};
+
+using EntityGeometry = std::variant<std::monostate, LineGeometry, PointGeometry, CircleGeometry, ArcGeometry,
+                                    EllipseGeometry, PolylineGeometry, SolidGeometry, TextGeometry,
+                                    MTextGeometry, InsertGeometry, SplineGeometry, FaceGeometry, HatchGeometry,
+                                    NoteGeometry, DimensionGeometry, FrameGeometry, RayGeometry, LinesGeometry>;
 
 // By the entity's type; std::monostate for kinds not listed here and for erased ids. Values missing or
 // unreadable in the file are what the record's members start with.

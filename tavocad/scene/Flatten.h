@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/drawing/Geometry.h"
+#include "platform/drawing/EntityGeometry.h"
 
 #include <vector>
 
@@ -18,6 +18,10 @@ void flattenArc(std::vector<OdGePoint3d>& out, const OdGePoint3d& center, const 
 // The arc from `a` to `b` whose bulge is the tangent of a quarter of its included angle, positive
 // counter-clockwise. Appends the points after `a` up to and including `b`.
 void flattenBulge(std::vector<OdGePoint3d>& out, const OdGePoint3d& a, const OdGePoint3d& b, double bulge);
+
+// A spline through or along its points; control points joined by lines where its knots are no knots. Appends
+// its points, both ends included.
+void flattenSpline(std::vector<OdGePoint3d>& out, const tv::dwg::SplineGeometry& spline);
 
 // Brings `to` to the first angle at or above `from`, so that from <= to < from + 2 pi; equal angles mean a full
 // turn.

@@ -21,6 +21,7 @@ class Pen {
         m_place = place;
         m_style = style;
     }
+    void setStyle(std::uint32_t style) { m_style = style; }
     void setEntity(std::uint32_t entity) { m_entity = entity; }
     const Transform& place() const { return m_place; }
     Scene& scene() { return m_scene; }

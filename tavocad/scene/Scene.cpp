@@ -1,6 +1,6 @@
 #include "tavocad/scene/Scene.h"
 
-#include "tavocad/scene/Flatten.h"
+#include "tavocad/scene/Letters.h"
 
 #include <algorithm>
 #include <bit>
@@ -10,8 +10,7 @@
 namespace tv::scene {
 namespace {
 
-constexpr double meanCharacterWidth = 0.85; // of the height of capital letters
-constexpr double descent = 0.3;             // of it, below the baseline
+constexpr double descent = 0.3; // below the baseline, of the height of capital letters
 
 // Where x(t) = a cos t + b sin t has its extremes within [from, to].
 template <class Use>
@@ -50,8 +49,7 @@ bool finite(const Box& box) {
 
 std::array<OdGePoint2d, 4> Scene::cornersOf(const Text& text) const {
     const double width =
-        text.width > 0 ? text.width
-                       : static_cast<double>(text.count) * meanCharacterWidth * text.height * text.widthFactor;
+        text.width > 0 ? text.width : widthOf(lettersOf(text)) * text.height * text.widthFactor;
     const double left = text.horizontal == Text::Horizontal::left     ? 0
                         : text.horizontal == Text::Horizontal::center ? -width / 2
                                                                       : -width;
