@@ -204,11 +204,16 @@ void Drawer::draw(const TextGeometry& g) {
                planeToWorld(g.normal));
 }
 
-// Its point is the world's, only its direction lies in the plane.
+// Its point and direction are the world's, its lines run across both the direction and the normal.
 void Drawer::draw(const MTextGeometry& g) {
     const std::vector<MTextRun> runs = mtextRuns(g.contents.view());
     const std::vector<TextPiece> pieces = layOut(g, runs);
-    const double c = std::cos(g.rotation), s = std::sin(g.rotation);
+    const OdGeVector3d& n = g.normal;
+    const OdGeVector3d x{std::cos(g.rotation), std::sin(g.rotation), 0};
+    OdGeVector3d y{-n.z * x.y, n.z * x.x, n.x * x.y - n.y * x.x};
+    const double length = y.length();
+    y = length > 0 ? OdGeVector3d{y.x / length, y.y / length, y.z / length} : OdGeVector3d{-x.y, x.x, 0};
+    const Transform plane{x, y, {0, 0, 1}, g.position};
     const std::uint32_t usual = fontOf(g.style);
     for (std::size_t i = 0; i < pieces.size(); ++i) {
         const TextPiece& piece = pieces[i];
@@ -220,12 +225,12 @@ void Drawer::draw(const MTextGeometry& g) {
         // One that has a line for itself may come out as wide as it likes.
         const bool alone =
             (i == 0 || pieces[i - 1].y != piece.y) && (i + 1 == pieces.size() || pieces[i + 1].y != piece.y);
-        double x = piece.x;
+        double start = piece.x;
         if (!alone) {
             text.width = piece.width;
-        } else if (x != 0) {
+        } else if (start != 0) {
             text.horizontal = Text::Horizontal::center;
-            x += piece.width / 2;
+            start += piece.width / 2;
         }
         text.underlined = format.underline;
         text.overlined = format.overline;
@@ -237,9 +242,7 @@ void Drawer::draw(const MTextGeometry& g) {
             source.paintLayer = none;
             m_pen.setStyle(m_pen.scene().styles.intern(source));
         }
-        m_pen.text(text, piece.letters,
-                   {g.position.x + c * x - s * piece.y, g.position.y + s * x + c * piece.y, g.position.z},
-                   piece.height, g.rotation);
+        m_pen.text(text, piece.letters, {start, piece.y, 0}, piece.height, 0, plane);
         if (painted) m_pen.setStyle(m_pen.scene().styles.intern(m_source));
     }
 }

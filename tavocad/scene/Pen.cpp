@@ -1,6 +1,7 @@
 #include "tavocad/scene/Pen.h"
 
 #include <cmath>
+#include <numbers>
 
 namespace tv::scene {
 namespace {
@@ -71,6 +72,13 @@ void Pen::text(Text text, std::wstring_view letters, const OdGePoint3d& at, doub
     text.at = {p.x, p.y};
     text.height = height * upLength;
     text.angle = std::atan2(along.y, along.x);
+    if (along.x * up.y - along.y * up.x < 0) { // seen from behind: upside down, its letters running backwards
+        text.angle += std::numbers::pi;
+        text.mirrored = !text.mirrored;
+        if (text.horizontal != Text::Horizontal::center)
+            text.horizontal =
+                text.horizontal == Text::Horizontal::left ? Text::Horizontal::right : Text::Horizontal::left;
+    }
     text.widthFactor = upLength > 0 ? text.widthFactor * alongLength / upLength : 0;
     text.width *= alongLength;
     if (letters.empty() || !(text.height > 0) || !(text.widthFactor > 0) || !std::isfinite(text.height) ||
