@@ -237,7 +237,11 @@ EntityGeometry multilineText(Reader in) {
             break;
         }
     }
-    if (directed) out.rotation = std::atan2(direction.y, direction.x);
+    if (!directed) { // the angle is the plane's
+        const OdGePoint3d along = toWorld({std::cos(out.rotation), std::sin(out.rotation), 0}, out.normal);
+        direction = {along.x, along.y, along.z};
+    }
+    out.rotation = std::atan2(direction.y, direction.x);
     out.plain = plainMText(contents);
     out.contents = OdString(std::move(contents));
     return out;

@@ -72,6 +72,7 @@ void LineRaster::line(OdGePoint2d a, OdGePoint2d b, std::uint32_t color) {
     const double width = m_canvas.width, height = m_canvas.height;
     double from = 0, to = 1;
     const double dx = b.x - a.x, dy = b.y - a.y;
+    if (!std::isfinite(dx) || !std::isfinite(dy)) return;
     auto cut = [&](double start, double step, double size) {
         if (start >= 0 && start < size && start + step >= 0 && start + step < size) return true;
         if (step == 0) return false;
@@ -82,7 +83,6 @@ void LineRaster::line(OdGePoint2d a, OdGePoint2d b, std::uint32_t color) {
         return from <= to;
     };
     if (!cut(a.x, dx, width) || !cut(a.y, dy, height)) return;
-    if (!(from <= to)) return; // also what is no number
     m_fresh = false;
     const double lastX = width - 1.0 / 1024, lastY = height - 1.0 / 1024;
     double x0 = std::clamp(a.x + dx * from, 0.0, lastX), y0 = std::clamp(a.y + dy * from, 0.0, lastY);

@@ -8,10 +8,10 @@ class OdDbObjectId;
 
 namespace tv::scene {
 
-// The model space as it is painted: lines, circles, arcs, ellipses, polylines with their widths, solids, points
-// and texts, and the same inside of block inserts. Entities that are invisible or on a layer that is off or
-// frozen are left out, as are coordinates that are no finite numbers, inserts of a block inside itself and
-// whatever comes beyond mostEntities.
+// The model space as it is painted, with what lies inside of block inserts. Entities that are invisible are left
+// out, as are coordinates that are no finite numbers, inserts of a block inside itself and whatever comes beyond
+// mostEntities; those on hidden layers are there, in styles that are not shown. The database is read by several
+// threads meanwhile and must not change.
 inline constexpr std::size_t mostEntities = 3'000'000;
 Scene buildScene(const OdDbDatabase& database);
 // The same of the entities of another space or block.
