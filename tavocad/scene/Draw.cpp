@@ -161,8 +161,12 @@ void Drawer::drawRays() {
         if (item.count != 2) continue;
         OdGePoint2d* const ends = scene.points.data() + item.first;
         const OdGePoint2d base = ends[0];
-        ends[1] = {base.x + ray.direction.x * reach, base.y + ray.direction.y * reach};
-        if (ray.both) ends[0] = {base.x - ray.direction.x * reach, base.y - ray.direction.y * reach};
+        auto end = [&](double way) {
+            const OdGePoint2d point{base.x + ray.direction.x * way, base.y + ray.direction.y * way};
+            return std::isfinite(point.x) && std::isfinite(point.y) ? point : base;
+        };
+        ends[1] = end(reach);
+        if (ray.both) ends[0] = end(-reach);
     }
     m_rays.clear();
 }

@@ -200,15 +200,18 @@ TEST(SceneKinds, HostileValuesEnd) {
     for (int i = 0; i < 3000; ++i)
         deep += block("D" + std::to_string(i), "0|INSERT|8|0|2|D" + std::to_string(i + 1) + "|10|0|20|0|");
     const auto start = std::chrono::steady_clock::now();
-    const Scene scene = sceneOf(
-        nested + deep, "0|INSERT|8|0|2|N0" + huge +
-                           "0|INSERT|8|0|2|D0|10|0|20|0|"
-                           "0|LINE|8|0|10|1e308|20|-1e308|11|-1e308|21|1e308|0|CIRCLE|8|0|10|0|20|0|40|1e308|"
-                           "0|ARC|8|0|10|0|20|0|40|1|50|1e300|51|-1e300|0|XLINE|8|0|10|0|20|0|11|1|21|1|"
-                           "0|MESH|8|0|92|9|93|2147483647|90|2147483647|90|5|");
+    const Scene scene =
+        sceneOf(nested + deep,
+                "0|INSERT|8|0|2|N0" + huge +
+                    "0|INSERT|8|0|2|D0|10|0|20|0|"
+                    "0|LINE|8|0|10|1e308|20|-1e308|11|-1e308|21|1e308|0|CIRCLE|8|0|10|0|20|0|40|1e308|"
+                    "0|ARC|8|0|10|0|20|0|40|1|50|1e300|51|-1e300|0|XLINE|8|0|10|0|20|0|11|1|21|1|"
+                    "0|RAY|8|0|10|1.7e308|20|0|11|1|21|0|0|MESH|8|0|92|9|93|2147483647|90|2147483647|90|5|");
     Scene::Seen seen;
     scene.look(scene.box, 1e-3, seen);
     (void)scene.crossing(scene.box);
     EXPECT_LT(scene.items.size(), 20U);
+    for (const OdGePoint2d& point : scene.points)
+        EXPECT_TRUE(isBreak(point) || (std::isfinite(point.x) && std::isfinite(point.y)));
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
 }
