@@ -130,6 +130,8 @@ bool QtToolkit::screenshot(const std::filesystem::path& file) const {
     QWidget* shown = m->mainWindow;
     if (const CDialog* top = topmost())
         if (DialogWindow* window = m->windowOf(top)) shown = window;
+    // What was said a moment ago takes its place first.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     return shown && shown->grab().save(QString::fromStdWString(file.wstring()));
 }
 

@@ -154,11 +154,13 @@ void Drawer::drawRays() {
     Box box;
     for (const Item& item : scene.items)
         box.add(scene.boxOf(item));
-    const double reach = std::max({std::hypot(box.width(), box.height()), 1.0});
+    constexpr double times = 50; // the size of everything else: far enough to seem endless
+    const double reach = times * std::max({std::hypot(box.width(), box.height()), 1.0});
     if (!std::isfinite(reach)) return;
     for (const Ray& ray : m_rays) {
-        const Item& item = scene.items[ray.item];
+        Item& item = scene.items[ray.item];
         if (item.count != 2) continue;
+        item.flags |= Item::endless;
         OdGePoint2d* const ends = scene.points.data() + item.first;
         const OdGePoint2d base = ends[0];
         auto end = [&](double way) {

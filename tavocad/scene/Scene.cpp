@@ -82,7 +82,7 @@ Box Scene::boxOf(const Item& item) const {
 }
 
 void Scene::finish() {
-    box = {};
+    box = extents = {};
     std::vector<SpatialIndex::Small> boxes(items.size());
     OdGePoint2d origin;
     if (!items.empty()) {
@@ -93,11 +93,16 @@ void Scene::finish() {
         const Box own = boxOf(items[i]);
         if (!finite(own)) continue;
         boxes[i] = SpatialIndex::smallOf(own, origin);
-        if (styleOf(items[i]).shown) box.add(own);
+        if (!styleOf(items[i]).shown) continue;
+        box.add(own);
+        if (!(items[i].flags & Item::endless)) extents.add(own);
     }
     for (const ViewportPicture& viewport : viewports)
-        for (const OdGePoint2d& corner : viewport.clip)
+        for (const OdGePoint2d& corner : viewport.clip) {
             box.add(corner);
+            extents.add(corner);
+        }
+    if (extents.empty()) extents = box;
     index.build(std::move(boxes), origin);
     loose.clear();
 }

@@ -32,10 +32,11 @@ struct Item {
         mark,   // points[first]: a cross of constant size on the screen
     };
     enum Flag : std::uint8_t {
-        evenOdd = 1,  // of an area: what lies in an even number of outlines is no part of it
-        mask = 2,     // of an area: painted in the background's colour, hiding what lies below
-        pale = 4,     // of an area: stands for a pattern too fine to be painted line by line
-        solidLine = 8 // of a stroke or an arc: never dashed
+        evenOdd = 1,   // of an area: what lies in an even number of outlines is no part of it
+        mask = 2,      // of an area: painted in the background's colour, hiding what lies below
+        pale = 4,      // of an area: stands for a pattern too fine to be painted line by line
+        solidLine = 8, // of a stroke or an arc: never dashed
+        endless = 16   // of a stroke: a stretch of a line without an end, longer than anything else
     };
     std::uint32_t first = 0, count = 0;
     std::uint32_t style = 0;  // into Scene::styles
@@ -111,6 +112,7 @@ struct Scene {
     StyleTable styles;
     std::vector<ViewportPicture> viewports; // of a layout; painted below its items
     Box box;                                // of everything that is shown
+    Box extents;                            // of that, but for endless lines if there is anything else
     std::size_t drawn = 0;                  // entities drawn, those inside of blocks once per insert
 
     // --- what to paint ---

@@ -107,7 +107,7 @@ void DrawingView::zoom(const ZoomRequest& request) {
 }
 
 void DrawingView::fitAll() {
-    showBox(m_scene->box, 1 - 2 * margin);
+    showBox(m_scene->extents, 1 - 2 * margin);
     m_untouched = true;
 }
 

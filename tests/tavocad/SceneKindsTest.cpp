@@ -84,6 +84,18 @@ TEST(SceneKinds, LayersAreSwitchedWithoutDrawingAnew) {
 }
 
 // A quarter of a circle as a rational spline is one; without usable knots its control points are joined.
+TEST(SceneKinds, EndlessLinesDoNotCountForTheExtents) {
+    const std::string rays = "0|XLINE|8|0|10|0|20|0|11|1|21|1|0|RAY|8|0|10|3|20|4|11|0|21|-1|";
+    const Scene both =
+        sceneOfText("0|SECTION|2|ENTITIES|0|LINE|8|0|10|0|20|0|11|10|21|5|" + rays + "0|ENDSEC|0|EOF|");
+    EXPECT_EQ(both.extents.right, 10);
+    EXPECT_EQ(both.extents.bottom, 0);
+    EXPECT_GT(both.box.width(), 10 * both.extents.width());
+    EXPECT_TRUE(both.pick({100, 100}, 0.1)) << "it is there all the same";
+    const Scene alone = sceneOfText("0|SECTION|2|ENTITIES|" + rays + "0|ENDSEC|0|EOF|");
+    EXPECT_FALSE(alone.extents.empty());
+}
+
 TEST(SceneKinds, Splines) {
     const std::string points = "10|1|20|0|30|0|10|1|20|1|30|0|10|0|20|1|30|0|";
     const std::string weights = "41|1|41|0.70710678118654752|41|1|";
