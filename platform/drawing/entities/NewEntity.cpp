@@ -162,8 +162,7 @@ class Writer {
 
 class Check {
   public:
-    Check(const EntityHome& home, const Current& current)
-        : m_home(home), m_database(*home.database()), m_current(current) {}
+    explicit Check(const EntityHome& home) : m_home(home), m_database(*home.database()) {}
 
     Tavo::ErrorStatus operator()(const LineGeometry&) const { return Tavo::eOk; }
     Tavo::ErrorStatus operator()(const PointGeometry&) const { return Tavo::eOk; }
@@ -231,7 +230,6 @@ class Check {
 
     const EntityHome& m_home;
     OdDbDatabase& m_database;
-    const Current& m_current;
 };
 
 // --- how it is written ---
@@ -429,7 +427,7 @@ AppendResult appendEntity(const EntityHome& home, const NewEntity& shape) {
     if (const auto status = checkHome(home); status != Tavo::eOk) return {status, {}};
     OdDbDatabase& database = *home.database();
     const Current current(database);
-    if (const auto status = std::visit(Check(home, current), shape); status != Tavo::eOk) return {status, {}};
+    if (const auto status = std::visit(Check(home), shape); status != Tavo::eOk) return {status, {}};
     // Written once for trial: a number that can't be written must leave nothing behind.
     const HomePlace trial;
     Writer probe(database, current, trial, [] { return OdDbHandle(1); });
