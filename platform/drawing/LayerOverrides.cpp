@@ -78,8 +78,8 @@ Tavo::ErrorStatus checkOverride(OdDbObjectId layer, OdDbObjectId viewport) {
     if (!layerOf(layer) || !isViewport(viewport) || viewport.database() != layer.database() ||
         layer.handle().isNull() || viewport.handle().isNull())
         return Tavo::eInvalidInput;
-    const DxfVersion version = layer.database()->version();
-    if (version != DxfVersion::kUnknown && version < DxfVersion::kR2007) return Tavo::eNotHandled;
+    if (const auto status = layer.database()->require(OdDb::Feature::kViewportOverrides); status != Tavo::eOk)
+        return status;
     return layer.database()->store().writable() ? Tavo::eOk : Tavo::eReadOnly;
 }
 

@@ -235,8 +235,7 @@ LayerState currentLayerState(const OdDbDatabase& database) {
 
 Tavo::ErrorStatus writeLayerState(OdDbDatabase& database, const LayerState& state) {
     if (state.name.isEmpty()) return Tavo::eInvalidInput;
-    const DxfVersion version = database.version();
-    if (version != DxfVersion::kUnknown && version < DxfVersion::kR2000) return Tavo::eNotHandled;
+    if (const auto status = database.require(OdDb::Feature::kDictionaries); status != Tavo::eOk) return status;
     const OdDbUndoScope step(database, L"LAYERSTATE");
     const auto names = states(database, true);
     if (!names) return database.isReadOnly() ? Tavo::eReadOnly : Tavo::eNotHandled;

@@ -152,7 +152,8 @@ Tavo::ErrorStatus OdDbBlockTableRecord::setBlockInsertUnits(int units) {
 }
 
 Tavo::ErrorStatus OdDbBlockTableRecord::setModern(int code, int value, std::initializer_list<int> behind) {
-    if (olderThan(*database(), DxfVersion::kR2007)) return Tavo::eNotHandled;
+    if (const auto status = database()->require(OdDb::Feature::kBlockSettings); status != Tavo::eOk)
+        return status;
     return setAt(code, std::int64_t{value}, behind);
 }
 

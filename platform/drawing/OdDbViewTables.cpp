@@ -53,8 +53,8 @@ OdDbAbstractViewTableRecord::Ucs OdDbAbstractViewTableRecord::ucs() const {
 
 Tavo::ErrorStatus OdDbAbstractViewTableRecord::setUcs(const Ucs& ucs) {
     if (const auto status = checkWrite(); status != Tavo::eOk) return status;
-    const OdDb::DxfVersion version = database()->version();
-    if (version != OdDb::DxfVersion::kUnknown && version < OdDb::DxfVersion::kR2000) return Tavo::eNotHandled;
+    if (const auto status = database()->require(OdDb::Feature::kSheetSettings); status != Tavo::eOk)
+        return status;
     const OdDbUndoScope step(*database(), L"VIEW");
     setHasUcs(true);
     if (const auto status = setPoint(110, ucs.origin, {65, 72}); status != Tavo::eOk) return status;

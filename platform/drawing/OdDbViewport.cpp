@@ -89,8 +89,8 @@ Tavo::ErrorStatus setView(OdDbViewport& viewport, const std::vector<TagValue>& v
             old.at(wanted.place)->setValue(wanted.value);
         return viewport.setXData(old.chain());
     }
-    const DxfVersion version = viewport.database()->version();
-    if (version != DxfVersion::kUnknown && version < DxfVersion::kR2000) return Tavo::eNotHandled;
+    if (const auto status = viewport.database()->require(OdDb::Feature::kSheetSettings); status != Tavo::eOk)
+        return status;
     return setIn(viewport, kPart, values, {69, 68, 41});
 }
 
@@ -207,9 +207,9 @@ Tavo::ErrorStatus OdDbViewport::setOn(bool on) {
 Tavo::ErrorStatus OdDbViewport::setLocked(bool locked) {
     if (const auto status = checkWrite(); status != Tavo::eOk) return status;
     if (locked == isLocked()) return Tavo::eOk;
-    const DxfVersion version = database()->version();
-    if (OldForm(*this) || (version != DxfVersion::kUnknown && version < DxfVersion::kR2000))
-        return Tavo::eNotHandled;
+    if (OldForm(*this)) return Tavo::eNotHandled;
+    if (const auto status = database()->require(OdDb::Feature::kSheetSettings); status != Tavo::eOk)
+        return status;
     return setIn(*this, kPart, {{90, std::int64_t{locked ? flags() | kLocked : flags() & ~kLocked}}},
                  {341, 331, 72, 69});
 }
@@ -272,8 +272,8 @@ Tavo::ErrorStatus OdDbViewport::setFrozen(const std::vector<OdDbObjectId>& layer
         old.setFrozen(names);
         return setXData(old.chain());
     }
-    const DxfVersion version = database()->version();
-    if (version != DxfVersion::kUnknown && version < DxfVersion::kR2000) return Tavo::eNotHandled;
+    if (const auto status = database()->require(OdDb::Feature::kSheetSettings); status != Tavo::eOk)
+        return status;
     RecordStore& store = database()->store();
     RecordEditor record(format(), store.text(objectId().record()));
     std::unordered_set<std::uint64_t> wanted;

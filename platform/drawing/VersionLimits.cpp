@@ -40,6 +40,12 @@ std::wstring nameOf(Feature feature) {
         return VORD_ResourceString("IDS_TAVO_DXF_HOLD_LONG_NAMES", L"31자를 넘는 이름").c_str();
     case Feature::kMultilineText:
         return VORD_ResourceString("IDS_TAVO_DXF_HOLD_MTEXT", L"여러 줄 문자 객체").c_str();
+    case Feature::kObjectKind:
+        return VORD_ResourceString("IDS_TAVO_DXF_HOLD_OBJECT_KIND", L"이 종류의 객체").c_str();
+    case Feature::kSheetSettings:
+        return VORD_ResourceString("IDS_TAVO_DXF_HOLD_SHEETS", L"뷰와 배치의 설정").c_str();
+    case Feature::kBlockSettings:
+        return VORD_ResourceString("IDS_TAVO_DXF_HOLD_BLOCKS", L"블록의 설정").c_str();
     }
     return {};
 }
@@ -53,12 +59,14 @@ OdDb::DxfVersion firstVersionOf(Feature feature) {
     case Feature::kVisibility:
     case Feature::kDictionaries:
     case Feature::kMultilineText:
+    case Feature::kObjectKind:
         return kR13;
     case Feature::kLineWeight:
     case Feature::kPlotFlag:
     case Feature::kPlotStyle:
     case Feature::kLayouts:
     case Feature::kLongNames:
+    case Feature::kSheetSettings:
         return kR2000;
     case Feature::kTrueColor:
     case Feature::kTransparency:
@@ -66,6 +74,7 @@ OdDb::DxfVersion firstVersionOf(Feature feature) {
     case Feature::kMaterial:
     case Feature::kAnnotativeScales:
     case Feature::kViewportOverrides:
+    case Feature::kBlockSettings:
         return kR2007;
     }
     return kUnknown;

@@ -26,6 +26,9 @@ enum class Feature : std::uint8_t {
     kViewportOverrides,
     kLongNames,     // of more than 31 characters
     kMultilineText, // as an object of its own
+    kObjectKind,    // some other kind of object
+    kSheetSettings, // of viewports, views and plotting
+    kBlockSettings, // units, exploding and scaling of blocks
 };
 
 } // namespace OdDb

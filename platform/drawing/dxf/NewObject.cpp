@@ -62,7 +62,7 @@ constexpr ClassRecord kClasses[] = {
 Tavo::ErrorStatus ensureObjects(OdDbDatabase& database) {
     RecordStore& store = database.store();
     const DxfFormat& format = store.format();
-    if (format.version != kUnknown && format.version < kR13) return Tavo::eNotHandled;
+    if (const auto status = database.require(OdDb::Feature::kDictionaries); status != Tavo::eOk) return status;
     if (!store.writable()) return Tavo::eReadOnly;
     if (!database.getNamedObjectsDictionaryId().isNull()) return Tavo::eOk;
     RecordId section = store.section(Section::kObjects);

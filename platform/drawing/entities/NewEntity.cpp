@@ -169,7 +169,8 @@ class Check {
     Tavo::ErrorStatus operator()(const CircleGeometry& c) const { return above(c.radius); }
     Tavo::ErrorStatus operator()(const ArcGeometry& a) const { return above(a.radius); }
     Tavo::ErrorStatus operator()(const EllipseGeometry& e) const {
-        if (old()) return Tavo::eNotHandled;
+        if (const auto status = m_database.require(OdDb::Feature::kObjectKind); status != Tavo::eOk)
+            return status;
         return e.ratio <= 1 ? above(std::min(e.majorAxis.length(), e.ratio)) : Tavo::eOutOfRange;
     }
     Tavo::ErrorStatus operator()(const PolylineGeometry& p) const {
@@ -181,7 +182,8 @@ class Check {
         return named(m_database.getTextStyleTableId(), t.style);
     }
     Tavo::ErrorStatus operator()(const MTextGeometry& t) const {
-        if (old()) return Tavo::eNotHandled;
+        if (const auto status = m_database.require(OdDb::Feature::kMultilineText); status != Tavo::eOk)
+            return status;
         if (t.attachment < 1 || t.attachment > 9 || t.width < 0) return Tavo::eOutOfRange;
         if (const auto status = above(t.height); status != Tavo::eOk) return status;
         return named(m_database.getTextStyleTableId(), t.style);
@@ -207,7 +209,8 @@ class Check {
         return named(m_database.getDimStyleTableId(), d.style);
     }
     Tavo::ErrorStatus operator()(const NewFill& f) const {
-        if (old()) return Tavo::eNotHandled;
+        if (const auto status = m_database.require(OdDb::Feature::kObjectKind); status != Tavo::eOk)
+            return status;
         if (f.outlines.empty()) return Tavo::eInvalidInput;
         for (const PolylineGeometry& outline : f.outlines)
             if (outline.vertices.size() < 2) return Tavo::eInvalidInput;
@@ -215,7 +218,6 @@ class Check {
     }
 
   private:
-    bool old() const { return m_database.version() != kUnknown && m_database.version() < kR13; }
     static Tavo::ErrorStatus above(double number) {
         return number > 0 && std::isfinite(number) ? Tavo::eOk : Tavo::eOutOfRange;
     }
