@@ -66,7 +66,7 @@ TEST(Entities, GeometryIsDecodedFromTheTags) {
     EXPECT_EQ(insert.scale, (OdGeVector3d{-1, 1, 1}));
     EXPECT_EQ(insert.columns * insert.rows, 6);
     EXPECT_TRUE(std::holds_alternative<std::monostate>(
-        geometryOf(*entities("0|WIPEOUT|8|0|10|1|")->modelSpace().begin())));
+        geometryOf(*entities("0|ODDITY|8|0|10|1|")->modelSpace().begin())));
 }
 
 TEST(Entities, PlanesFollowTheArbitraryAxisRule) {
