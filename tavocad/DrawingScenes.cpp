@@ -21,14 +21,28 @@ void DrawingScenes::watch(const OdDbDatabasePtr& database) {
 std::shared_ptr<const Scene> DrawingScenes::sceneOf(const OdDbDatabasePtr& database) {
     if (!database) return std::make_shared<Scene>();
     watch(database);
-    const OdDbObjectId layout = layoutOf(database);
-    if (m_scene && layout == m_layout) return m_scene;
-    const auto opened = layout.open<OdDbLayout>();
-    const bool sheet = opened && !opened->isModelLayout();
+    followChanges();
+    m_told = false;
     if (!m_model) m_model = std::make_shared<Scene>(tv::scene::buildScene(*database));
-    m_scene = sheet ? std::make_shared<Scene>(tv::scene::buildScene(*database, layout, m_model)) : m_model;
+    const OdDbObjectId layout = layoutOf(database);
+    const auto opened = layout.open<OdDbLayout>();
+    if (!opened || opened->isModelLayout()) return m_model;
+    if (!m_sheet || !(layout == m_layout))
+        m_sheet = std::make_shared<Scene>(tv::scene::buildScene(*database, layout, m_model));
     m_layout = layout;
-    return m_scene;
+    return m_sheet;
+}
+
+// A sheet is always made anew: what it shows of the model it shares.
+void DrawingScenes::followChanges() {
+    if (m_changes.empty()) return;
+    m_sheet.reset();
+    if (m_changes.everything()) m_model.reset();
+    if (m_model) {
+        if (m_model.use_count() > 1) m_model = std::make_shared<Scene>(*m_model);
+        if (!tv::scene::update(*m_model, *m_database, m_changes)) m_model.reset();
+    }
+    m_changes = {};
 }
 
 OdDbObjectId DrawingScenes::layoutOf(const OdDbDatabasePtr& database) const {
@@ -56,24 +70,37 @@ Tavo::ErrorStatus DrawingScenes::showLayout(const OdDbDatabasePtr& database, con
 }
 
 void DrawingScenes::headerSysVarChanged(OdDbDatabase& database, std::wstring_view name) {
-    // What every shape depends on; TILEMODE says which space is in view.
-    static constexpr std::wstring_view shapes[] = {L"LTSCALE", L"TILEMODE", L"PDMODE",   L"PDSIZE",
-                                                   L"ATTMODE", L"FILLMODE", L"PSLTSCALE"};
+    // What shapes depend on.
+    static constexpr std::wstring_view shapes[] = {L"LTSCALE",  L"PDMODE",    L"PDSIZE", L"ATTMODE",
+                                                   L"FILLMODE", L"PSLTSCALE", L"DIMTXT"};
     if (std::ranges::find(shapes, name) != std::end(shapes)) forget(&database);
+    if (name == L"TILEMODE") tell(); // another space is in view
+}
+
+void DrawingScenes::note(OdDbObjectId id, How how) {
+    if (m_model) m_changes.note(*m_database, id, how);
+    tell();
+}
+
+void DrawingScenes::tell() {
+    if (m_told) return;
+    m_told = true;
+    outdated.notify();
 }
 
 void DrawingScenes::forget(const OdDbDatabase* database) {
-    if (database != m_database.get() || !m_scene) return;
-    m_scene.reset();
-    m_model.reset();
-    outdated.notify();
+    if (database != m_database.get()) return;
+    m_changes.noteEverything();
+    tell();
 }
 
 void DrawingScenes::release(const OdDbDatabase* database) {
     if (!m_database || database != m_database.get()) return;
     m_database->removeReactor(this);
     m_database.reset();
-    m_scene.reset();
     m_model.reset();
+    m_sheet.reset();
+    m_changes = {};
+    m_told = true;
     m_looked = {};
 }

@@ -4,12 +4,14 @@
 #include "platform/drawing/OdDbEntity.h"
 #include "platform/host/Signal.h"
 #include "tavocad/scene/Scene.h"
+#include "tavocad/scene/SceneUpdate.h"
 
 #include <memory>
 
 // What the current drawing looks like, for the window and for whoever asks where things are. The scene is made
-// when it is asked for and kept until the drawing changes; one drawing's at a time. What is in view is the
-// drawing's current layout, or for one that can't be edited the layout looked at.
+// when it is asked for and brought up to date when it is asked for after a change; one drawing's at a time. One
+// that is held on to stays as it is: it is copied for the change, which takes a while for a big one. What is in
+// view is the drawing's current layout, or for one that can't be edited the layout looked at.
 class DrawingScenes : private OdDbDatabaseReactor {
   public:
     ~DrawingScenes() override;
@@ -32,14 +34,20 @@ class DrawingScenes : private OdDbDatabaseReactor {
     tv::host::Signal<> outdated;
 
   private:
-    void objectModified(OdDbDatabase& database, OdDbObjectId) override { forget(&database); }
-    void objectAppended(OdDbDatabase& database, OdDbObjectId) override { forget(&database); }
-    void objectErased(OdDbDatabase& database, OdDbObjectId) override { forget(&database); }
+    using How = tv::scene::Changes::How;
+    void objectModified(OdDbDatabase&, OdDbObjectId id) override { note(id, How::modified); }
+    void objectAppended(OdDbDatabase&, OdDbObjectId id) override { note(id, How::appended); }
+    void objectErased(OdDbDatabase&, OdDbObjectId id) override { note(id, How::erased); }
     void headerSysVarChanged(OdDbDatabase& database, std::wstring_view name) override;
     void watch(const OdDbDatabasePtr& database);
+    void note(OdDbObjectId id, How how);
+    void tell();
+    void followChanges();
 
     OdDbDatabasePtr m_database;
-    OdDbObjectId m_looked;                                    // at, in a drawing that can't be edited
-    OdDbObjectId m_layout;                                    // the scene's
-    std::shared_ptr<const tv::scene::Scene> m_scene, m_model; // null when they are to be made
+    OdDbObjectId m_looked;                              // at, in a drawing that can't be edited
+    OdDbObjectId m_layout;                              // the sheet's
+    std::shared_ptr<tv::scene::Scene> m_model, m_sheet; // null when they are to be made
+    tv::scene::Changes m_changes;                       // since the model's scene was made
+    bool m_told = true;                                 // that the scene asked for last isn't true
 };

@@ -2,6 +2,7 @@
 
 #include "platform/drawing/Geometry.h"
 
+#include <cmath>
 #include <limits>
 
 namespace tv::scene {
@@ -11,6 +12,9 @@ struct Box {
     double right = std::numeric_limits<double>::lowest(), top = right;
 
     bool empty() const { return left > right; }
+    bool isFinite() const {
+        return std::isfinite(left) && std::isfinite(right) && std::isfinite(bottom) && std::isfinite(top);
+    }
     double width() const { return right - left; }
     double height() const { return top - bottom; }
     void add(OdGePoint2d p) {

@@ -21,6 +21,7 @@ class Drawer {
     void draw(const tv::dwg::EntityGeometry& geometry, const StyleSource& source);
     // Lines without end reach as far as everything else does: to be called when that has been drawn.
     void drawRays();
+    bool hasRays() const { return !m_rays.empty(); }
 
   private:
     void draw(const std::monostate&) {}

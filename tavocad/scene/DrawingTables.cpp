@@ -112,6 +112,7 @@ std::uint32_t DrawingTables::layer(std::wstring_view name, StyleTable& styles) {
     if (isNew) {
         LayerState state;
         state.name = name;
+        state.recorded = false;
         found->second = styles.addLayer(std::move(state));
     }
     return found->second;
@@ -264,6 +265,15 @@ DrawingTables readTables(const OdDbDatabase& database, StyleTable& styles) {
                 layers.push_back(std::move(state));
         });
     styles.setLayers(std::move(layers));
+    return tables;
+}
+
+DrawingTables tablesOf(const StyleTable& styles) {
+    DrawingTables tables;
+    for (std::uint32_t i = 0; i < styles.layers().size(); ++i)
+        tables.layers.try_emplace(tv::text::foldCase(styles.layers()[i].name), i);
+    for (std::uint32_t i = 1; i < styles.linetypes().size(); ++i)
+        tables.linetypes.try_emplace(tv::text::foldCase(styles.linetypes()[i].name), i);
     return tables;
 }
 

@@ -60,5 +60,7 @@ ByWhom linetypeBy(const EntityHead& head);
 
 // Fills the style table with the drawing's layers and linetypes.
 DrawingTables readTables(const OdDbDatabase& database, StyleTable& styles);
+// The names of a style table that was filled before.
+DrawingTables tablesOf(const StyleTable& styles);
 
 } // namespace tv::scene

@@ -285,9 +285,11 @@ void drawAll(const RecordStore& store, std::span<const RecordId> records, const 
     auto recordsOf = [&](std::size_t i) {
         return records.subspan(i * partSize, std::min(partSize, records.size() - i * partSize));
     };
-    scene.items.reserve(scene.items.size() + records.size());
-    scene.entities.reserve(scene.entities.size() + records.size());
-    scene.points.reserve(scene.points.size() + records.size() * 2);
+    // With some room for edits: moving all of it for the first one would take longer than drawing that.
+    const std::size_t room = records.size() + records.size() / 64 + 64;
+    scene.items.reserve(scene.items.size() + room);
+    scene.entities.reserve(scene.entities.size() + room);
+    scene.points.reserve(scene.points.size() + room * 2);
     std::vector<std::uint32_t> layerStyles;
     std::vector<Part> parts(count), spare; // memory goes from one part to the next
     std::mutex mutex;

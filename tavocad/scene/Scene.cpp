@@ -40,11 +40,6 @@ Box arcBox(const OdGePoint2d* arc) {
     return box;
 }
 
-bool finite(const Box& box) {
-    return std::isfinite(box.left) && std::isfinite(box.right) && std::isfinite(box.bottom) &&
-           std::isfinite(box.top);
-}
-
 } // namespace
 
 std::array<OdGePoint2d, 4> Scene::cornersOf(const Text& text) const {
@@ -81,18 +76,13 @@ Box Scene::boxOf(const Item& item) const {
     return box;
 }
 
-void Scene::finish() {
+template <class Use>
+void Scene::measure(Use&& use) {
     box = extents = {};
-    std::vector<SpatialIndex::Small> boxes(items.size());
-    OdGePoint2d origin;
-    if (!items.empty()) {
-        const Box first = boxOf(items[0]);
-        if (finite(first)) origin = {first.left, first.bottom};
-    }
     for (std::size_t i = 0; i < items.size(); ++i) {
         const Box own = boxOf(items[i]);
-        if (!finite(own)) continue;
-        boxes[i] = SpatialIndex::smallOf(own, origin);
+        if (!own.isFinite()) continue;
+        use(i, own);
         if (!styleOf(items[i]).shown) continue;
         box.add(own);
         if (!(items[i].flags & Item::endless)) extents.add(own);
@@ -103,8 +93,22 @@ void Scene::finish() {
             extents.add(corner);
         }
     if (extents.empty()) extents = box;
+}
+
+void Scene::finish() {
+    std::vector<SpatialIndex::Small> boxes(items.size());
+    OdGePoint2d origin;
+    if (!items.empty()) {
+        const Box first = boxOf(items[0]);
+        if (first.isFinite()) origin = {first.left, first.bottom};
+    }
+    measure([&](std::size_t i, const Box& own) { boxes[i] = SpatialIndex::smallOf(own, origin); });
     index.build(std::move(boxes), origin);
     loose.clear();
+}
+
+void Scene::measure() {
+    measure([](std::size_t, const Box&) {});
 }
 
 void Scene::look(const Box& view, double pixel, Seen& seen, const StyleTable* through) const {
@@ -145,7 +149,8 @@ OdDbObjectId Scene::idOf(std::uint32_t entity) const { return {database, entitie
 std::optional<std::uint32_t> Scene::entityOf(OdDbObjectId id) const {
     if (id.database() != database) return std::nullopt;
     for (std::size_t i = 0; i < entities.size(); ++i)
-        if (entities[i].record == id.record()) return static_cast<std::uint32_t>(i);
+        if (entities[i].record == id.record() && entities[i].itemCount > 0)
+            return static_cast<std::uint32_t>(i);
     return std::nullopt;
 }
 

@@ -73,7 +73,7 @@ struct Font {
     friend bool operator==(const Font&, const Font&) = default;
 };
 
-// The top-level entity that items come from.
+// The top-level entity that items come from. One that is gone has none.
 struct Entity {
     tv::dwg::RecordId record = tv::dwg::kNoRecord;
     std::uint32_t firstItem = 0, itemCount = 0;
@@ -113,7 +113,8 @@ struct Scene {
     std::vector<ViewportPicture> viewports; // of a layout; painted below its items
     Box box;                                // of everything that is shown
     Box extents;                            // of that, but for endless lines if there is anything else
-    std::size_t drawn = 0;                  // entities drawn, those inside of blocks once per insert
+    std::size_t drawn = 0;                  // entities drawn so far, those inside of blocks once per insert
+    bool boundless = false; // has lines without end: how far they reach depends on everything else
 
     // --- what to paint ---
     struct Dot {
@@ -163,9 +164,14 @@ struct Scene {
     std::optional<std::uint32_t> entityOf(OdDbObjectId id) const;
 
     // --- for the builder ---
-    void finish(); // computes index and box
+    void finish();  // computes index, box and extents
+    void measure(); // box and extents
     SpatialIndex index;
     std::vector<std::uint32_t> loose; // items drawn anew since finish(), which the index does not know
+
+  private:
+    template <class Use>
+    void measure(Use&& use); // with the box of each item
 };
 
 } // namespace tv::scene

@@ -57,6 +57,12 @@ class Builder {
         m_scene.database = &const_cast<OdDbDatabase&>(database);
         m_blockTable = database.getBlockTableId().open<OdDbBlockTable>();
     }
+    // To go on with a scene.
+    Builder(const OdDbDatabase& database, Scene&& scene)
+        : m_database(database), m_scene(std::move(scene)), m_tables(tablesOf(m_scene.styles)),
+          m_names(database, m_tables), m_pen(m_scene), m_draw(database, m_pen) {
+        m_blockTable = database.getBlockTableId().open<OdDbBlockTable>();
+    }
 
     Scene build(const OdDbEntityRange& entities) {
         std::vector<RecordId> records;
@@ -71,10 +77,34 @@ class Builder {
             const auto count = static_cast<std::uint32_t>(m_scene.items.size()) - first;
             if (count > 0) m_scene.entities.push_back({record, first, count});
         });
+        m_scene.boundless = m_draw.hasRays();
         m_draw.drawRays();
         m_scene.finish();
         return std::move(m_scene);
     }
+
+    // As that entity of the scene, or as a new one for `none`. False when it can't be drawn alone.
+    bool redraw(RecordId record, std::uint32_t entity) {
+        if (entity == none) entity = static_cast<std::uint32_t>(m_scene.entities.size());
+        const auto first = static_cast<std::uint32_t>(m_scene.items.size());
+        m_pen.setEntity(entity);
+        add(decode({m_scene.database, record}), Place{});
+        const auto count = static_cast<std::uint32_t>(m_scene.items.size()) - first;
+        if (entity < m_scene.entities.size())
+            m_scene.entities[entity] = {record, first, count};
+        else if (count > 0)
+            m_scene.entities.push_back({record, first, count});
+        for (std::uint32_t i = first; i < first + count; ++i) {
+            const Box own = m_scene.boxOf(m_scene.items[i]);
+            if (!own.isFinite()) continue;
+            m_scene.loose.push_back(i);
+            if (!m_scene.styleOf(m_scene.items[i]).shown) continue;
+            m_scene.box.add(own);
+            m_scene.extents.add(own);
+        }
+        return !m_draw.hasRays() && !spent();
+    }
+    Scene take() { return std::move(m_scene); }
 
   private:
     static std::wstring key(const OdString& name) { return tv::text::foldCase(name.view()); }
@@ -187,6 +217,14 @@ Scene buildScene(const OdDbDatabase& database) { return buildScene(database, dat
 
 Scene buildScene(const OdDbDatabase& database, const OdDbEntityRange& entities) {
     return Builder(database).build(entities);
+}
+
+bool redraw(Scene& scene, const OdDbDatabase& database, std::span<const Redrawn> entities) {
+    Builder builder(database, std::move(scene));
+    const bool done = std::ranges::all_of(
+        entities, [&](const Redrawn& one) { return builder.redraw(one.record, one.entity); });
+    scene = builder.take();
+    return done;
 }
 
 } // namespace tv::scene

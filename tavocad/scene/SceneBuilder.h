@@ -2,16 +2,18 @@
 
 #include "tavocad/scene/Scene.h"
 
+#include <span>
+
 class OdDbDatabase;
 class OdDbEntityRange;
 class OdDbObjectId;
 
 namespace tv::scene {
 
-// The model space as it is painted, with what lies inside of block inserts. Entities that are invisible are left
-// out, as are coordinates that are no finite numbers, inserts of a block inside itself and whatever comes beyond
-// mostEntities; those on hidden layers are there, in styles that are not shown. The database is read by several
-// threads meanwhile and must not change.
+// The model space as it is painted, with what lies inside of block inserts. Entities that are invisible are
+// left out, as are coordinates that are no finite numbers, inserts of a block inside itself and whatever comes
+// beyond mostEntities; those on hidden layers are there, in styles that are not shown. The database is read by
+// several threads meanwhile and must not change.
 inline constexpr std::size_t mostEntities = 3'000'000;
 Scene buildScene(const OdDbDatabase& database);
 // The same of the entities of another space or block.
@@ -21,5 +23,14 @@ Scene buildScene(const OdDbDatabase& database, const OdDbEntityRange& entities);
 // is null and anything is seen of it. The model's layout, or a null one, is the model space.
 Scene buildScene(const OdDbDatabase& database, const OdDbObjectId& layout,
                  std::shared_ptr<const Scene> model = nullptr);
+
+// An entity of the scene to be drawn anew or, with `none` for its number, one to be drawn after all others.
+struct Redrawn {
+    tv::dwg::RecordId record = tv::dwg::kNoRecord;
+    std::uint32_t entity = none;
+};
+// Draws them loosely, with the layers and linetypes the scene has. False when one can't be drawn alone; the
+// scene is of no use then.
+bool redraw(Scene& scene, const OdDbDatabase& database, std::span<const Redrawn> entities);
 
 } // namespace tv::scene

@@ -14,7 +14,7 @@ std::uint64_t pairOf(std::uint32_t a, std::uint32_t b) { return std::uint64_t{a}
 
 } // namespace
 
-StyleTable::StyleTable() : m_linetypes(1), m_patterns(1), m_gates(1) {}
+StyleTable::StyleTable() : m_linetypes(1), m_patterns(1), m_gates(2) { m_gates[shut].open = false; }
 
 std::size_t StyleTable::Hash::operator()(const StyleSource& s) const {
     std::uint64_t hash = 0;
@@ -63,7 +63,7 @@ std::uint32_t StyleTable::gate(std::uint32_t layer, std::uint32_t outer) {
 
 // An inner gate has a higher number than the outer one.
 void StyleTable::resolveAll() {
-    for (std::size_t i = 1; i < m_gates.size(); ++i)
+    for (std::size_t i = shut + 1; i < m_gates.size(); ++i)
         m_gates[i].open = m_gates[m_gates[i].outer].open && !m_layers[m_gates[i].layer].frozen;
     m_patterns.resize(1);
     m_patternNumbers.clear();

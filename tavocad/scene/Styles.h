@@ -27,6 +27,7 @@ struct LayerState {
     std::uint32_t linetype = 0;                // into StyleTable::linetypes
     std::uint8_t alpha = opaque;
     bool on = true, frozen = false, locked = false, plottable = true;
+    bool recorded = true; // the drawing has a record of it
     friend bool operator==(const LayerState&, const LayerState&) = default;
 };
 
@@ -91,6 +92,8 @@ class StyleTable {
     // Stands for an insert on that layer, itself inside of the insert `outer` stands for: while one of them is
     // frozen nothing inside is shown. 0 stands for no insert.
     std::uint32_t gate(std::uint32_t layer, std::uint32_t outer);
+    // The gate of what is never shown.
+    static constexpr std::uint32_t shut = 1;
 
   private:
     struct Gate {

@@ -51,6 +51,12 @@ void DrawingView::setScene(std::shared_ptr<const Scene> scene) {
     redraw();
 }
 
+void DrawingView::dropScene() {
+    m_scene = std::make_shared<Scene>();
+    m_hover.reset();
+    markSelected();
+}
+
 void DrawingView::setSelection(const TavoSelectionSet& selection) {
     m_selection = selection;
     markSelected();

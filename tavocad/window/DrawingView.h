@@ -26,6 +26,8 @@ class DrawingView : public QWidget {
 
     // Shows another scene through the same view.
     void setScene(std::shared_ptr<const tv::scene::Scene> scene);
+    // Holds none any more; another one is about to be set.
+    void dropScene();
     void setSelection(const TavoSelectionSet& selection);
     void setLineweights(bool shown);
     // Half the side of the square in which objects are found, pixels.

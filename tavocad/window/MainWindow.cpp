@@ -128,6 +128,7 @@ void MainWindow::buildPanes() {
 
 void MainWindow::observe() {
     auto* keeper = new SceneKeeper(m_session, this);
+    connect(keeper, &SceneKeeper::sceneGoing, m_view, &DrawingView::dropScene);
     connect(keeper, &SceneKeeper::sceneMade, this, [this](const auto& scene, bool fresh) {
         m_view->setScene(scene);
         if (fresh) m_view->zoomExtents();

@@ -41,6 +41,7 @@ void SceneKeeper::show() {
     const OdDbObjectId layout = m_session.scenes().layoutOf(m_database);
     if (!(layout == m_layout)) m_fresh = true;
     m_layout = layout;
+    Q_EMIT sceneGoing();
     Q_EMIT sceneMade(m_session.scenes().sceneOf(m_database), m_fresh);
     m_fresh = false;
 }

@@ -19,6 +19,8 @@ class SceneKeeper : public QObject {
     SceneKeeper(TavoSession& session, QObject* parent);
 
   Q_SIGNALS:
+    // Comes before sceneMade: who lets go of the scene now spares copying it.
+    void sceneGoing();
     // `fresh`: of another drawing or layout than before.
     void sceneMade(std::shared_ptr<const tv::scene::Scene> scene, bool fresh);
     void redrawAsked();
