@@ -22,7 +22,7 @@ SelectionRequests::get(const OdString& prompt, const OdDbDatabasePtr& database, 
     tvedGetVar(L"PICKFIRST", pickFirst, nullptr);
     const bool own = m_selection.current().database() == database.get();
     if (auto selected = own && pickFirst ? m_selection.ids() : std::vector<OdDbObjectId>(); !selected.empty())
-        return usable(selected, database, forEditing);
+        return use(selected, database, forEditing);
     auto answer = ask(prompt, database, forEditing);
     m_selection.clear();
     return answer;
@@ -63,14 +63,14 @@ SelectionRequests::ask(const OdString& prompt, const OdDbDatabasePtr& database, 
         m_selection.clear();
         return std::nullopt;
     }
-    return usable(m_selection.ids(), database, forEditing);
+    return use(m_selection.ids(), database, forEditing);
 }
 
-SelectionRequests::Answer SelectionRequests::usable(const std::vector<OdDbObjectId>& ids,
-                                                    const OdDbDatabasePtr& database, bool forEditing) {
-    m_selection.set(ids);
+SelectionRequests::Answer SelectionRequests::use(const std::vector<OdDbObjectId>& ids,
+                                                 const OdDbDatabasePtr& database, bool forEditing) {
     TavoSelectionQuery query;
-    query.method = TavoSelectionQuery::Method::kImplied;
+    query.method = TavoSelectionQuery::Method::kGiven;
+    query.ids = ids;
     TavoSelectionSet shown, editable;
     m_selection.select(query, database, shown);
     query.forEditing = forEditing;

@@ -26,6 +26,9 @@ class SelectionRequests {
     // The same without a look at what is selected already, and left selected.
     std::optional<Answer> ask(const OdString& prompt, const OdDbDatabasePtr& database, bool forEditing);
 
+    // Objects named otherwise. What is selected stays so.
+    Answer use(const std::vector<OdDbObjectId>& ids, const OdDbDatabasePtr& database, bool forEditing);
+
     bool waiting() const { return m_request != nullptr; }
     OdString prompt() const { return m_request ? m_request->prompt : OdString(); }
 
@@ -47,7 +50,6 @@ class SelectionRequests {
         OdDbDatabasePtr database;
         bool ended = false, given = false;
     };
-    Answer usable(const std::vector<OdDbObjectId>& ids, const OdDbDatabasePtr& database, bool forEditing);
 
     TavoSelection& m_selection;
     std::function<double()> m_tolerance;

@@ -1,7 +1,9 @@
 #include "tavocad/SelectionWords.h"
 
 #include "platform/drawing/OdDbDatabase.h"
+#include "platform/drawing/OdDbEntity.h"
 #include "platform/host/TavoSelection.h"
+#include "platform/host/selection/SheetViewports.h"
 #include "platform/text/Format.h"
 #include "platform/text/ResourceString.h"
 #include "platform/text/Unicode.h"
@@ -45,14 +47,21 @@ std::vector<std::wstring> partsOf(std::wstring_view line) {
     return parts;
 }
 
+bool addsOrRemoves(const std::wstring& name) {
+    return name == L"REMOVE" || name == L"R" || name == L"ADD" || name == L"A";
+}
+
+TavoSelectionSet selectedIn(const TavoSelection& selection, const OdDbDatabasePtr& database) {
+    return selection.current().database() == database.get() ? selection.current() : TavoSelectionSet();
+}
+
 // Goes through the words of a line and keeps what they come to.
 class Reader {
   public:
     Reader(const TavoSelection& selection, const OdDbDatabasePtr& database, double tolerance,
-           std::vector<std::wstring> parts)
+           std::vector<std::wstring> parts, TavoSelectionSet start)
         : m_selection(selection), m_database(database), m_tolerance(tolerance), m_parts(std::move(parts)),
-          m_result(selection.current().database() == database.get() ? selection.current()
-                                                                    : TavoSelectionSet()) {}
+          m_result(std::move(start)) {}
 
     // Empty, or why a word makes no sense.
     std::wstring read() {
@@ -66,7 +75,7 @@ class Reader {
     std::wstring readWord() {
         const std::wstring part = m_parts[m_at++];
         const std::wstring name = tv::text::toUpper(part);
-        if (name == L"REMOVE" || name == L"R" || name == L"ADD" || name == L"A") {
+        if (addsOrRemoves(name)) {
             m_removing = name.front() == L'R';
             return {};
         }
@@ -86,7 +95,8 @@ class Reader {
         const auto handle = OdDbHandle::fromText(part);
         const OdDbObjectId id = handle ? m_database->getOdDbObjectId(*handle) : OdDbObjectId();
         if (!id.isErased()) {
-            take({id});
+            const auto entity = id.open<OdDbEntity>();
+            if (!entity || !tv::host::SheetViewports(*m_database).has(*entity)) take({id});
             return {};
         }
         return handle ? format(VORD_ResourceString("IDS_TAVO_AUTO_NO_OBJECT_HANDLE",
@@ -155,11 +165,27 @@ class Reader {
 
 } // namespace
 
+UserResult chooseByWords(const TavoSelection& selection, const OdDbDatabasePtr& database, double tolerance,
+                         std::wstring_view line, TavoSelectionSet& chosen) {
+    if (!database) return {VORD_ResourceString("IDS_TAVO_NO_DRAWING", L"열려 있는 도면이 없습니다.").c_str()};
+    Reader reader(selection, database, tolerance, partsOf(line), chosen);
+    if (std::wstring refusal = reader.read(); !refusal.empty()) return {std::move(refusal)};
+    chosen = reader.result();
+    return UserResult::done();
+}
+
 UserResult selectByWords(TavoSelection& selection, const OdDbDatabasePtr& database, double tolerance,
                          std::wstring_view line) {
-    if (!database) return {VORD_ResourceString("IDS_TAVO_NO_DRAWING", L"열려 있는 도면이 없습니다.").c_str()};
-    Reader reader(selection, database, tolerance, partsOf(line));
-    if (std::wstring refusal = reader.read(); !refusal.empty()) return {std::move(refusal)};
-    selection.set(reader.result().ids());
-    return UserResult::done();
+    TavoSelectionSet chosen = selectedIn(selection, database);
+    auto result = chooseByWords(selection, database, tolerance, line, chosen);
+    if (result) selection.set(chosen.ids());
+    return result;
+}
+
+UserResult chooseAnew(const TavoSelection& selection, const OdDbDatabasePtr& database, double tolerance,
+                      std::wstring_view line, TavoSelectionSet& chosen) {
+    const auto parts = partsOf(line);
+    const bool goesOn = !parts.empty() && addsOrRemoves(tv::text::toUpper(parts.front()));
+    chosen = goesOn ? selectedIn(selection, database) : TavoSelectionSet();
+    return chooseByWords(selection, database, tolerance, line, chosen);
 }

@@ -12,13 +12,14 @@
 #include <vector>
 
 // How objects are chosen. Only what is shown can be: nothing on a layer that is off or frozen, nothing of
-// another space than the one in view.
+// another space than the one in view, and never the viewport that stands for a sheet itself.
 struct TavoSelectionQuery {
     enum class Method {
         kAll,             // everything in the space
         kLast,            // the object made last
         kPrevious,        // what the last command worked on
         kImplied,         // what is selected already
+        kGiven,           // those of `ids`
         kPoint,           // points[0], within `tolerance`: the nearest, the topmost of those as near
         kWindow,          // inside of the box of points[0] and points[1]
         kCrossing,        // inside of that box or touching it
@@ -28,6 +29,7 @@ struct TavoSelectionQuery {
     };
     Method method = Method::kAll;
     std::vector<OdGePoint2d> points; // world coordinates of the space, drawing units
+    std::vector<OdDbObjectId> ids;
     double tolerance = 0;
     TavoSelectionFilter filter;
     // Leaves out what is on a locked layer: it can be looked at but not edited.

@@ -5,6 +5,7 @@
 #include "platform/drawing/OdDbEntity.h"
 #include "platform/host/TavoInterfaces.h"
 #include "platform/host/TavoSelection.h"
+#include "platform/host/selection/SheetViewports.h"
 #include "platform/text/Format.h"
 #include "platform/text/ResourceString.h"
 #include "platform/text/Unicode.h"
@@ -83,6 +84,7 @@ TavoSelectionFilter filterOf(const Fields& fields) {
 
 std::vector<OdDbObjectId> idsOf(const OdDbDatabase& database, const std::vector<std::wstring>& handles) {
     std::vector<OdDbObjectId> ids;
+    tv::host::SheetViewports sheets(database);
     for (const std::wstring& text : handles) {
         const auto handle = OdDbHandle::fromText(text);
         const OdDbObjectId id = handle ? database.getOdDbObjectId(*handle) : OdDbObjectId();
@@ -90,7 +92,8 @@ std::vector<OdDbObjectId> idsOf(const OdDbDatabase& database, const std::vector<
             throw RequestError{format(VORD_ResourceString("IDS_TAVO_AUTO_NO_OBJECT_HANDLE",
                                                           L"도면에 핸들이 \"%s\"인 객체가 없습니다."),
                                       text)};
-        ids.push_back(id);
+        const auto entity = id.open<OdDbEntity>();
+        if (!entity || !sheets.has(*entity)) ids.push_back(id);
     }
     return ids;
 }

@@ -33,18 +33,19 @@ OdString selectPrompt() { return VORD_ResourceString("IDS_TAVO_SELECT_PROMPT", L
 std::optional<SelectionRequests::Answer> objectsFor(TavoSession& session, TavoEdCommandContext& context,
                                                     bool forEditing, int& result) {
     result = RTERROR;
-    if (!session.arguments().isEmpty()) {
-        session.host().selection()->clear();
-        const auto chosen = selectByWords(*session.host().selection(), context.database(),
-                                          session.pickTolerance(), session.arguments().view());
+    std::optional<SelectionRequests::Answer> answer;
+    if (session.arguments().isEmpty()) {
+        answer = session.objects().get(selectPrompt(), context.database(), forEditing);
+    } else {
+        TavoSelectionSet named;
+        const auto chosen = chooseAnew(*session.host().selection(), context.database(), session.pickTolerance(),
+                                       session.arguments().view(), named);
         if (!chosen) {
             session.host().commandLine()->print(chosen.refusal);
             return std::nullopt;
         }
+        answer = session.objects().use(named.ids(), context.database(), forEditing);
     }
-    const bool named = !session.arguments().isEmpty() && session.host().selection()->current().empty();
-    auto answer = named ? SelectionRequests::Answer()
-                        : session.objects().get(selectPrompt(), context.database(), forEditing);
     result = RTCAN;
     if (!answer) return std::nullopt;
     if (answer->locked > 0)
@@ -64,10 +65,12 @@ int select(TavoSession& session, TavoEdCommandContext& context) {
     if (session.arguments().isEmpty()) {
         if (!session.objects().ask(selectPrompt(), context.database(), false)) return RTCAN;
     } else {
-        const auto chosen =
-            selectByWords(selection, context.database(), session.pickTolerance(), session.arguments().view());
+        TavoSelectionSet named;
+        const auto chosen = chooseAnew(selection, context.database(), session.pickTolerance(),
+                                       session.arguments().view(), named);
         if (!chosen) return fail(session, chosen.refusal);
-        selection.setPrevious(selection.ids());
+        selection.set(named.ids());
+        selection.setPrevious(named.ids());
     }
     session.host().commandLine()->print(
         format(VORD_ResourceString("IDS_TAVO_SELECTED_COUNT", L"객체 %d개를 선택했습니다."),
@@ -86,7 +89,7 @@ int erase(TavoSession& session, TavoEdCommandContext& context) {
     for (const OdDbObjectId& id : objects->ids)
         if (const auto object = id.openObject(OdDb::kForWrite); object && object->erase() == Tavo::eOk)
             ++erased;
-    session.host().selection()->clear();
+    if (session.arguments().isEmpty()) session.host().selection()->clear();
     session.host().commandLine()->print(
         format(VORD_ResourceString("IDS_TAVO_ERASED_COUNT", L"객체 %d개를 지웠습니다."),
                static_cast<long long>(erased)));

@@ -3,6 +3,7 @@
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbEntity.h"
 #include "platform/drawing/OdDbLayerTable.h"
+#include "platform/host/selection/SheetViewports.h"
 #include "platform/text/Unicode.h"
 
 #include <algorithm>
@@ -136,6 +137,9 @@ Tavo::ErrorStatus DefaultSelection::select(const TavoSelectionQuery& query, cons
     case Method::kImplied:
         if (m_current.database() == database.get()) ids = m_current.aliveIds();
         break;
+    case Method::kGiven:
+        ids = query.ids;
+        break;
     case Method::kPoint:
         m_locator->at(database, points[0], query.tolerance, ids);
         break;
@@ -153,9 +157,11 @@ Tavo::ErrorStatus DefaultSelection::select(const TavoSelectionQuery& query, cons
     }
     const bool onlyOne = query.method == Method::kPoint || query.method == Method::kLast;
     LayerGate layers(*database, query.forEditing);
+    SheetViewports sheets(*database);
     for (const OdDbObjectId& id : ids) {
         const auto entity = id.open<OdDbEntity>();
-        if (!entity || !entity->isVisible() || !layers.lets(*entity) || !query.filter.matches(*entity))
+        if (!entity || !entity->isVisible() || !layers.lets(*entity) || sheets.has(*entity) ||
+            !query.filter.matches(*entity))
             continue;
         found.add(id);
         if (onlyOne) break;
