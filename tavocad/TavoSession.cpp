@@ -19,10 +19,13 @@
 #include "tavocad/SceneLocator.h"
 #include "tavocad/SelectionRequests.h"
 #include "tavocad/VersionWarnings.h"
+#include "tavocad/WarningBox.h"
 #include "tavocad/commands/Commands.h"
 
 #include <algorithm>
+#include <fcntl.h>
 #include <stdexcept>
+#include <unistd.h>
 
 using tv::text::format;
 
@@ -43,6 +46,22 @@ std::optional<OdString> stepOutsideRecord(OdDbDatabase& database, OdString (OdDb
 bool isOwnFile(const TavoDocument& document, const std::filesystem::path& file) {
     std::error_code error;
     return file.empty() || file == document.path() || std::filesystem::equivalent(file, document.path(), error);
+}
+
+// As saving sees it, which leaves a write-protected file alone even for those who could write it.
+bool isWritable(const std::filesystem::path& file) {
+    using std::filesystem::perms;
+    constexpr perms anyWrite = perms::owner_write | perms::group_write | perms::others_write;
+    std::error_code error;
+    return (std::filesystem::status(file, error).permissions() & anyWrite) != perms::none &&
+           ::faccessat(AT_FDCWD, file.c_str(), W_OK, AT_EACCESS) == 0;
+}
+
+// Whether saving there would put an end to a file that isn't the drawing's own. What is no file is refused
+// anyway.
+bool isOtherFile(const TavoDocument& document, const std::filesystem::path& file) {
+    std::error_code error;
+    return !isOwnFile(document, file) && std::filesystem::is_regular_file(file, error);
 }
 
 } // namespace
@@ -175,17 +194,38 @@ OdString TavoSession::unknownCommand(const OdString& word) const {
 // --- documents
 // -------------------------------------------------------------------------------------------------------
 
-tv::Problem TavoSession::open(const std::filesystem::path& file) {
+void TavoSession::tellFaults(const std::vector<tv::Problem>& problems) {
+    constexpr std::size_t mostTold = 5;
+    for (std::size_t i = 0; i < std::min(problems.size(), mostTold); ++i)
+        print(problems[i]);
+    if (problems.size() > mostTold)
+        m_host->commandLine()->print(format(VORD_ResourceString("IDS_TAVO_FAULTS_MORE", L"... 그 밖에 %d개"),
+                                            static_cast<long long>(problems.size() - mostTold)));
+}
+
+void TavoSession::tellHowToSave(TavoDocument& opened, bool faults) {
+    if (faults && opened.database()->isReadOnly())
+        m_host->commandLine()->print(
+            format(VORD_ResourceString("IDS_TAVO_OPENED_READ_ONLY",
+                                       L"손상된 도면 \"%s\"을(를) 읽기 전용으로 열었습니다. 편집하려면 "
+                                       L"SAVEAS로 다른 이름에 저장하십시오."),
+                   opened.name()));
+    else if (!isWritable(opened.path()))
+        m_host->commandLine()->print(
+            format(VORD_ResourceString("IDS_TAVO_OPENED_NOT_WRITABLE",
+                                       L"파일 \"%s\"에는 쓸 수 없습니다. 변경 내용은 SAVEAS로 다른 이름에 "
+                                       L"저장하십시오."),
+                   opened.name()));
+}
+
+tv::Problem TavoSession::open(const std::filesystem::path& file, std::vector<tv::Problem>* faults) {
     std::vector<tv::Problem> problems;
-    if (TavoDocument* opened = m_host->documentManager()->openDocument(file, problems)) {
-        for (const tv::Problem& problem : problems)
-            print(problem);
-        if (!problems.empty() && opened->database()->isReadOnly())
-            m_host->commandLine()->print(
-                format(VORD_ResourceString("IDS_TAVO_OPENED_READ_ONLY",
-                                           L"손상된 도면 \"%s\"을(를) 읽기 전용으로 열었습니다. 편집하려면 "
-                                           L"SAVEAS로 다른 이름에 저장하십시오."),
-                       opened->name()));
+    const std::size_t before = m_host->documentManager()->documents().size();
+    TavoDocument* const opened = m_host->documentManager()->openDocument(file, problems);
+    if (faults) *faults = problems;
+    if (opened) {
+        tellFaults(problems);
+        if (m_host->documentManager()->documents().size() != before) tellHowToSave(*opened, !problems.empty());
         tellMissingReferences(*opened->database(), *m_host->commandLine());
         return {};
     }
@@ -202,12 +242,15 @@ tv::Problem TavoSession::save(const std::filesystem::path& file, bool force) {
         return {Tavo::eNoDatabase,
                 VORD_ResourceString("IDS_TAVO_NO_DRAWING", L"열려 있는 도면이 없습니다.").c_str(),
                 {}};
+    if (!force && isOtherFile(*current, file)) {
+        const std::wstring name = tv::text::fromUtf8(file.native());
+        return {Tavo::eDuplicate,
+                format(VORD_ResourceString("IDS_TAVO_SAVE_OTHER_EXISTS",
+                                           L"도면을 저장하지 않았습니다: 파일 \"%s\"이(가) 이미 있습니다."),
+                       name),
+                name};
+    }
     return m_host->documentManager()->saveDocument(current, file, force);
-}
-
-bool TavoSession::askWarning(const std::wstring& question) {
-    constexpr unsigned yesNoWarning = 0x34;
-    return MessageDlg(question.c_str(), m_host->productName(), yesNoWarning) == IDYES;
 }
 
 std::optional<std::filesystem::path> TavoSession::askSaveName() {
@@ -231,7 +274,7 @@ void TavoSession::say(const tv::Problem& problem, bool box) {
 }
 
 TavoSession::SaveResult TavoSession::saveAsking(TavoDocument& document, const std::filesystem::path& file,
-                                                bool boxes) {
+                                                SaveHow how) {
     const OdDbDatabase& database = *document.database();
     const bool damaged = database.isReadOnly() && database.damaged();
     std::filesystem::path target = file;
@@ -248,6 +291,7 @@ TavoSession::SaveResult TavoSession::saveAsking(TavoDocument& document, const st
         const auto asked = askSaveName();
         if (!asked) return SaveResult::givenUp;
         target = *asked;
+        how.asked = true;
     }
     // The box takes the first sentence as its instruction, so the file's name with its dot comes later.
     std::wstring warning;
@@ -263,10 +307,15 @@ TavoSession::SaveResult TavoSession::saveAsking(TavoDocument& document, const st
                                        L"다른 곳에서 변경된 파일에 저장하시겠습니까? \"%s\" 파일은 연 "
                                        L"뒤에 다른 곳에서 변경되었고, 저장하면 그 변경 내용을 잃게 됩니다."),
                    document.name());
-    if (!warning.empty() && !askWarning(warning)) return SaveResult::givenUp;
+    else if (!how.asked && isOtherFile(document, target))
+        warning = format(VORD_ResourceString("IDS_TAVO_SAVE_OVER_OTHER",
+                                             L"이미 있는 파일에 덮어쓰시겠습니까? 파일 \"%s\"의 지금 내용을 "
+                                             L"잃게 됩니다."),
+                         tv::text::fromUtf8(target.native()));
+    if (!warning.empty() && !askWarning(m_host->productName().view(), warning)) return SaveResult::givenUp;
     const tv::Problem problem = m_host->documentManager()->saveDocument(&document, target, !warning.empty());
     if (!problem) return SaveResult::saved;
-    say(problem, boxes);
+    say(problem, how.boxes);
     return SaveResult::failed;
 }
 
@@ -291,7 +340,7 @@ bool TavoSession::closeAsking(TavoDocument* document) {
         constexpr unsigned yesNoCancelWarning = 0x33;
         const unsigned answer = MessageDlg(question.c_str(), m_host->productName(), yesNoCancelWarning);
         if (answer != IDYES && answer != IDNO) return false;
-        if (answer == IDYES && saveAsking(*document, {}, true) != SaveResult::saved) return false;
+        if (answer == IDYES && saveAsking(*document, {}, {.boxes = true}) != SaveResult::saved) return false;
     }
     m_host->documentManager()->closeDocument(document);
     return true;

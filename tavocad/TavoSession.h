@@ -86,15 +86,19 @@ class TavoSession {
     // --- documents
     // ------------------------------------------------------------------------------------------------ What was
     // wrong with a file that opened nevertheless goes to the command line; the problem says why it did not
-    // open.
-    tv::Problem open(const std::filesystem::path& file);
+    // open. Many faults are told shortened; all of them come with `faults`.
+    tv::Problem open(const std::filesystem::path& file, std::vector<tv::Problem>* faults = nullptr);
     // An empty path means the drawing's own file. Refused for one that is damaged or that somebody else changed
-    // since it was opened, unless `force`.
+    // since it was opened, and for any other file that is there already, unless `force`.
     tv::Problem save(const std::filesystem::path& file = {}, bool force = false);
     enum class SaveResult { saved, givenUp, failed };
-    // The same with a person there: asks before writing over what somebody else wrote, and for another name
-    // when the drawing has none or is damaged. A failure is told on the command line, with `boxes` in a box.
-    SaveResult saveAsking(TavoDocument& document, const std::filesystem::path& file = {}, bool boxes = false);
+    struct SaveHow {
+        bool boxes = false; // a failure is told in a box, else on the command line
+        bool asked = false; // whoever named the file knows whether it is there
+    };
+    // The same with a person there: asks before writing over another file or what somebody else wrote, and for
+    // another name when the drawing has none or is damaged.
+    SaveResult saveAsking(TavoDocument& document, const std::filesystem::path& file, SaveHow how);
     // One step of the current drawing: its name ("_UNITS"), nothing when there is none to take. Also inside the
     // running UNDO and REDO commands.
     std::optional<OdString> undo();
@@ -106,7 +110,8 @@ class TavoSession {
     bool closeAsking(TavoDocument* document);
 
     enum class FileQuestion { open, save };
-    // Asks the person for a file name; unset when there is nobody to ask. Nothing when he gave up.
+    // Asks the person for a file name, and whether one that is there may be written over; unset when there is
+    // nobody to ask. Nothing when he gave up.
     std::function<std::optional<std::filesystem::path>(FileQuestion)> askFile;
 
     // --- the program
@@ -126,9 +131,10 @@ class TavoSession {
     // An alias spelled out.
     OdString fullName(const OdString& typed) const;
 
-    bool askWarning(const std::wstring& question);
     std::optional<std::filesystem::path> askSaveName();
     void say(const tv::Problem& problem, bool box);
+    void tellFaults(const std::vector<tv::Problem>& problems);
+    void tellHowToSave(TavoDocument& opened, bool faults);
 
     std::unique_ptr<PointRequests> m_points;
     std::unique_ptr<tv::host::EmbeddedHost> m_host;

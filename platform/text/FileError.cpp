@@ -53,7 +53,12 @@ Problem fileProblem(FileAction doing, const std::filesystem::path& file, int err
                   .c_str()
             : VORD_ResourceString("IDS_TAVO_FILE_CANNOT_WRITE", L"파일 \"%s\"을(를) 저장할 수 없습니다: %s.")
                   .c_str();
-    problem.sentence = text::format(sentence, problem.file, fileErrorReason(error));
+    // A file that is written needs not be there, only its folder.
+    const bool noFolder = doing == FileAction::Write && problem.status == Tavo::eFileNotFound;
+    problem.sentence = text::format(
+        sentence, problem.file,
+        noFolder ? VORD_ResourceString("IDS_TAVO_FILE_NO_FOLDER", L"저장할 폴더가 없습니다").c_str()
+                 : fileErrorReason(error));
     return problem;
 }
 

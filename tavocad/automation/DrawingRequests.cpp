@@ -36,7 +36,12 @@ void AutomationServer::requireIdle() const {
 void AutomationServer::doOpen(const Fields& fields) {
     const std::wstring path = fields.text("path");
     requireIdle();
-    require(m_session.open(pathOf(path)));
+    std::vector<tv::Problem> faults;
+    const tv::Problem problem = m_session.open(pathOf(path), &faults);
+    auto& problems = m_reply->extra["problems"] = Json::array();
+    for (const tv::Problem& fault : faults)
+        problems.push_back(tv::text::toUtf8(fault.sentence));
+    require(problem);
 }
 
 void AutomationServer::doNew(const Fields&) {
@@ -100,9 +105,12 @@ void AutomationServer::doCommand(const Fields& fields) {
     const std::wstring arguments = fields.optionalText("arguments").value_or(L"");
     requireIdle();
     const OdString command = TavoSession::commandName(name);
-    if (!m_session.host().commands()->has(command))
+    if (m_session.host().commands()->has(command))
+        m_session.runCommand(command, arguments);
+    else if (m_session.host().sysvarManager()->type(command) != TavoSysvarType::kNone)
+        m_session.runCommand(L"SETVAR", arguments.empty() ? command : command + L" " + arguments);
+    else
         throw RequestError{m_session.unknownCommand(command).wstr()};
-    m_session.runCommand(command, arguments);
 }
 
 void AutomationServer::doLanguage(const Fields& fields) {

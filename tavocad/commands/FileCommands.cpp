@@ -39,8 +39,8 @@ int open(TavoSession& session) {
     return problem ? RTERROR : RTNORM;
 }
 
-int saveTo(TavoSession& session, const std::filesystem::path& file) {
-    switch (session.saveAsking(*session.document(), file)) {
+int saveTo(TavoSession& session, const std::filesystem::path& file, bool asked = false) {
+    switch (session.saveAsking(*session.document(), file, {.asked = asked})) {
     case TavoSession::SaveResult::givenUp:
         return RTCAN;
     case TavoSession::SaveResult::failed:
@@ -56,8 +56,11 @@ int saveTo(TavoSession& session, const std::filesystem::path& file) {
 int saveAs(TavoSession& session) {
     if (!session.document()) return noDrawing(session);
     int result = RTNORM;
-    const auto file = fileFor(session, L"SAVEAS", TavoSession::FileQuestion::save, result);
-    return file ? saveTo(session, *file) : result;
+    auto file = fileFor(session, L"SAVEAS", TavoSession::FileQuestion::save, result);
+    if (!file) return result;
+    const bool typed = !session.arguments().isEmpty();
+    if (typed && file->has_filename() && !file->has_extension()) *file += ".dxf";
+    return saveTo(session, *file, !typed);
 }
 
 int save(TavoSession& session) {

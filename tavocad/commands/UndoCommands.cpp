@@ -43,7 +43,9 @@ int takeSteps(TavoSession& session, bool undo) {
                     : VORD_ResourceString("IDS_TAVO_NOTHING_TO_REDO", L"다시 실행할 작업이 없습니다.").c_str());
             return i == 0 ? RTERROR : RTNORM;
         }
-        line.print(TavoSession::commandName(*name));
+        line.print(tv::text::format(undo ? VORD_ResourceString("IDS_TAVO_UNDONE", L"실행 취소함: %s")
+                                         : VORD_ResourceString("IDS_TAVO_REDONE", L"다시 실행함: %s"),
+                                    TavoSession::commandName(*name)));
     }
     return RTNORM;
 }

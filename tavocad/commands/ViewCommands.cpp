@@ -101,10 +101,14 @@ int layout(TavoSession& session, TavoEdCommandContext& context) {
     for (const OdDbObjectId& id : layouts) {
         const auto record = id.open<OdDbLayout>();
         if (!record) continue;
+        // The model goes by the name of its tab, and by its own.
+        const OdString name = record->isModelLayout()
+                                  ? OdString(VORD_ResourceString("IDS_TAVO_WIN_MODEL", L"모형"))
+                                  : record->getLayoutName();
         if (session.arguments().isEmpty())
-            line.print(OdString(id == session.scenes().layoutOf(database) ? L"* " : L"  ") +
-                       record->getLayoutName().view());
-        else if (tv::text::equalNoCase(record->getLayoutName().view(), session.arguments().view()))
+            line.print(OdString(id == session.scenes().layoutOf(database) ? L"* " : L"  ") + name.view());
+        else if (tv::text::equalNoCase(name.view(), session.arguments().view()) ||
+                 tv::text::equalNoCase(record->getLayoutName().view(), session.arguments().view()))
             return session.scenes().showLayout(database, id) == Tavo::eOk ? RTNORM : RTERROR;
     }
     if (session.arguments().isEmpty() && !layouts.empty()) return RTNORM;

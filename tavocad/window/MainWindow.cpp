@@ -17,6 +17,7 @@
 #include "tavocad/TavoSession.h"
 #include "tavocad/window/CommandEdit.h"
 #include "tavocad/window/DrawingView.h"
+#include "tavocad/window/LayoutTabs.h"
 #include "tavocad/window/QtText.h"
 #include "tavocad/window/SceneKeeper.h"
 
@@ -62,7 +63,7 @@ void MainWindow::buildPanes() {
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     m_view = new DrawingView(middle);
-    m_layouts = new QTabBar(middle);
+    m_layouts = new LayoutTabs(middle);
     m_layouts->setShape(QTabBar::RoundedSouth);
     m_layouts->setDrawBase(false);
     m_layouts->setExpanding(false);

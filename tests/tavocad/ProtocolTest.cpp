@@ -287,3 +287,22 @@ TEST_F(Protocol, RefusedVariablesSayWhatIsAllowed) {
     }
     EXPECT_FALSE(session.document()->isModified());
 }
+
+// A variable's name does what it does on the command line; undoing and redoing say what they did; the model
+// goes by the word of its tab.
+TEST_F(Protocol, CommandsSayWhatTheyDid) {
+    const auto replies =
+        runWell("{\"do\":\"new\"}\n"
+                "{\"do\":\"command\",\"name\":\"lunits\",\"arguments\":\"5\"}\n"
+                "{\"do\":\"command\",\"name\":\"LUNITS\"}\n"
+                "{\"do\":\"command\",\"name\":\"UNDO\"}\n{\"do\":\"command\",\"name\":\"REDO\"}\n"
+                "{\"do\":\"command\",\"name\":\"LAYOUT\"}\n"
+                "{\"do\":\"command\",\"name\":\"LAYOUT\",\"arguments\":\"모형\"}\n");
+    const auto message = [&](std::size_t reply) { return replies[reply]["messages"].at(0).get<std::string>(); };
+    EXPECT_EQ(replies[1]["ended"]["result"], RTNORM);
+    EXPECT_EQ(message(2), "LUNITS = 5");
+    EXPECT_EQ(message(3), "실행 취소함: SETVAR");
+    EXPECT_EQ(message(4), "다시 실행함: SETVAR");
+    EXPECT_EQ(message(5), "* 모형");
+    EXPECT_EQ(replies[6]["ended"]["result"], RTNORM);
+}

@@ -210,3 +210,106 @@ TEST_F(SelectionCommands, ADamagedDrawingIsSavedUnderAnotherName) {
     EXPECT_EQ(session.document()->name(), L"other.dxf");
     EXPECT_EQ(session.enterLine(L"ERASE ALL"), RTNORM) << "and can be edited from now on";
 }
+
+// Words behind a command choose for that command only: nobody erases what was only listed.
+TEST_F(SelectionCommands, WordsChooseAnew) {
+    const std::string before = bytesOf(file);
+    session.enterLine(L"LIST all");
+    EXPECT_EQ(selected(), "");
+    const auto replies = run("{\"do\":\"command\",\"name\":\"ERASE\"}\n{\"do\":\"key\",\"key\":\"Escape\"}\n");
+    EXPECT_TRUE(replies[0].contains("prompt"));
+    EXPECT_EQ(session.document()->database()->bytes(), before);
+    session.enterLine(L"SELECT a1");
+    session.enterLine(L"SELECT a2");
+    EXPECT_EQ(selected(), "A2 ");
+    session.enterLine(L"SELECT add a1");
+    session.enterLine(L"SELECT sideways");
+    EXPECT_EQ(selected(), "A2 A1 ");
+    session.enterLine(L"SELECT remove a2");
+    session.enterLine(L"LIST a2");
+    EXPECT_EQ(session.enterLine(L"ERASE previous"), RTNORM);
+    EXPECT_EQ(selected(), "A1 ") << "what is selected was not asked for";
+    EXPECT_EQ(session.enterLine(L"ERASE"), RTNORM);
+    session.enterLine(L"UNDO 2");
+    session.enterLine(L"PICKFIRST 0");
+    EXPECT_EQ(session.enterLine(L"ERASE a1"), RTNORM) << "named, they are not asked for";
+}
+
+// The viewport that stands for the sheet stays, however it is chosen and whether viewports have numbers or not.
+TEST_F(SelectionCommands, TheSheetItselfIsNeverChosen) {
+    for (const std::string& numbers : {std::string("12"), std::string("00")}) {
+        std::string text = OdDbDatabase::create(OdDb::DxfVersion::kR2000)->bytes(), viewports;
+        for (const std::string& end : {"1|69|" + numbers.substr(0, 1), "2|69|" + numbers.substr(1)})
+            viewports += "0|VIEWPORT|5|F" + end.substr(0, 1) +
+                         "|100|AcDbEntity|67|1|8|0|100|AcDbViewport|10|0|20|0|40|9|41|9|68|1" + end.substr(1) +
+                         "|";
+        std::ranges::replace(viewports, '|', '\n');
+        text.insert(text.find('\n', text.find("ENTITIES")) + 1, viewports);
+        const auto sheet = folder / ("sheet" + numbers + ".dxf");
+        std::ofstream(sheet, std::ios::binary) << text;
+        const auto replies = run("{\"do\":\"open\",\"path\":" + quoted(sheet) +
+                                 "}\n{\"do\":\"setvar\",\"name\":\"TILEMODE\",\"value\":0}\n"
+                                 "{\"do\":\"select\",\"by\":\"all\"}\n{\"do\":\"getselection\"}\n"
+                                 "{\"do\":\"select\",\"handles\":[\"F1\"]}\n");
+        EXPECT_EQ(replies[3]["handles"], nlohmann::ordered_json{"F2"}) << numbers;
+        EXPECT_EQ(replies[4]["selected"], 0);
+        EXPECT_EQ(session.enterLine(L"ERASE f1"), RTCAN);
+        EXPECT_EQ(session.enterLine(L"ERASE all"), RTNORM);
+        EXPECT_FALSE(session.document()->database()->getOdDbObjectId(OdDbHandle(0xF1)).isErased());
+    }
+}
+
+// Another file is written over only when somebody says so; giving the question up is no.
+TEST_F(SelectionCommands, OtherFilesAreNotSavedOverUnasked) {
+    const auto other = makeDrawing("other.dxf");
+    const std::string theirs = bytesOf(other), ours = bytesOf(file);
+    const std::string save = "{\"do\":\"save\",\"path\":" + quoted(other);
+    const auto refused = run(save + "}\n");
+    EXPECT_THAT(refused[0].value("error", std::string()), HasSubstr("other.dxf"));
+    for (const char* answer : {"{\"do\":\"key\",\"key\":\"Escape\"}\n", "{\"do\":\"closeBox\"}\n",
+                               "{\"do\":\"key\",\"key\":\"Enter\"}\n"}) {
+        const auto replies =
+            runWell("{\"do\":\"command\",\"name\":\"SAVEAS\",\"arguments\":" + quoted(folder / "other") +
+                    "}\n" + answer);
+        EXPECT_EQ(replies[0]["modal"], "IDD_TASK_DIALOG");
+        ASSERT_TRUE(replies[1].contains("ended")) << answer;
+        EXPECT_EQ(replies[1]["ended"]["result"], RTCAN);
+    }
+    EXPECT_EQ(bytesOf(other), theirs);
+    EXPECT_EQ(session.document()->path(), file);
+    runWell(save + ",\"force\":true}\n" + save + "}\n");
+    EXPECT_EQ(bytesOf(other), ours) << "and then it is the drawing's own";
+    session.askFile = [&](TavoSession::FileQuestion) { return std::optional(file); };
+    EXPECT_EQ(session.enterLine(L"SAVEAS"), RTNORM) << "whoever named it was asked already";
+    said();
+    session.enterLine(OdString(L"SAVEAS ") + (folder / "none" / "x.dxf").wstring());
+    EXPECT_THAT(said(), HasSubstr(L"폴더가 없습니다"));
+}
+
+// A file that can't be saved to says so when it is opened, once.
+TEST_F(SelectionCommands, ProtectedFilesAreToldOnOpening) {
+    const auto plan = makeDrawing("protected.dxf");
+    std::filesystem::permissions(plan, std::filesystem::perms::owner_read);
+    const std::string open = "{\"do\":\"open\",\"path\":" + quoted(plan) + "}\n";
+    const auto replies = runWell(open + open);
+    ASSERT_EQ(replies[0]["messages"].size(), 1U);
+    EXPECT_THAT(replies[0]["messages"][0].get<std::string>(), HasSubstr("SAVEAS"));
+    EXPECT_TRUE(replies[1]["messages"].empty());
+    EXPECT_EQ(session.enterLine(L"LUNITS 5"), RTNORM) << "it can be edited";
+}
+
+// Many faults don't flood the command line; all of them are in the reply.
+TEST_F(SelectionCommands, ManyFaultsAreToldShortened) {
+    std::string text = bytesOf(file);
+    for (int i = 0; i < 12; ++i)
+        text.insert(text.rfind("0\nENDSEC"), "0\nPOINT\nbad\n");
+    const auto torn = folder / "torn.dxf";
+    std::ofstream(torn, std::ios::binary) << text;
+    const auto reply = runWell("{\"do\":\"open\",\"path\":" + quoted(torn) + "}\n")[0];
+    const auto& problems = reply["problems"];
+    const auto& messages = reply["messages"];
+    ASSERT_GE(problems.size(), 12U);
+    ASSERT_EQ(messages.size(), 7U) << "five faults, how many more, and how to save";
+    EXPECT_EQ(messages[4], problems[4]);
+    EXPECT_THAT(messages[5].get<std::string>(), HasSubstr(std::to_string(problems.size() - 5)));
+}

@@ -193,6 +193,19 @@ TEST_F(SelectionWindow, TabsShowLayouts) {
     expectShown(1);
     enter(QStringLiteral("layout nowhere"));
     then([this] { EXPECT_THAT(said(), HasSubstr(L"nowhere")); });
+    // In any theme the tab of what is shown stands out.
+    for (const ThemeChoice theme : {ThemeChoice::dark, ThemeChoice::light})
+        then([this, tabs, theme] {
+            window.setTheme(theme);
+            const QImage picture = tabs->grab().toImage();
+            const auto background = [&](int tab) {
+                return picture.pixelColor(tabs->tabRect(tab).left() + 4, tabs->tabRect(tab).center().y());
+            };
+            EXPECT_GE(contrast(background(1), background(0)), 1.8);
+            EXPECT_GE(
+                contrast(background(1), tabs->palette().color(QPalette::Active, QPalette::HighlightedText)),
+                3.0);
+        });
     run();
 }
 
