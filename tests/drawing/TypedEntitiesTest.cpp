@@ -196,6 +196,41 @@ TEST(TypedEntities, ImagesDimensionsAndLeaders) {
     EXPECT_EQ(leader->annotationId(), image->objectId());
 }
 
+// A dimension whose file does not say what it measures is measured by its points.
+TEST(TypedEntities, DimensionsMeasureThemselves) {
+    auto measured = [](const std::string& own) {
+        const auto db = drawing("0|DIMENSION|5|1|100|AcDbEntity|8|0|100|AcDbDimension|" + own);
+        return at<OdDbDimension>(db, 1)->measurement();
+    };
+    const std::string ends = "13|1|23|2|33|0|14|4|24|6|34|0|";
+    EXPECT_DOUBLE_EQ(measured("70|0|" + ends).value(), 3);
+    EXPECT_DOUBLE_EQ(measured("70|32|50|90|" + ends).value(), 4);
+    EXPECT_DOUBLE_EQ(measured("70|33|" + ends).value(), 5);
+    EXPECT_DOUBLE_EQ(measured("70|33|42|7.5|" + ends).value(), 7.5) << "what the file says goes first";
+    EXPECT_DOUBLE_EQ(measured("70|33|210|0|220|-1|230|0|" + ends).value(), 3) << "as seen from the front";
+    EXPECT_DOUBLE_EQ(measured("70|35|10|0|20|0|15|6|25|8|").value(), 10);
+    EXPECT_DOUBLE_EQ(measured("70|36|10|0|20|0|15|3|25|4|").value(), 5);
+    EXPECT_DOUBLE_EQ(measured("70|102|10|1|20|1|13|5|23|9|").value(), 4) << "along x";
+    EXPECT_DOUBLE_EQ(measured("70|38|10|1|20|1|13|5|23|9|").value(), 8) << "along y";
+    EXPECT_NEAR(measured("70|38|10|1|20|1|13|5|23|9|51|90|").value(), 4, 1e-12) << "along a turned y";
+
+    const std::string cross = "13|-1|23|0|14|1|24|0|15|-1|25|-1|10|1|20|1|";
+    EXPECT_NEAR(measured("70|34|16|5|26|1|" + cross).value(), kPi / 4, 1e-12);
+    EXPECT_NEAR(measured("70|34|16|0|26|5|" + cross).value(), kPi * 3 / 4, 1e-12);
+    EXPECT_NEAR(measured("70|34|16|-5|26|-1|" + cross).value(), kPi / 4, 1e-12);
+    EXPECT_FALSE(measured("70|34|16|0|26|5|13|0|23|0|14|1|24|0|15|0|25|3|10|1|20|3|")) << "parallel lines";
+    const std::string corner = "15|0|25|0|13|2|23|0|14|0|24|2|";
+    EXPECT_NEAR(measured("70|37|10|1|20|1|" + corner).value(), kPi / 2, 1e-12);
+    EXPECT_NEAR(measured("70|37|10|-1|20|-1|" + corner).value(), kPi * 3 / 2, 1e-12);
+
+    EXPECT_FALSE(measured("70|0|13|1|23|2|"));
+    const auto db = drawing("0|DIMENSION|5|1|100|AcDbEntity|8|0|100|AcDbDimension|70|0|13|1|");
+    const OdDbObjectId id = at<OdDbDimension>(db, 1)->objectId();
+    const EntityProperty* property = findProperty(entityKindOf(id), L"Measurement");
+    ASSERT_TRUE(property);
+    EXPECT_TRUE(std::holds_alternative<std::monostate>(propertyValue(id, *property))) << "and not 0";
+}
+
 TEST(TypedEntities, TagsAreFoundBySubclassWithAndWithoutMarks) {
     const auto db = drawing(
         "0|ATTDEF|5|1|100|AcDbEntity|8|0|100|AcDbText|1|value|70|9|100|AcDbAttributeDefinition|3|ask|2|T|70|4|"

@@ -27,7 +27,8 @@ class KXPLATFORM_EXPORT OdDbDimension : public OdDbEntity {
     // text, one blank hides it.
     OdString dimensionText() const;
     Tavo::ErrorStatus setDimensionText(std::wstring_view text);
-    // Drawing units or radians, as last computed by the program that wrote it; nothing when the file lacks it.
+    // Drawing units or radians, as last computed by the program that wrote it; where the file lacks it, from
+    // the definition points. Nothing when these don't say it.
     std::optional<double> measurement() const;
     // "STANDARD" when the entity names none.
     OdString dimensionStyleName() const;

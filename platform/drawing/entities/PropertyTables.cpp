@@ -608,9 +608,18 @@ constexpr EntityProperty kUnderlay[] = {x(L"PositionX", 10),
                                         tag(L"Contrast", kInteger, 281, 100),
                                         tag(L"Fade", kInteger, 282)};
 
+Value dimensionMeasurement(OdDbObjectId id) {
+    const auto dimension = id.open<OdDbDimension>();
+    const auto value = dimension ? dimension->measurement() : std::nullopt;
+    return value ? Value(*value) : Value();
+}
+constexpr EntityProperty measurement(PropertyKind kind) {
+    return fixed(computed(L"Measurement", kind, dimensionMeasurement, nullptr, 42));
+}
+
 constexpr EntityProperty kDimension[] = {tag(L"DimStyle", kDimStyle, 3),
                                          tag(L"TextOverride", kText, 1),
-                                         fixed(tag(L"Measurement", kReal, 42)),
+                                         measurement(kReal),
                                          x(L"TextPositionX", 11),
                                          x(L"TextPositionY", 21),
                                          x(L"TextPositionZ", 31),
@@ -630,7 +639,7 @@ constexpr EntityProperty kDimension[] = {tag(L"DimStyle", kDimStyle, 3),
                                          in("", tag(L"Oblique", kAngle, 52))};
 constexpr EntityProperty kAngularDimension[] = {tag(L"DimStyle", kDimStyle, 3),
                                                 tag(L"TextOverride", kText, 1),
-                                                fixed(radians(L"Measurement", 42)),
+                                                measurement(kAngle),
                                                 x(L"TextPositionX", 11),
                                                 x(L"TextPositionY", 21),
                                                 x(L"TextPositionZ", 31),
@@ -648,7 +657,7 @@ constexpr EntityProperty kAngularDimension[] = {tag(L"DimStyle", kDimStyle, 3),
                                                 in("", x(L"VertexZ", 35))};
 constexpr EntityProperty kRadialDimension[] = {tag(L"DimStyle", kDimStyle, 3),
                                                tag(L"TextOverride", kText, 1),
-                                               fixed(tag(L"Measurement", kReal, 42)),
+                                               measurement(kReal),
                                                x(L"TextPositionX", 11),
                                                x(L"TextPositionY", 21),
                                                x(L"TextPositionZ", 31),
