@@ -237,9 +237,16 @@ EntityGeometry multilineText(Reader in) {
             break;
         }
     }
-    if (!directed) { // the angle is the plane's
-        const OdGePoint3d along = toWorld({std::cos(out.rotation), std::sin(out.rotation), 0}, out.normal);
-        direction = {along.x, along.y, along.z};
+    // An angle is measured from the world's x axis whichever way the normal points, as the direction it stands
+    // for would be. Only where that runs along the normal the plane's own axis is taken.
+    if (!directed) {
+        direction = {std::cos(out.rotation), std::sin(out.rotation), 0};
+        const OdGeVector3d& n = out.normal;
+        const double across = std::hypot(n.z, n.x * direction.y - n.y * direction.x);
+        if (across <= 1e-9 * n.length()) {
+            const OdGePoint3d along = toWorld({1, 0, 0}, n);
+            direction = {along.x, along.y, along.z};
+        }
     }
     out.rotation = std::atan2(direction.y, direction.x);
     out.plain = plainMText(contents);

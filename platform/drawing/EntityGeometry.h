@@ -2,6 +2,7 @@
 
 #include "platform/Export.h"
 #include "platform/drawing/Geometry.h"
+#include "platform/drawing/OdCmColor.h"
 #include "platform/drawing/OdDbObjectId.h"
 #include "platform/text/OdString.h"
 
@@ -127,6 +128,7 @@ struct HatchGeometry {
     std::vector<HatchLoop> loops; // what lies in an even number of them is left free
     std::vector<HatchLine> lines; // of the pattern
     bool solid = false;
+    std::optional<OdCmColor> gradient; // the mean of the colours it goes through; a solid fill
     double elevation = 0;
     OdGeVector3d normal{0, 0, 1};
 };

@@ -83,7 +83,11 @@ void Drawer::draw(const FaceGeometry& face) {
     m_pen.end();
 }
 
-void Drawer::draw(const HatchGeometry& hatch) { drawHatch(m_pen, hatch, m_hatchRoom); }
+void Drawer::draw(const HatchGeometry& hatch) {
+    if (hatch.gradient) usePaint(paintOf(*hatch.gradient));
+    drawHatch(m_pen, hatch, m_hatchRoom);
+    if (hatch.gradient) m_pen.setStyle(m_pen.scene().styles.intern(m_source));
+}
 
 void Drawer::draw(const NoteGeometry& note) {
     m_pen.begin(Item::Kind::stroke, Item::solidLine);
@@ -229,8 +233,8 @@ void Drawer::draw(const MTextGeometry& g) {
         text.widthFactor = format.widthFactor.value_or(1);
         text.oblique = std::clamp(format.oblique.value_or(0), -1.4, 1.4);
         // One that has a line for itself may come out as wide as it likes.
-        const bool alone =
-            (i == 0 || pieces[i - 1].y != piece.y) && (i + 1 == pieces.size() || pieces[i + 1].y != piece.y);
+        const bool alone = (i == 0 || pieces[i - 1].line != piece.line) &&
+                           (i + 1 == pieces.size() || pieces[i + 1].line != piece.line);
         double start = piece.x;
         if (!alone) {
             text.width = piece.width;
@@ -242,15 +246,21 @@ void Drawer::draw(const MTextGeometry& g) {
         text.overlined = format.overline;
         text.struck = format.strikeThrough;
         const bool painted = format.color && !format.color->isByLayer() && !format.color->isByBlock();
-        if (painted) {
-            StyleSource source = m_source;
-            source.paint = paintOf(*format.color);
-            source.paintLayer = none;
-            m_pen.setStyle(m_pen.scene().styles.intern(source));
-        }
-        m_pen.text(text, piece.letters, {start, piece.y, 0}, piece.height, 0, plane);
+        if (painted) usePaint(paintOf(*format.color));
+        const OdGePoint3d bar[] = {{piece.x, piece.y, 0}, {piece.x + piece.bar.x, piece.y + piece.bar.y, 0}};
+        if (piece.letters.empty())
+            m_pen.stroke(bar, plane, Item::solidLine);
+        else
+            m_pen.text(text, piece.letters, {start, piece.y, 0}, piece.height, 0, plane);
         if (painted) m_pen.setStyle(m_pen.scene().styles.intern(m_source));
     }
+}
+
+void Drawer::usePaint(const Paint& paint) {
+    StyleSource source = m_source;
+    source.paint = paint;
+    source.paintLayer = none;
+    m_pen.setStyle(m_pen.scene().styles.intern(source));
 }
 
 std::uint32_t Drawer::fontOf(const OdString& style) {

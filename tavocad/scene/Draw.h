@@ -44,6 +44,7 @@ class Drawer {
     void draw(const tv::dwg::TextGeometry& text);
     void draw(const tv::dwg::MTextGeometry& text);
 
+    void usePaint(const Paint& paint); // in place of the entity's own
     std::uint32_t fontOf(const OdString& style);
     std::uint32_t fontOf(const tv::dwg::MTextFont& font);
     double usualTextHeight() const;

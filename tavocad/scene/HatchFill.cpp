@@ -51,6 +51,7 @@ Loop flattened(const HatchLoop& loop, double elevation) {
             break;
         }
     }
+    std::erase_if(points, [](const OdGePoint3d& p) { return !isSomewhere(OdGePoint2d{p.x, p.y}); });
     for (OdGePoint3d& point : points)
         point.z = elevation;
     return points;

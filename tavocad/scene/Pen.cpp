@@ -6,7 +6,6 @@
 namespace tv::scene {
 namespace {
 
-bool finite(OdGePoint2d p) { return std::isfinite(p.x) && std::isfinite(p.y); }
 OdGePoint2d flat(const OdGeVector3d& v) { return {v.x, v.y}; }
 
 } // namespace
@@ -34,7 +33,7 @@ void Pen::more(std::span<const OdGePoint3d> points, const Transform& plane) {
     const Transform whole = m_place * plane;
     for (const OdGePoint3d& point : points) {
         const OdGePoint3d p = whole(point);
-        if (finite({p.x, p.y})) out.push_back({p.x, p.y});
+        if (isSomewhere({p.x, p.y})) out.push_back({p.x, p.y});
     }
     if (out.size() == before && before > m_open.first) out.pop_back(); // the break
 }
@@ -49,8 +48,8 @@ void Pen::arc(const OdGePoint3d& center, const OdGeVector3d& major, const OdGeVe
     const Transform whole = m_place * plane;
     const OdGePoint3d c = whole(center);
     const OdGePoint2d arc[] = {{c.x, c.y}, flat(whole(major)), flat(whole(minor)), {from, to}};
-    for (const OdGePoint2d& part : arc)
-        if (!finite(part)) return;
+    if (!isSomewhere(arc[0]) || !isSomewhere(arc[1]) || !isSomewhere(arc[2])) return;
+    if (!std::isfinite(from) || !std::isfinite(to)) return;
     m_scene.items.push_back(
         {static_cast<std::uint32_t>(m_scene.points.size()), 4, m_style, m_entity, Item::Kind::arc, 0});
     m_scene.points.insert(m_scene.points.end(), std::begin(arc), std::end(arc));
@@ -81,8 +80,8 @@ void Pen::text(Text text, std::wstring_view letters, const OdGePoint3d& at, doub
     }
     text.widthFactor = upLength > 0 ? text.widthFactor * alongLength / upLength : 0;
     text.width *= alongLength;
-    if (letters.empty() || !(text.height > 0) || !(text.widthFactor > 0) || !std::isfinite(text.height) ||
-        !std::isfinite(text.widthFactor) || !std::isfinite(text.width) || !finite(text.at))
+    if (letters.empty() || !(text.height > 0) || !(text.widthFactor > 0) || !isSomewhere(text.height) ||
+        !isSomewhere(text.height * text.widthFactor) || !isSomewhere(text.width) || !isSomewhere(text.at))
         return;
     text.first = static_cast<std::uint32_t>(m_scene.letters.size());
     text.count = static_cast<std::uint32_t>(letters.size());

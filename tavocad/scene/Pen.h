@@ -11,7 +11,7 @@
 namespace tv::scene {
 
 // Puts items into a scene: those of one entity, at one place, in one style. Coordinates come in the entity's
-// space; those that are no finite numbers are left out.
+// space; those that are nowhere are left out.
 class Pen {
   public:
     explicit Pen(Scene& scene) : m_scene(scene) {}

@@ -178,7 +178,15 @@ class Decoder {
             if (points.size() == first) return true;
             bendSegments(first, flags != 0);
         }
+        const auto own = points.begin() + static_cast<std::ptrdiff_t>(first);
+        if (item.kind == Item::Kind::arc) {
+            if (!isSomewhere(a) || !isSomewhere(radius)) points.resize(first);
+        } else {
+            points.erase(std::remove_if(own, points.end(), [](OdGePoint2d p) { return !isSomewhere(p); }),
+                         points.end());
+        }
         item.count = static_cast<std::uint32_t>(points.size() - first);
+        if (item.count == 0) return true;
         m_part->items.push_back(item);
         return true;
     }
@@ -203,7 +211,7 @@ class Decoder {
             flattenBulge(m_bent, {m_straight[i - 1].x, m_straight[i - 1].y, 0},
                          {m_straight[i].x, m_straight[i].y, 0}, bulge->second);
             for (const OdGePoint3d& p : m_bent)
-                if (std::isfinite(p.x) && std::isfinite(p.y)) points.push_back({p.x, p.y});
+                points.push_back({p.x, p.y});
         }
     }
 

@@ -89,6 +89,7 @@ void Scene::measure(Use&& use) {
     }
     for (const ViewportPicture& viewport : viewports)
         for (const OdGePoint2d& corner : viewport.clip) {
+            if (!isSomewhere(corner)) continue;
             box.add(corner);
             extents.add(corner);
         }

@@ -47,6 +47,7 @@ struct Place {
     Transform transform;
     StyleSource insert; // for what is by block, and in the place of layer 0
     bool nested = false;
+    bool dimension = false; // directly in a dimension's picture
 };
 
 class Builder {
@@ -136,6 +137,7 @@ class Builder {
 
     void add(const Decoded& entity, const Place& place) {
         if (spent() || entity.head.invisible) return;
+        if (place.dimension && isDefinitionPoint(entity)) return;
         const std::uint32_t layer = place.nested && entity.layer == 0 ? place.insert.layer : entity.layer;
         const StyleSource style = sourceOf(entity.head, layer, entity.linetype, place.insert);
         if (const auto* insert = std::get_if<InsertGeometry>(&entity.geometry)) {
@@ -146,7 +148,7 @@ class Builder {
             dimension && blockOf(dimension->block)->known) {
             InsertGeometry picture;
             picture.block = dimension->block;
-            addInsert(entity.id, picture, place, style);
+            addInsert(entity.id, picture, place, style, true);
             return;
         }
         const std::size_t before = m_scene.items.size();
@@ -155,8 +157,14 @@ class Builder {
         if (m_scene.items.size() > before) ++m_scene.drawn;
     }
 
-    void addInsert(OdDbObjectId id, const InsertGeometry& insert, const Place& place,
-                   const StyleSource& style) {
+    // Points that say what a dimension measures are no part of its picture, wherever they lie.
+    bool isDefinitionPoint(const Decoded& entity) const {
+        return std::holds_alternative<PointGeometry>(entity.geometry) &&
+               tv::text::foldCase(m_scene.styles.layers()[entity.layer].name) == m_definitionPoints;
+    }
+
+    void addInsert(OdDbObjectId id, const InsertGeometry& insert, const Place& place, const StyleSource& style,
+                   bool dimension = false) {
         Block& block = *blockOf(insert.block);
         if (!block.open && m_depth < mostDepth) {
             block.open = true;
@@ -167,6 +175,7 @@ class Builder {
             inner.insert = style;
             inner.insert.gate = m_scene.styles.gate(style.layer, style.gate);
             inner.nested = true;
+            inner.dimension = dimension;
             for (int row = 0; row < rows; ++row)
                 for (int column = 0; column < columns && !spent(); ++column) {
                     inner.transform = place.transform * placementOf(insert, block.base, column, row);
@@ -207,6 +216,7 @@ class Builder {
     Drawer m_draw;
     std::size_t m_kept = 0, m_steps = 0;
     int m_depth = 0;
+    const std::wstring m_definitionPoints = tv::text::foldCase(L"Defpoints");
     std::shared_ptr<OdDbBlockTable> m_blockTable;
     std::unordered_map<std::wstring, Block> m_blocks;
 };

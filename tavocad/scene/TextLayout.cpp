@@ -12,7 +12,7 @@ using namespace tv::dwg;
 constexpr double lineStep = 5.0 / 3; // the usual distance of lines, in heights of capital letters
 
 struct Line {
-    std::vector<TextPiece> pieces;
+    std::vector<TextPiece> pieces; // placed from its start and baseline
     double width = 0, height = 0;
 };
 
@@ -32,7 +32,7 @@ class Layout {
             word(L"    ", format, height);
             break;
         case MTextRun::kStack:
-            word(run.text.wstr() + L'/' + run.lower.wstr(), format, height);
+            stack(run, format, height);
             break;
         case MTextRun::kText:
             words(run.text.view(), format, height);
@@ -54,11 +54,11 @@ class Layout {
         std::vector<TextPiece> out;
         for (Line& line : m_lines) {
             y -= &line == &m_lines.front() ? line.height : line.height * lineStep;
-            double x = left + (room - line.width) * shareBefore(line, cell % 3);
+            const double x = left + (room - line.width) * shareBefore(line, cell % 3);
             for (TextPiece& piece : line.pieces) {
-                piece.x = x;
-                piece.y = y;
-                x += piece.width;
+                piece.x += x;
+                piece.y += y;
+                piece.line = static_cast<std::size_t>(&line - m_lines.data());
                 out.push_back(std::move(piece));
             }
         }
@@ -110,23 +110,55 @@ class Layout {
         const bool blank = letters.ends_with(L' ');
         const double seen = widthOf(blank ? letters.substr(0, letters.size() - 1) : letters) * scale;
         const double width = widthOf(letters) * scale;
-        Line* line = &m_lines.back();
-        if (m_text.width > 0 && line->width + seen > m_text.width && !line->pieces.empty()) {
-            newLine();
-            line = &m_lines.back();
-        }
+        Line* line = &lineWithRoomFor(seen);
         if (line->pieces.empty() || line->pieces.back().format != &format ||
-            line->pieces.back().height != height)
-            line->pieces.push_back({{}, &format, 0, 0, height, 0});
+            line->pieces.back().height != height || line->pieces.back().stacked)
+            line->pieces.push_back({.format = &format, .x = line->width, .height = height});
         line->pieces.back().letters += letters;
         line->pieces.back().width += width;
         line->width += width;
         line->height = std::max(line->height, height);
     }
 
+    // Its halves are smaller than the text around them, and so is the gap that a bar has between them.
+    void stack(const MTextRun& run, const MTextFormat& format, double height) {
+        if (run.stack == 0) return word(run.text.view(), format, height);
+        const double half = height * 0.7, gap = height * 0.2, whole = 2 * half + gap;
+        const double scale = half * format.widthFactor.value_or(1);
+        const double upper = widthOf(run.text.view()) * scale, lower = widthOf(run.lower.view()) * scale;
+        const bool slanting = run.stack == L'#', centered = run.stack == L'/';
+        const double width = slanting ? upper + half / 2 + lower : std::max(upper, lower);
+        Line& line = lineWithRoomFor(width);
+        const double bottom = (height - whole) * std::clamp(format.alignment, 0, 2) / 2;
+        const auto put = [&](const OdString& letters, double own, double x, double y) {
+            if (!letters.isEmpty())
+                line.pieces.push_back(
+                    {letters.wstr(), &format, line.width + x, bottom + y, half, own, 0, true, {}});
+        };
+        put(run.text, upper, centered ? (width - upper) / 2 : 0, half + gap);
+        put(run.lower, lower, slanting ? width - lower : centered ? (width - lower) / 2 : 0, 0);
+        TextPiece bar{.format = &format, .x = line.width, .y = bottom + half + gap / 2, .stacked = true};
+        if (slanting) {
+            bar.x += upper;
+            bar.y = bottom;
+            bar.bar = {half / 2, whole};
+        } else {
+            bar.bar = {width, 0};
+        }
+        if (slanting || centered) line.pieces.push_back(std::move(bar));
+        line.width += width;
+        line.height = std::max(line.height, bottom + whole);
+    }
+
+    Line& lineWithRoomFor(double width) {
+        const Line& line = m_lines.back();
+        if (m_text.width > 0 && line.width + width > m_text.width && !line.pieces.empty()) newLine();
+        return m_lines.back();
+    }
+
     void newLine() {
         Line& line = m_lines.back();
-        if (!line.pieces.empty() && line.pieces.back().letters.ends_with(L' ')) {
+        if (!line.pieces.empty() && !line.pieces.back().stacked && line.pieces.back().letters.ends_with(L' ')) {
             TextPiece& last = line.pieces.back();
             const double blank = widthOf(L" ") * last.height * last.format->widthFactor.value_or(1);
             last.letters.pop_back();

@@ -202,6 +202,90 @@ TEST(SceneKinds, MultilineTextsKeepTheirWidthAndAttachment) {
     EXPECT_TRUE(behind.texts[0].mirrored);
 }
 
+TEST(SceneKinds, StacksStandUpright) {
+    auto stacked = [](const std::string& text) {
+        return sceneOf("", "0|MTEXT|8|0|10|0|20|0|40|2|71|7|1|" + text + "|");
+    };
+    const Scene fraction = stacked("a\\S1/25;b");
+    ASSERT_EQ(fraction.texts.size(), 4U);
+    ASSERT_EQ(fraction.items.size(), 5U) << "with a bar";
+    const Text &before = fraction.texts[0], &upper = fraction.texts[1], &lower = fraction.texts[2];
+    EXPECT_EQ(fraction.lettersOf(lower), L"25");
+    EXPECT_GE(upper.at.y, lower.at.y + lower.height);
+    EXPECT_GT(upper.at.x, lower.at.x) << "over the middle";
+    EXPECT_LT(upper.height, before.height);
+    EXPECT_EQ(fraction.texts[3].at.y, before.at.y);
+    const auto bar = fraction.pointsOf(fraction.items[3]);
+    ASSERT_EQ(bar.size(), 2U);
+    EXPECT_TRUE(bar[0].y == bar[1].y && bar[0].y > lower.at.y + lower.height && bar[0].y < upper.at.y);
+    EXPECT_GE(fraction.texts[3].at.x, bar[1].x) << "what follows has its own place";
+
+    EXPECT_EQ(stacked("\\S+1^-2;").items.size(), 2U) << "tolerances have no bar";
+    const Scene slanting = stacked("\\S1#2;");
+    ASSERT_EQ(slanting.items.size(), 3U);
+    EXPECT_GT(slanting.texts[1].at.x, slanting.texts[0].at.x);
+    EXPECT_LT(slanting.texts[1].at.y, slanting.texts[0].at.y);
+    EXPECT_EQ(stacked("\\S7;").texts.size(), 1U);
+}
+
+// Without a direction of its own a text runs along the world's x axis, whichever way it faces.
+TEST(SceneKinds, MultilineTextsSeenFromBehindStayWhereTheyAre) {
+    auto left = [](const std::string& rest) {
+        const Scene scene = sceneOf("", "0|MTEXT|8|0|10|100|20|50|40|2|71|1|1|one two|" + rest);
+        return scene.extents.left;
+    };
+    EXPECT_NEAR(left("210|0|220|0|230|-1|"), 100, 1e-9);
+    EXPECT_NEAR(left("210|0|220|0|230|-1|11|1|21|0|31|0|"), 100, 1e-9);
+    EXPECT_LT(left("210|0|220|0|230|-1|11|-1|21|0|31|0|"), 95);
+    EXPECT_LT(left("50|3.141592653589793|210|0|220|0|230|-1|"), 95)
+        << "an angle means what the direction would";
+}
+
+TEST(SceneKinds, GradientsAreFilledWithTheirOwnColors) {
+    const std::string gradient = "450|1|451|0|460|0|461|0|452|0|462|1|453|2|463|0|63|5|421|16711680|463|1|63|3|"
+                                 "421|65280|470|LINEAR|";
+    const std::string plain = hatch("1", "91|1|" + square, "");
+    const Scene scene = sceneOf("", plain + gradient + plain);
+    ASSERT_EQ(scene.items.size(), 2U);
+    EXPECT_EQ(scene.styleOf(scene.items[0]).paint, (Paint{0x7F7F00, false}));
+    EXPECT_TRUE(scene.styleOf(scene.items[1]).paint.foreground) << "the next one is painted as it says";
+    const Scene indexed = sceneOf("", hatch("1", "91|1|" + square, "450|1|453|1|463|0|63|1|"));
+    ASSERT_EQ(indexed.items.size(), 1U);
+    EXPECT_EQ(indexed.styleOf(indexed.items[0]).paint.rgb, 0xFF0000U);
+}
+
+// One garbled coordinate does not make all the rest too small to see, in the space or in a block.
+TEST(SceneKinds, WhatIsTooFarToBeAnywhereIsLeftOut) {
+    const std::string broken =
+        "0|LINE|8|0|10|1e300|20|0|11|4|21|1|0|POINT|8|0|10|1e18|20|3|0|CIRCLE|8|0|10|1|20|1|40|1e20|"
+        "0|LWPOLYLINE|8|0|90|3|70|0|10|0|20|0|10|-1e17|20|0|42|1|10|4|20|4|0|ARC|8|0|10|1|20|-1e18|40|1|50|0|"
+        "51|9|"
+        "0|TEXT|8|0|10|1|20|1e16|40|1|1|a|0|TEXT|8|0|10|1|20|1|40|1|41|1e300|1|a|0|SPLINE|8|0|71|1|10|0|20|0|"
+        "10|1e300|20|0|0|SOLID|8|0|10|0|20|0|11|1|21|0|12|0|22|1e300|13|1|23|1|";
+    const std::string far = hatch("1", "91|1|92|2|72|0|73|1|93|3|10|0|20|0|10|4|20|0|10|1e300|20|4|97|0|", "");
+    const std::string good = "0|LINE|8|0|10|0|20|0|11|10|21|5|";
+    for (const Scene& scene : {sceneOf("", broken + far + good),
+                               sceneOf(block("B", broken + far + good), "0|INSERT|8|0|2|B|10|0|20|0|")}) {
+        EXPECT_EQ(scene.extents.left, 0);
+        EXPECT_EQ(scene.extents.bottom, 0);
+        EXPECT_EQ(scene.extents.right, 10);
+        EXPECT_EQ(scene.extents.top, 5);
+        EXPECT_TRUE(scene.pick({2, 2}, 0.01)) << "a polyline's good vertices are joined";
+        EXPECT_EQ(scene.items.size(), 6U);
+    }
+    EXPECT_EQ(sceneOf("", "0|POINT|8|0|10|9e14|20|0|").items.size(), 1U);
+}
+
+TEST(SceneKinds, DefinitionPointsAreNoPartOfADimension) {
+    const std::string parts = "0|POINT|8|DEFPOINTS|10|0|20|0|0|POINT|8|0|10|101|20|100|"
+                              "0|LINE|8|Defpoints|10|100|20|100|11|110|21|100|";
+    const Scene scene = sceneOf(block("*D1", parts), "0|DIMENSION|8|0|2|*D1|10|100|20|100|70|0|"
+                                                     "0|POINT|8|Defpoints|10|50|20|50|");
+    EXPECT_EQ(scene.items.size(), 3U);
+    EXPECT_FALSE(scene.pick({0, 0}, 1));
+    EXPECT_EQ(scene.extents.left, 50) << "one that is drawn by itself is there";
+}
+
 // Nothing a file can say takes long or much memory.
 TEST(SceneKinds, HostileValuesEnd) {
     std::string nested;

@@ -65,10 +65,25 @@ void takeEdgeTag(const Reader& in, HatchEdge& edge) {
     }
 }
 
+constexpr std::size_t kMostColors = 16; // two in any file a program wrote
+
+OdCmColor meanOf(const std::vector<OdCmColor>& colors) {
+    std::size_t red = 0, green = 0, blue = 0;
+    for (const OdCmColor& color : colors) {
+        red += color.red();
+        green += color.green();
+        blue += color.blue();
+    }
+    const auto mean = [&](std::size_t sum) { return static_cast<std::uint8_t>(sum / colors.size()); };
+    return OdCmColor::byRgb(mean(red), mean(green), mean(blue));
+}
+
 } // namespace
 
 HatchGeometry hatch(Reader in) {
     HatchGeometry out;
+    bool gradient = false;
+    std::vector<OdCmColor> colors; // of the gradient; each begins with its place from 0 to 1
     enum : std::uint8_t { kHead, kPolyline, kEdges, kPattern } state = kHead;
     bool sources = false; // the objects a loop was made from follow
     while (in.next()) {
@@ -83,6 +98,10 @@ HatchGeometry hatch(Reader in) {
             continue;
         }
         if (code == 75 && state != kHead) state = kPattern;
+        if (code == 450) gradient = in.integer() == 1;
+        if (code == 463 && colors.size() < kMostColors) colors.emplace_back(OdCmColor::byIndex(7));
+        if (!colors.empty() && code == 63) colors.back() = OdCmColor::byIndex(in.integer());
+        if (!colors.empty() && code == 421) colors.back() = OdCmColor::fromDxf({}, in.integer());
         if (state == kPolyline) {
             auto& vertices = out.loops.back().vertices;
             if (code == 10) vertices.push_back({{in.real(), 0, 0}, 0, 0, 0});
@@ -114,6 +133,10 @@ HatchGeometry hatch(Reader in) {
     for (HatchLoop& loop : out.loops)
         for (HatchEdge& edge : loop.edges)
             if (edge.spline.weights.size() != edge.spline.control.size()) edge.spline.weights.clear();
+    if (gradient && !colors.empty()) {
+        out.solid = true;
+        out.gradient = meanOf(colors);
+    }
     return out;
 }
 
