@@ -7,7 +7,7 @@
 
 namespace tv::scene {
 
-// Coordinates and lengths beyond that come of damage only. Such points are nowhere: of entities of any kind
+// Coordinates and lengths beyond 1e15 come of damage only. Such points are nowhere: of entities of any kind
 // they are left out, and what has no point left, or an arc or a text with such a measure, is not drawn.
 inline bool isSomewhere(double v) { return std::abs(v) <= 1e15; } // not so for what is no number
 inline bool isSomewhere(OdGePoint2d p) { return isSomewhere(p.x) && isSomewhere(p.y); }

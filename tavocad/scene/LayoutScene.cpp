@@ -51,15 +51,13 @@ StyleTable stylesIn(const OdDbDatabase& database, const OdDbViewport& viewport, 
     return styles;
 }
 
-bool finite(double value) { return std::isfinite(value) && std::abs(value) < 1e100; }
-
 // Where the model lands; nothing for a viewport that is off or does not look straight down.
 std::optional<ViewportPicture> pictureOf(const OdDbViewport& viewport) {
     const OdGeVector3d direction = viewport.viewDirection();
     const double scale = viewport.viewHeight() > 0 ? viewport.height() / viewport.viewHeight() : 0;
     const double length = direction.length();
-    if (!viewport.isOn() || viewport.isPerspectiveOn() || !(scale > 0) || !finite(scale) || !(length > 0) ||
-        direction.z <= 0 || std::hypot(direction.x, direction.y) > straightDown * length)
+    if (!viewport.isOn() || viewport.isPerspectiveOn() || !(scale > 0) || !isSomewhere(scale) ||
+        !(length > 0) || direction.z <= 0 || std::hypot(direction.x, direction.y) > straightDown * length)
         return std::nullopt;
     const double twist = viewport.twistAngle();
     const OdGePoint3d center = viewport.centerPoint(), target = viewport.viewTarget();
@@ -69,7 +67,8 @@ std::optional<ViewportPicture> pictureOf(const OdDbViewport& viewport) {
     picture.y = {-scale * std::sin(twist), scale * std::cos(twist)};
     picture.origin = {center.x - scale * view.x - picture.x.x * target.x - picture.y.x * target.y,
                       center.y - scale * view.y - picture.x.y * target.x - picture.y.y * target.y};
-    if (!finite(picture.origin.x) || !finite(picture.origin.y) || !finite(twist)) return std::nullopt;
+    if (!isSomewhere(picture.origin.x) || !isSomewhere(picture.origin.y) || !isSomewhere(twist))
+        return std::nullopt;
     return picture;
 }
 
@@ -85,7 +84,8 @@ Scene buildScene(const OdDbDatabase& database, const OdDbObjectId& layout, std::
         if (!viewport) continue;
         const OdGePoint3d center = viewport->centerPoint();
         const double wide = viewport->width() / 2, high = viewport->height() / 2;
-        if (!finite(center.x) || !finite(center.y) || !finite(wide) || !finite(high) || !(wide > 0 && high > 0))
+        if (!isSomewhere(center.x) || !isSomewhere(center.y) || !isSomewhere(wide) || !isSomewhere(high) ||
+            !(wide > 0 && high > 0))
             continue;
         const std::vector<OdGePoint2d> corners{{center.x - wide, center.y - high},
                                                {center.x + wide, center.y - high},
