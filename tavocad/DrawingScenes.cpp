@@ -21,14 +21,16 @@ void DrawingScenes::watch(const OdDbDatabasePtr& database) {
 std::shared_ptr<const Scene> DrawingScenes::sceneOf(const OdDbDatabasePtr& database) {
     if (!database) return std::make_shared<Scene>();
     watch(database);
+    if (!m_references) m_references = std::make_unique<tv::dwg::ExternalReferences>(*database);
     followChanges();
     m_told = false;
-    if (!m_model) m_model = std::make_shared<Scene>(tv::scene::buildScene(*database));
+    if (!m_model) m_model = std::make_shared<Scene>(tv::scene::buildScene(*database, m_references.get()));
     const OdDbObjectId layout = layoutOf(database);
     const auto opened = layout.open<OdDbLayout>();
     if (!opened || opened->isModelLayout()) return m_model;
     if (!m_sheet || !(layout == m_layout))
-        m_sheet = std::make_shared<Scene>(tv::scene::buildScene(*database, layout, m_model));
+        m_sheet =
+            std::make_shared<Scene>(tv::scene::buildScene(*database, layout, m_model, m_references.get()));
     m_layout = layout;
     return m_sheet;
 }
@@ -40,7 +42,7 @@ void DrawingScenes::followChanges() {
     if (m_changes.everything()) m_model.reset();
     if (m_model) {
         if (m_model.use_count() > 1) m_model = std::make_shared<Scene>(*m_model);
-        if (!tv::scene::update(*m_model, *m_database, m_changes)) m_model.reset();
+        if (!tv::scene::update(*m_model, *m_database, m_changes, m_references.get())) m_model.reset();
     }
     m_changes = {};
 }
@@ -69,11 +71,11 @@ Tavo::ErrorStatus DrawingScenes::showLayout(const OdDbDatabasePtr& database, con
     return Tavo::eOk;
 }
 
-void DrawingScenes::headerSysVarChanged(OdDbDatabase& database, std::wstring_view name) {
+void DrawingScenes::headerSysVarChanged(OdDbDatabase&, std::wstring_view name) {
     // What shapes depend on.
     static constexpr std::wstring_view shapes[] = {L"LTSCALE",  L"PDMODE",    L"PDSIZE", L"ATTMODE",
                                                    L"FILLMODE", L"PSLTSCALE", L"DIMTXT"};
-    if (std::ranges::find(shapes, name) != std::end(shapes)) forget(&database);
+    if (std::ranges::find(shapes, name) != std::end(shapes)) makeAnew();
     if (name == L"TILEMODE") tell(); // another space is in view
 }
 
@@ -90,6 +92,11 @@ void DrawingScenes::tell() {
 
 void DrawingScenes::forget(const OdDbDatabase* database) {
     if (database != m_database.get()) return;
+    m_references.reset();
+    makeAnew();
+}
+
+void DrawingScenes::makeAnew() {
     m_changes.noteEverything();
     tell();
 }
@@ -97,6 +104,7 @@ void DrawingScenes::forget(const OdDbDatabase* database) {
 void DrawingScenes::release(const OdDbDatabase* database) {
     if (!m_database || database != m_database.get()) return;
     m_database->removeReactor(this);
+    m_references.reset();
     m_database.reset();
     m_model.reset();
     m_sheet.reset();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/drawing/ExternalReferences.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbEntity.h"
 #include "platform/host/Signal.h"
@@ -25,7 +26,7 @@ class DrawingScenes : private OdDbDatabaseReactor {
     // Makes a layout the drawing's current one; a read-only drawing only shows it.
     Tavo::ErrorStatus showLayout(const OdDbDatabasePtr& database, const OdDbObjectId& layout);
 
-    // The scene is to be made anew the next time.
+    // The scene is to be made anew the next time, with the drawings referred to read again.
     void forget(const OdDbDatabase* database);
     // The drawing is about to go.
     void release(const OdDbDatabase* database);
@@ -42,12 +43,14 @@ class DrawingScenes : private OdDbDatabaseReactor {
     void watch(const OdDbDatabasePtr& database);
     void note(OdDbObjectId id, How how);
     void tell();
+    void makeAnew();
     void followChanges();
 
     OdDbDatabasePtr m_database;
-    OdDbObjectId m_looked;                              // at, in a drawing that can't be edited
-    OdDbObjectId m_layout;                              // the sheet's
-    std::shared_ptr<tv::scene::Scene> m_model, m_sheet; // null when they are to be made
-    tv::scene::Changes m_changes;                       // since the model's scene was made
-    bool m_told = true;                                 // that the scene asked for last isn't true
+    std::unique_ptr<tv::dwg::ExternalReferences> m_references; // as far as they were drawn
+    OdDbObjectId m_looked;                                     // at, in a drawing that can't be edited
+    OdDbObjectId m_layout;                                     // the sheet's
+    std::shared_ptr<tv::scene::Scene> m_model, m_sheet;        // null when they are to be made
+    tv::scene::Changes m_changes;                              // since the model's scene was made
+    bool m_told = true;                                        // that the scene asked for last isn't true
 };

@@ -74,10 +74,11 @@ std::optional<ViewportPicture> pictureOf(const OdDbViewport& viewport) {
 
 } // namespace
 
-Scene buildScene(const OdDbDatabase& database, const OdDbObjectId& layout, std::shared_ptr<const Scene> model) {
+Scene buildScene(const OdDbDatabase& database, const OdDbObjectId& layout, std::shared_ptr<const Scene> model,
+                 tv::dwg::ExternalReferences* references) {
     const auto opened = layout.open<OdDbLayout>();
-    if (!opened || opened->isModelLayout()) return buildScene(database);
-    Scene scene = buildScene(database, opened->entities());
+    if (!opened || opened->isModelLayout()) return buildScene(database, references);
+    Scene scene = buildScene(database, opened->entities(), references);
     const auto viewports = opened->viewports();
     for (std::size_t i = 1; i < viewports.size(); ++i) { // the first is the sheet itself
         const auto viewport = viewports[i].open<OdDbViewport>();
@@ -107,7 +108,7 @@ Scene buildScene(const OdDbDatabase& database, const OdDbObjectId& layout, std::
 
         auto picture = pictureOf(*viewport);
         if (!picture) continue;
-        if (!model) model = std::make_shared<Scene>(buildScene(database));
+        if (!model) model = std::make_shared<Scene>(buildScene(database, references));
         picture->model = model;
         picture->styles = stylesIn(database, *viewport, model->styles);
         picture->clip = corners;

@@ -1,6 +1,7 @@
 #include "tavocad/scene/SceneBuilder.h"
 
 #include "platform/drawing/EntityGeometry.h"
+#include "platform/drawing/ExternalReferences.h"
 #include "platform/drawing/OdDbBlockTable.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbEntity.h"
@@ -12,8 +13,10 @@
 #include "tavocad/scene/QuickDecode.h"
 
 #include <algorithm>
+#include <memory>
 #include <string>
 #include <unordered_map>
+#include <utility>
 
 namespace tv::scene {
 namespace {
@@ -33,13 +36,34 @@ struct Decoded {
     EntityGeometry geometry;
 };
 
+struct Source;
+
 struct Block {
     OdGePoint3d base;
     OdDbEntityRange entities;
     std::vector<Decoded> decoded; // when `kept`
+    Source* source = nullptr;     // what the entities are in
     bool known = false;           // the drawing has it
     bool kept = false;
     bool open = false; // being drawn: an insert of itself is passed over
+};
+
+// The drawing or one it refers to.
+struct Source {
+    Source(const OdDbDatabase& from, ExternalReferences* below, DrawingTables known, std::wstring before,
+           Pen& pen)
+        : database(from), references(below), tables(std::move(known)), names(from, tables),
+          prefix(std::move(before)), draw(from, pen),
+          blockTable(from.getBlockTableId().open<OdDbBlockTable>()) {}
+
+    const OdDbDatabase& database;
+    ExternalReferences* references; // null when none are followed
+    DrawingTables tables;           // in the scene's numbers
+    RawNames names;
+    std::wstring prefix; // of its names in the drawings above; empty for the drawing itself
+    Drawer draw;
+    std::shared_ptr<OdDbBlockTable> blockTable;
+    std::unordered_map<std::wstring, Block> blocks;
 };
 
 // What an insert hands down to the entities of its block.
@@ -52,17 +76,14 @@ struct Place {
 
 class Builder {
   public:
-    explicit Builder(const OdDbDatabase& database)
-        : m_database(database), m_tables(readTables(database, m_scene.styles)), m_names(database, m_tables),
-          m_pen(m_scene), m_draw(database, m_pen) {
+    Builder(const OdDbDatabase& database, ExternalReferences* references) : m_pen(m_scene) {
         m_scene.database = &const_cast<OdDbDatabase&>(database);
-        m_blockTable = database.getBlockTableId().open<OdDbBlockTable>();
+        m_source = addSource(database, references, readTables(database, m_scene.styles), {});
     }
     // To go on with a scene.
-    Builder(const OdDbDatabase& database, Scene&& scene)
-        : m_database(database), m_scene(std::move(scene)), m_tables(tablesOf(m_scene.styles)),
-          m_names(database, m_tables), m_pen(m_scene), m_draw(database, m_pen) {
-        m_blockTable = database.getBlockTableId().open<OdDbBlockTable>();
+    Builder(const OdDbDatabase& database, ExternalReferences* references, Scene&& scene)
+        : m_scene(std::move(scene)), m_pen(m_scene) {
+        m_source = addSource(database, references, tablesOf(m_scene.styles), {});
     }
 
     Scene build(const OdDbEntityRange& entities) {
@@ -71,15 +92,16 @@ class Builder {
             records.push_back(id.record());
             if (records.size() >= mostEntities) break;
         }
-        drawAll(m_database.store(), records, m_names, m_scene, [this](RecordId record) {
+        drawAll(m_source->database.store(), records, m_source->names, m_scene, [this](RecordId record) {
             const auto first = static_cast<std::uint32_t>(m_scene.items.size());
             m_pen.setEntity(static_cast<std::uint32_t>(m_scene.entities.size()));
             add(decode({m_scene.database, record}), Place{});
             const auto count = static_cast<std::uint32_t>(m_scene.items.size()) - first;
             if (count > 0) m_scene.entities.push_back({record, first, count});
         });
-        m_scene.boundless = m_draw.hasRays();
-        m_draw.drawRays();
+        m_scene.boundless = hasRays();
+        for (const auto& source : m_sources)
+            source->draw.drawRays();
         m_scene.finish();
         return std::move(m_scene);
     }
@@ -103,32 +125,112 @@ class Builder {
             m_scene.box.add(own);
             m_scene.extents.add(own);
         }
-        return !m_draw.hasRays() && !spent();
+        return !hasRays() && !spent();
     }
     Scene take() { return std::move(m_scene); }
 
   private:
     static std::wstring key(const OdString& name) { return tv::text::foldCase(name.view()); }
 
+    Source* addSource(const OdDbDatabase& database, ExternalReferences* references, DrawingTables tables,
+                      const std::wstring& prefix) {
+        m_sources.push_back(std::make_unique<Source>(database, references, std::move(tables), prefix, m_pen));
+        return m_sources.back().get();
+    }
+
+    bool hasRays() const {
+        return std::ranges::any_of(m_sources, [](const auto& source) { return source->draw.hasRays(); });
+    }
+
     Block* blockOf(const OdString& name) {
-        const auto [found, isNew] = m_blocks.try_emplace(key(name));
-        if (isNew && m_blockTable) {
-            if (const auto record = m_blockTable->getAt(name.view()).open<OdDbBlockTableRecord>())
-                found->second = {record->origin(), record->entities(), {}, true, false, false};
+        const auto [found, isNew] = m_source->blocks.try_emplace(key(name));
+        if (isNew && m_source->blockTable) {
+            const OdDbObjectId id = m_source->blockTable->getAt(name.view());
+            if (const auto record = id.open<OdDbBlockTableRecord>()) {
+                found->second = {record->origin(), record->entities(), {}, m_source, true, false, false};
+                if (record->isFromExternalReference() && found->second.entities.empty())
+                    findReferenced(*record, found->second);
+            }
         }
         return &found->second;
     }
 
+    // The model space of the drawing the block stands for, when it can be had.
+    void findReferenced(const OdDbBlockTableRecord& record, Block& block) {
+        const bool nested = m_source != m_sources.front().get();
+        if (!m_source->references || (nested && record.isFromOverlayReference())) return;
+        const auto below = m_source->references->below(record.objectId());
+        if (!below) return;
+        const OdDbDatabase& drawing = below->drawing();
+        const std::wstring prefix = record.getName().wstr() + L"|";
+        block.source = addSource(drawing, below.get(), dependentTables(drawing, prefix), prefix);
+        block.entities = drawing.modelSpace();
+        if (const auto base = drawing.headerVar(L"INSBASE"))
+            if (const auto point = base->asPoint()) block.base = *point;
+    }
+
+    // The layers and linetypes of a drawing referred to, in the scene's numbers: "plan|Walls" is what the first
+    // drawing says of the layer "Walls" in "plan" or, when it has no record of that, what "plan" says itself.
+    DrawingTables dependentTables(const OdDbDatabase& drawing, const std::wstring& prefix) {
+        StyleTable own;
+        readTables(drawing, own);
+        DrawingTables tables, &all = m_sources.front()->tables;
+        std::vector<std::uint32_t> linetypes{0};
+        for (std::size_t i = 1; i < own.linetypes().size(); ++i) {
+            Linetype linetype = own.linetypes()[i];
+            std::uint32_t number = 0;
+            const std::wstring name = tv::text::foldCase(linetype.name);
+            if (!linetype.dashes.empty()) {
+                linetype.name = dependentName(prefix, linetype.name);
+                const auto [found, isNew] =
+                    all.linetypes.try_emplace(tv::text::foldCase(linetype.name),
+                                              static_cast<std::uint32_t>(m_scene.styles.linetypes().size()));
+                if (isNew) m_scene.styles.addLinetype(std::move(linetype));
+                number = found->second;
+            }
+            linetypes.push_back(number);
+            tables.linetypes.try_emplace(name, number);
+        }
+        tables.layers[L"0"] = 0;
+        for (std::size_t i = 1; i < own.layers().size(); ++i) {
+            LayerState layer = own.layers()[i];
+            const std::wstring name = tv::text::foldCase(layer.name);
+            layer.name = dependentName(prefix, layer.name);
+            const auto [found, isNew] = all.layers.try_emplace(
+                tv::text::foldCase(layer.name), static_cast<std::uint32_t>(m_scene.styles.layers().size()));
+            tables.layers.try_emplace(name, found->second);
+            if (!isNew) continue;
+            layer.recorded = false;
+            layer.linetype = linetypes[layer.linetype];
+            m_scene.styles.addLayer(std::move(layer));
+        }
+        return tables;
+    }
+
+    // What already comes from a reference keeps its name in the drawings above.
+    static std::wstring dependentName(const std::wstring& prefix, const std::wstring& name) {
+        return name.find(L'|') == std::wstring::npos ? prefix + name : name;
+    }
+
+    std::uint32_t layerNamed(std::wstring_view name) {
+        DrawingTables& tables = m_source->tables;
+        if (m_source->prefix.empty()) return tables.layer(name, m_scene.styles);
+        const auto [found, isNew] = tables.layers.try_emplace(tv::text::foldCase(name), 0);
+        if (isNew)
+            found->second = m_sources.front()->tables.layer(dependentName(m_source->prefix, std::wstring(name)),
+                                                            m_scene.styles);
+        return found->second;
+    }
+
     Decoded decode(OdDbObjectId id) {
-        const RecordStore& store = m_database.store();
+        const RecordStore& store = m_source->database.store();
         const DxfFormat& format = store.format();
         Decoded out{id, headOf(format, store.text(id.record())), 0, 0, {}};
         if (out.head.invisible) return out;
-        out.layer = m_names.layer(out.head.layer);
-        if (out.layer == none)
-            out.layer = m_tables.layer(decodeText(format, out.head.layer).view(), m_scene.styles);
+        out.layer = m_source->names.layer(out.head.layer);
+        if (out.layer == none) out.layer = layerNamed(decodeText(format, out.head.layer).view());
         if (linetypeBy(out.head) == ByWhom::itself)
-            out.linetype = m_tables.linetype(decodeText(format, trimmed(out.head.linetype)).view());
+            out.linetype = m_source->tables.linetype(decodeText(format, trimmed(out.head.linetype)).view());
         if (store.typeName(id.record()) != "ATTDEF") out.geometry = geometryOf(id);
         return out;
     }
@@ -153,14 +255,15 @@ class Builder {
         }
         const std::size_t before = m_scene.items.size();
         m_pen.set(place.transform, m_scene.styles.intern(style));
-        m_draw.draw(entity.geometry, style);
+        m_source->draw.draw(entity.geometry, style);
         if (m_scene.items.size() > before) ++m_scene.drawn;
     }
 
     // Points that say what a dimension measures are no part of its picture, wherever they lie.
     bool isDefinitionPoint(const Decoded& entity) const {
-        return std::holds_alternative<PointGeometry>(entity.geometry) &&
-               tv::text::foldCase(m_scene.styles.layers()[entity.layer].name) == m_definitionPoints;
+        if (!std::holds_alternative<PointGeometry>(entity.geometry)) return false;
+        const std::wstring_view layer = m_scene.styles.layers()[entity.layer].name;
+        return tv::text::foldCase(layer.substr(layer.rfind(L'|') + 1)) == m_definitionPoints;
     }
 
     void addInsert(OdDbObjectId id, const InsertGeometry& insert, const Place& place, const StyleSource& style,
@@ -189,6 +292,12 @@ class Builder {
     }
 
     void addContent(Block& block, const Place& place) {
+        Source* const outer = std::exchange(m_source, block.source ? block.source : m_source);
+        addEntities(block, place);
+        m_source = outer;
+    }
+
+    void addEntities(Block& block, const Place& place) {
         if (block.kept) {
             for (const Decoded& entity : block.decoded)
                 add(entity, place);
@@ -208,29 +317,29 @@ class Builder {
         if (!block.kept) block.decoded.clear();
     }
 
-    const OdDbDatabase& m_database;
     Scene m_scene;
-    DrawingTables m_tables;
-    RawNames m_names;
     Pen m_pen;
-    Drawer m_draw;
     std::size_t m_kept = 0, m_steps = 0;
     int m_depth = 0;
     const std::wstring m_definitionPoints = tv::text::foldCase(L"Defpoints");
-    std::shared_ptr<OdDbBlockTable> m_blockTable;
-    std::unordered_map<std::wstring, Block> m_blocks;
+    std::vector<std::unique_ptr<Source>> m_sources; // the drawing itself first
+    Source* m_source = nullptr;                     // what is drawn comes from
 };
 
 } // namespace
 
-Scene buildScene(const OdDbDatabase& database) { return buildScene(database, database.modelSpace()); }
-
-Scene buildScene(const OdDbDatabase& database, const OdDbEntityRange& entities) {
-    return Builder(database).build(entities);
+Scene buildScene(const OdDbDatabase& database, ExternalReferences* references) {
+    return buildScene(database, database.modelSpace(), references);
 }
 
-bool redraw(Scene& scene, const OdDbDatabase& database, std::span<const Redrawn> entities) {
-    Builder builder(database, std::move(scene));
+Scene buildScene(const OdDbDatabase& database, const OdDbEntityRange& entities,
+                 ExternalReferences* references) {
+    return Builder(database, references).build(entities);
+}
+
+bool redraw(Scene& scene, const OdDbDatabase& database, std::span<const Redrawn> entities,
+            ExternalReferences* references) {
+    Builder builder(database, references, std::move(scene));
     const bool done = std::ranges::all_of(
         entities, [&](const Redrawn& one) { return builder.redraw(one.record, one.entity); });
     scene = builder.take();

@@ -99,7 +99,8 @@ bool takeOff(Scene& scene, const std::vector<Redrawn>& entities) {
     return smaller;
 }
 
-bool updateEntities(Scene& scene, const OdDbDatabase& database, const std::vector<RecordId>& changed) {
+bool updateEntities(Scene& scene, const OdDbDatabase& database, const std::vector<RecordId>& changed,
+                    ExternalReferences* references) {
     const RecordStore& store = database.store();
     std::vector<bool> wanted(store.recordCount());
     for (const RecordId record : changed)
@@ -121,7 +122,7 @@ bool updateEntities(Scene& scene, const OdDbDatabase& database, const std::vecto
     std::erase_if(known, [&](const Redrawn& one) { return !isOfModel(store.record(one.record)); });
     for (const RecordId record : fresh)
         known.push_back({record, none});
-    if (!known.empty() && !redraw(scene, database, known)) return false;
+    if (!known.empty() && !redraw(scene, database, known, references)) return false;
     if (smaller) scene.measure();
     return true;
 }
@@ -174,12 +175,13 @@ void Changes::noteEntity(const OdDbDatabase& database, RecordId record) {
     if (m_entities.empty() || m_entities.back() != record) m_entities.push_back(record);
 }
 
-bool update(Scene& scene, const OdDbDatabase& database, const Changes& changes) {
+bool update(Scene& scene, const OdDbDatabase& database, const Changes& changes,
+            ExternalReferences* references) {
     if (changes.everything()) return false;
     if (changes.layers() && !updateLayers(scene, database)) return false;
     if (changes.entities().empty()) return true;
     return !scene.boundless && scene.drawn < mostEntities && scene.loose.size() < mostLoose &&
-           updateEntities(scene, database, changes.entities());
+           updateEntities(scene, database, changes.entities(), references);
 }
 
 } // namespace tv::scene

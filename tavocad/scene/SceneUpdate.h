@@ -7,6 +7,10 @@
 
 class OdDbDatabase;
 
+namespace tv::dwg {
+class ExternalReferences;
+}
+
 namespace tv::scene {
 
 // What has changed in a drawing since its scene was made.
@@ -34,6 +38,7 @@ class Changes {
 
 // Brings a scene of model space up to date, touching what has changed. False when it has to be made anew; it is
 // of no use then.
-bool update(Scene& scene, const OdDbDatabase& database, const Changes& changes);
+bool update(Scene& scene, const OdDbDatabase& database, const Changes& changes,
+            tv::dwg::ExternalReferences* references = nullptr);
 
 } // namespace tv::scene

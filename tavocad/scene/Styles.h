@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 // How things look: by whom a colour, lineweight, linetype and transparency are given, and what comes of it.
@@ -87,6 +88,7 @@ class StyleTable {
     void setLinetypes(std::vector<Linetype> linetypes, double scale);
 
     std::uint32_t addLayer(LayerState layer);
+    void addLinetype(Linetype linetype) { m_linetypes.push_back(std::move(linetype)); }
     // The number of that style, a new one when it is the first of its kind.
     std::uint32_t intern(const StyleSource& source);
     // Stands for an insert on that layer, itself inside of the insert `outer` stands for: while one of them is
