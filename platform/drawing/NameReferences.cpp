@@ -5,10 +5,14 @@
 #include "platform/drawing/dxf/NameTags.h"
 #include "platform/drawing/dxf/OwnTags.h"
 #include "platform/drawing/dxf/RecordEditor.h"
+#include "platform/drawing/dxf/TableNames.h"
 #include "platform/text/Unicode.h"
 
+#include <set>
 #include <string>
 #include <unordered_map>
+#include <utility>
+#include <vector>
 
 namespace tv::dwg {
 namespace {
@@ -26,15 +30,21 @@ constexpr KindName kKinds[] = {
 
 bool isPointer(int code) { return (code >= 340 && code <= 349) || (code >= 390 && code <= 399); }
 
+// What a record that lists layers by handle is; these write them with group codes that otherwise mean an owner.
+enum class Holder : std::uint8_t { kNone, kViewport, kLayerState, kLayerGroup };
+
 class Retarget {
   public:
     Retarget(OdDbDatabase& database, NamedKind kind, std::wstring_view from, std::wstring_view to)
-        : m_database(database), m_store(database.store()), m_tags(database, kind), m_from(from), m_to(to) {}
+        : m_database(database), m_store(database.store()), m_tags(database, kind), m_kind(kind), m_from(from),
+          m_to(to) {}
 
     void handles(OdDbHandle from, OdDbHandle to) {
         m_fromHandle = from;
         m_toHandle = to;
     }
+    // From then on both names are what names begin with.
+    void prefixes() { m_prefixes = true; }
 
     std::size_t run() {
         const OdDbUndoScope step(m_database, L"RENAME");
@@ -42,39 +52,108 @@ class Retarget {
         for (RecordId id = m_store.next(RecordStore::kHead); id != kNoRecord; id = m_store.next(id)) {
             m_positions.clear();
             m_tags.forEach(id, [&](std::size_t position, const Tag& tag) {
-                if (isFrom(tag.value)) m_positions.push_back(position);
+                if (const OdString* name = renamed(tag.value)) m_positions.emplace_back(position, name);
             });
             m_handlePositions.clear();
-            if (!m_fromHandle.isNull() && !(m_store.record(id).flags & kStructure)) findHandles(id);
+            m_holder = Holder::kNone;
+            if (!m_fromHandle.isNull() && !(m_store.record(id).flags & kStructure)) {
+                m_holder = holderOf(id);
+                findHandles(id);
+            }
             if (!m_positions.empty() || !m_handlePositions.empty()) edited += edit(id);
         }
         return edited;
     }
 
   private:
-    // The same few spellings come again and again.
-    bool isFrom(std::string_view raw) {
-        const auto known = m_spellings.find(raw);
-        if (known != m_spellings.end()) return known->second;
-        const bool from = text::equalNoCase(decodeText(m_store.format(), raw).view(), m_from);
-        m_spellings.emplace(std::string(raw), from);
-        return from;
+    // The same few spellings come again and again. Null for a name that stays.
+    const OdString* renamed(std::string_view raw) {
+        auto known = m_spellings.find(raw);
+        if (known == m_spellings.end()) {
+            const OdString name = decodeText(m_store.format(), raw);
+            std::optional<OdString> now;
+            if (!m_prefixes && text::equalNoCase(name.view(), m_from)) now = m_to;
+            if (m_prefixes && text::equalNoCase(name.view().substr(0, m_from.size()), m_from))
+                now = OdString(m_to.wstr() + std::wstring(name.view().substr(m_from.size())));
+            known = m_spellings.emplace(std::string(raw), std::move(now)).first;
+        }
+        return known->second ? &*known->second : nullptr;
+    }
+
+    Holder holderOf(RecordId id) const {
+        if (m_kind != NamedKind::kLayer && m_kind != NamedKind::kLinetype) return Holder::kNone;
+        const std::string_view type = m_store.typeName(id);
+        if (type == "VIEWPORT") return Holder::kViewport;
+        if (type != "XRECORD") return Holder::kNone;
+        if (m_tags.isLayerState(id)) return Holder::kLayerState;
+        OwnTags own(m_store.format(), m_store.text(id));
+        for (Tag tag; own.next(tag);)
+            if (tag.code == 1)
+                return trimmed(tag.value) == "AcLyLayerGroup" ? Holder::kLayerGroup : Holder::kNone;
+        return Holder::kNone;
+    }
+
+    bool isListed(int code) const {
+        switch (m_holder) {
+        case Holder::kViewport:
+            return code == 331 || code == 341;
+        case Holder::kLayerState: // 330 begins a layer, 331 is its linetype
+            return code == 330 || code == 331;
+        case Holder::kLayerGroup:
+            return code == 330;
+        default:
+            return false;
+        }
     }
 
     void findHandles(RecordId id) {
         TagCursor cursor = m_store.tags(id);
         std::size_t position = 0;
-        for (Tag tag; cursor.next(tag); ++position)
-            if ((isPointer(tag.code) || tag.code == 1005) && handleOf(m_store.format(), tag) == m_fromHandle)
+        bool marked = false; // behind the owner and the reactors
+        for (Tag tag; cursor.next(tag); ++position) {
+            marked |= tag.code == 100;
+            if ((isPointer(tag.code) || tag.code == 1005 || (marked && isListed(tag.code))) &&
+                handleOf(m_store.format(), tag) == m_fromHandle)
                 m_handlePositions.push_back(position);
+        }
+    }
+
+    // Of a layer in a list that names the other one already: where what is said about it ends, else its place.
+    std::size_t endOfDoubled(const RecordEditor& record, std::size_t at) const {
+        const int code = record.code(at);
+        const bool byName = code == 8 || code == 1003;
+        const bool starts = m_holder == Holder::kLayerState && (code == 330 || code == 8);
+        const bool alone = m_holder == Holder::kViewport ? code == 1003 || isListed(code)
+                                                         : m_holder == Holder::kLayerGroup && code == 330;
+        if (m_kind != NamedKind::kLayer || (!starts && !alone)) return at;
+        bool doubled = false;
+        for (std::size_t i = 0; i < record.size() && !doubled; ++i) {
+            if (i == at || (byName ? record.code(i) != code : !isListed(record.code(i)))) continue;
+            doubled = byName ? text::equalNoCase(record.text(i).view(), m_to.view())
+                             : record.value(i) == Value(m_toHandle);
+        }
+        if (!doubled) return at;
+        std::size_t end = at + 1;
+        while (starts && end < record.size() && record.code(end) != code && record.code(end) < 1000)
+            ++end;
+        return end;
     }
 
     bool edit(RecordId id) {
         RecordEditor record(m_store.format(), m_store.text(id));
-        for (const std::size_t i : m_positions)
-            record.set(i, m_to);
+        std::set<std::size_t> dropped;
+        const auto put = [&](std::size_t at, const Value& value) {
+            const std::size_t end = endOfDoubled(record, at);
+            for (std::size_t i = at; i < end; ++i)
+                dropped.insert(i);
+            if (end == at) record.set(at, value);
+        };
+        for (const auto& [position, name] : m_positions)
+            put(position, *name);
         for (const std::size_t i : m_handlePositions)
-            record.set(i, m_toHandle);
+            put(i, m_toHandle);
+        for (auto i = dropped.rbegin(); i != dropped.rend(); ++i)
+            record.erase(*i);
         return record.edited() && m_store.replace(id, record.bytes());
     }
 
@@ -85,12 +164,15 @@ class Retarget {
     OdDbDatabase& m_database;
     RecordStore& m_store;
     NameTags m_tags;
+    NamedKind m_kind;
+    Holder m_holder = Holder::kNone; // of the record looked at
     std::wstring m_from;
     OdString m_to;
+    bool m_prefixes = false;
     OdDbHandle m_fromHandle;
     OdDbHandle m_toHandle;
-    std::unordered_map<std::string, bool, Hash, std::equal_to<>> m_spellings;
-    std::vector<std::size_t> m_positions;
+    std::unordered_map<std::string, std::optional<OdString>, Hash, std::equal_to<>> m_spellings;
+    std::vector<std::pair<std::size_t, const OdString*>> m_positions;
     std::vector<std::size_t> m_handlePositions;
 };
 
@@ -122,6 +204,52 @@ std::size_t retargetReferences(OdDbObjectId from, OdDbObjectId to) {
     Retarget retarget(*from.database(), *kind, source->getName().view(), target->getName().view());
     retarget.handles(from.handle(), to.handle());
     return retarget.run();
+}
+
+Tavo::ErrorStatus renameDependents(OdDbDatabase& database, std::wstring_view from, std::wstring_view to) {
+    if (from == to) return Tavo::eOk;
+    RecordStore& store = database.store();
+    const std::wstring before = std::wstring(from) + L'|';
+    const std::wstring after = std::wstring(to) + L'|';
+    // All of them first: one name that can't be leaves everything as it is.
+    std::vector<std::pair<RecordId, OdString>> found;
+    std::set<NamedKind> kinds;
+    for (const Section section : {Section::kTables, Section::kBlocks}) {
+        const RecordId head = store.section(section);
+        const RecordId end = head == kNoRecord ? kNoRecord : store.endOfSection(head);
+        for (RecordId id = head; id != kNoRecord && id != end; id = store.next(id)) {
+            const auto kind = namedKindOf({&database, id});
+            if (!kind) continue;
+            const OdString name = tableRecordName(store, id);
+            if (!text::equalNoCase(name.view().substr(0, before.size()), before)) continue;
+            OdString now(after + std::wstring(name.view().substr(before.size())));
+            if (const auto status = checkTableName(store.format(), now.view()); status != Tavo::eOk)
+                return status;
+            TableNames& names = database.tableNames();
+            const RecordId other = section == Section::kBlocks ? names.findBlock(now.view())
+                                                               : names.find(store.record(id).owner, now.view());
+            if (other != kNoRecord && other != id) return Tavo::eDuplicate;
+            found.emplace_back(id, std::move(now));
+            kinds.insert(*kind);
+        }
+    }
+    const OdDbUndoScope step(database, L"RENAME");
+    for (const auto& [id, name] : found) {
+        RecordEditor record(store.format(), store.text(id));
+        const bool block = store.record(id).section == Section::kBlocks; // says its name twice
+        for (const std::size_t i : ownTags(record))
+            if (record.code(i) == 2 || (block && record.code(i) == 3)) {
+                record.set(i, name);
+                if (!block) break;
+            }
+        if (record.edited()) store.replace(id, record.bytes());
+    }
+    for (const NamedKind kind : kinds) {
+        Retarget retarget(database, kind, before, after);
+        retarget.prefixes();
+        retarget.run();
+    }
+    return Tavo::eOk;
 }
 
 } // namespace tv::dwg

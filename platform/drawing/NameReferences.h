@@ -2,6 +2,7 @@
 
 #include "platform/Export.h"
 #include "platform/drawing/OdDbObjectId.h"
+#include "platform/text/Problem.h"
 
 #include <cstddef>
 #include <optional>
@@ -32,8 +33,14 @@ KXPLATFORM_EXPORT std::optional<NamedKind> namedKindOf(OdDbObjectId record);
 // and stay as they are.
 KXPLATFORM_EXPORT std::size_t retargetReferences(OdDbDatabase& database, NamedKind kind, std::wstring_view from,
                                                  std::wstring_view to);
-// The same from one record to another of the same kind, as merging needs it: references by handle follow too.
-// Nothing is done for records of different kinds or drawings.
+// The same from one record to another of the same kind, as merging needs it: references by handle follow too,
+// and viewports, layer groups and layer states that then would list a layer twice keep one. Nothing is done for
+// records of different kinds or drawings.
 KXPLATFORM_EXPORT std::size_t retargetReferences(OdDbObjectId from, OdDbObjectId to);
+
+// What came with the external reference `from` ("from|Walls") is named after `to`, in all tables and with every
+// reference, in one undo step. eDuplicate or eNotHandled, and no change, when one of the new names is taken or
+// too long for the drawing's version.
+Tavo::ErrorStatus renameDependents(OdDbDatabase& database, std::wstring_view from, std::wstring_view to);
 
 } // namespace tv::dwg

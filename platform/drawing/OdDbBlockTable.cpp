@@ -1,5 +1,6 @@
 #include "platform/drawing/OdDbBlockTable.h"
 
+#include "platform/drawing/NameReferences.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/dxf/NewRecord.h"
 #include "platform/drawing/dxf/OwnTags.h"
@@ -174,7 +175,13 @@ Tavo::ErrorStatus OdDbBlockTableRecord::setName(std::wstring_view name) {
     const RecordId known = database()->tableNames().findBlock(name);
     if (known != kNoRecord && known != blockBeginId().record()) return Tavo::eDuplicate;
     const OdDbObjectId begin = blockBeginId();
+    const bool reference = isFromExternalReference();
+    const OdString old = getName();
+    if (const auto status = checkName(name); status != Tavo::eOk) return status;
     const OdDbUndoScope step(*database(), L"RENAME");
+    if (reference)
+        if (const auto status = renameDependents(*database(), old.view(), name); status != Tavo::eOk)
+            return status;
     if (const auto status = OdDbSymbolTableRecord::setName(name); status != Tavo::eOk) return status;
     if (begin.isNull()) return Tavo::eOk;
     // The definition says its name twice.

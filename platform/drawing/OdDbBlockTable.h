@@ -60,7 +60,8 @@ class KXPLATFORM_EXPORT OdDbBlockTableRecord : public OdDbSymbolTableRecord {
     bool paperOrientation() const { return paperOrientationFlag(); }
     Tavo::ErrorStatus setPaperOrientation(bool matches) { return setPaperOrientationFlag(matches); }
 
-    // Names of spaces can't change (eNotHandled), nor can a name be taken that marks a space.
+    // Names of spaces can't change (eNotHandled), nor can a name be taken that marks a space. What came with an
+    // external reference ("NAME|Walls") is renamed with it.
     Tavo::ErrorStatus setName(std::wstring_view name) override;
     // Takes the definition with its entities out too. eNotHandled for a space's block. References to it stay;
     // isInUse() tells whether there are any.

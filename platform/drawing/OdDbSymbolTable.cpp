@@ -45,15 +45,18 @@ Tavo::ErrorStatus tv::dwg::checkTableName(const DxfFormat& format, std::wstring_
 
 OdString OdDbSymbolTableRecord::getName() const { return textAt(2); }
 
-Tavo::ErrorStatus OdDbSymbolTableRecord::setName(std::wstring_view name) {
+Tavo::ErrorStatus OdDbSymbolTableRecord::checkName(std::wstring_view name) const {
     if (const auto status = checkWrite(); status != Tavo::eOk) return status;
     if (const auto status = checkTableName(format(), name); status != Tavo::eOk)
         return refuse(*database(), status);
     const RecordId table = database()->store().record(objectId().record()).owner;
-    if (table != kNoRecord) {
-        const RecordId known = database()->tableNames().find(table, name);
-        if (known != kNoRecord && known != objectId().record()) return Tavo::eDuplicate;
-    }
+    if (table == kNoRecord) return Tavo::eOk;
+    const RecordId known = database()->tableNames().find(table, name);
+    return known != kNoRecord && known != objectId().record() ? Tavo::eDuplicate : Tavo::eOk;
+}
+
+Tavo::ErrorStatus OdDbSymbolTableRecord::setName(std::wstring_view name) {
+    if (const auto status = checkName(name); status != Tavo::eOk) return status;
     const OdString old = getName();
     if (old.view() == name) return Tavo::eOk;
     const OdDbUndoScope step(*database(), L"RENAME");

@@ -33,6 +33,8 @@ class KXPLATFORM_EXPORT OdDbSymbolTableRecord : public OdDbObject {
     bool isInUse() const;
 
   protected:
+    // Whether setName can give it that name.
+    Tavo::ErrorStatus checkName(std::wstring_view name) const;
     Tavo::ErrorStatus setFlag(int bit, bool on);
     // Hands the record's tags to `change` and stores them when that answers true; eWrongType when it doesn't.
     Tavo::ErrorStatus edit(const std::function<bool(tv::dwg::RecordEditor&)>& change);

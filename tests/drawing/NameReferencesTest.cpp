@@ -5,6 +5,7 @@
 #include "platform/drawing/OdDbLayerTable.h"
 #include "platform/drawing/OdDbStyleTables.h"
 #include "platform/drawing/UsageData.h"
+#include "platform/drawing/dxf/RecordStore.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -138,6 +139,38 @@ TEST(NameReferences, MergingPointsEverythingToTheOtherRecord) {
     EXPECT_TRUE(db->undo());
     EXPECT_EQ(tv::dwg::retargetReferences(id(0x21), id(0x11)), 0u) << "another kind";
     EXPECT_EQ(tv::dwg::retargetReferences(id(0x51), id(0x53)), 1u) << "the definition keeps its name";
+    EXPECT_TRUE(db->undo());
+    EXPECT_EQ(db->bytes(), first);
+}
+
+TEST(NameReferences, MergingLayersReachesTheListsOfHandles) {
+    const auto db = openText(lines(
+        "0|SECTION|2|HEADER|9|$ACADVER|1|AC1027|0|ENDSEC|0|SECTION|2|TABLES|"
+        "0|TABLE|2|LAYER|5|2|102|{ACAD_XDICTIONARY|360|60|102|}|100|AcDbSymbolTable|70|3|"
+        "0|LAYER|5|21|100|AcDbSymbolTableRecord|100|AcDbLayerTableRecord|2|Old|70|0|62|7|6|Continuous|"
+        "0|LAYER|5|22|100|AcDbSymbolTableRecord|100|AcDbLayerTableRecord|2|New|70|0|62|7|6|Continuous|0|ENDTAB|"
+        "0|ENDSEC|0|SECTION|2|ENTITIES|0|VIEWPORT|5|31|330|1F|100|AcDbEntity|8|0|100|AcDbViewport|69|2|331|21|"
+        "0|VIEWPORT|5|32|330|1F|100|AcDbEntity|8|0|100|AcDbViewport|69|3|331|22|341|21|90|0|0|ENDSEC|"
+        "0|SECTION|2|OBJECTS|0|DICTIONARY|5|60|100|AcDbDictionary|3|ACAD_LAYERSTATES|360|61|"
+        "0|DICTIONARY|5|61|100|AcDbDictionary|3|One|360|62|3|Two|360|63|"
+        "0|XRECORD|5|62|102|{ACAD_REACTORS|330|21|102|}|330|61|100|AcDbXrecord|302|Old|330|21|90|1|62|1|"
+        "0|XRECORD|5|63|330|61|100|AcDbXrecord|330|22|90|1|62|1|330|21|90|2|62|2|1001|KX|1070|1|"
+        "0|XRECORD|5|64|330|60|100|AcDbXrecord|1|AcLyLayerGroup|90|1|330|21|330|22|"
+        "0|XRECORD|5|65|330|60|100|AcDbXrecord|1|Mine|330|21|0|ENDSEC|0|EOF"));
+    const std::string first = db->bytes();
+    const auto text = [&](std::uint64_t handle) {
+        std::string out(db->store().text(db->getOdDbObjectId(handle).record()));
+        for (char& c : out)
+            if (c == '\n') c = '|';
+        return out.substr(out.rfind("|100|") + 5);
+    };
+    EXPECT_EQ(tv::dwg::retargetReferences(db->getOdDbObjectId(0x21), db->getOdDbObjectId(0x22)), 5u);
+    EXPECT_EQ(text(0x31), "AcDbViewport|69|2|331|22|");
+    EXPECT_EQ(text(0x32), "AcDbViewport|69|3|331|22|90|0|") << "once is enough";
+    EXPECT_EQ(text(0x62), "AcDbXrecord|302|New|330|22|90|1|62|1|");
+    EXPECT_EQ(text(0x63), "AcDbXrecord|330|22|90|1|62|1|1001|KX|1070|1|") << "what was said of the other goes";
+    EXPECT_EQ(text(0x64), "AcDbXrecord|1|AcLyLayerGroup|90|1|330|22|");
+    EXPECT_EQ(text(0x65), "AcDbXrecord|1|Mine|330|21|") << "nobody knows what that means";
     EXPECT_TRUE(db->undo());
     EXPECT_EQ(db->bytes(), first);
 }

@@ -65,6 +65,30 @@ OdDbDatabasePtr openFile(const fs::path& file) { return OdDbDatabase::open(file)
 
 } // namespace
 
+TEST(Xref, RenamingAReferenceRenamesWhatCameWithIt) {
+    const auto db = openText(referring({{"old", "old.dxf"}, {"older", "older.dxf"}}));
+    const std::string first = db->bytes();
+    ASSERT_FALSE(db->setHeaderVar(L"CLAYER", HeaderValue::text(L"OLD|Walls")));
+    const std::string before = db->bytes();
+    const auto block = blockOf(*db, L"old").open<OdDbBlockTableRecord>(OdDb::kForWrite);
+    const auto layers = db->layers();
+    ASSERT_EQ(block->setName(L"new"), Tavo::eOk);
+    EXPECT_TRUE(layers->has(L"new|Walls"));
+    EXPECT_FALSE(layers->has(L"old|Walls"));
+    EXPECT_TRUE(layers->has(L"older|Walls"));
+    EXPECT_EQ(db->headerVar(L"CLAYER")->asText(), L"new|Walls");
+    EXPECT_EQ(block->setName(std::wstring(28, L'x')), Tavo::eNotHandled) << "its layer's name gets too long";
+    EXPECT_EQ(block->getName(), L"new");
+    EXPECT_TRUE(db->undo());
+    EXPECT_EQ(db->bytes(), before);
+    layers->getAt(L"older|Walls").open<OdDbLayerTableRecord>(OdDb::kForWrite)->setName(L"new|walls");
+    EXPECT_EQ(block->setName(L"new"), Tavo::eDuplicate);
+    EXPECT_EQ(block->getName(), L"old");
+    while (db->undo()) {
+    }
+    EXPECT_EQ(db->bytes(), first);
+}
+
 TEST(Xrefs, FilesAreFoundHoweverTheyAreNamed) {
     const Folder folder;
     const fs::path host = folder.write("job/host.dxf", "x");

@@ -55,6 +55,9 @@ class NameTags {
                ruleOf(id).codes != Codes::kNone;
     }
 
+    // A layer state of this drawing; known where layers or linetypes are looked for.
+    bool isLayerState(RecordId id) const { return m_layerStates.contains(id); }
+
   private:
     enum class Codes : std::uint8_t { kNone, kFirst, kAll, kCommon, kValue, kState, kArrows };
     struct Rule {
