@@ -4,13 +4,12 @@
 #include "platform/drawing/OdDbDictionary.h"
 #include "platform/drawing/OdDbLayerTable.h"
 #include "platform/drawing/OdDbXrecord.h"
+#include "platform/drawing/VersionLimits.h"
 #include "platform/drawing/dxf/NewObject.h"
 
 #include <algorithm>
 #include <unordered_set>
 #include <utility>
-
-using OdDb::DxfVersion;
 
 namespace tv::dwg {
 namespace {
@@ -115,10 +114,9 @@ void olderChain(Chain& chain, LayerFilter filter) {
     }
 }
 
-bool canHold(const OdDbDatabase& database, const LayerFilter& filter) {
-    const DxfVersion version = database.version();
-    return version == DxfVersion::kUnknown ||
-           version >= (filter.kind == LayerFilter::kOld ? DxfVersion::kR13 : DxfVersion::kR2004);
+Tavo::ErrorStatus require(OdDbDatabase& database, const LayerFilter& filter) {
+    return database.require(filter.kind == LayerFilter::kOld ? OdDb::Feature::kDictionaries
+                                                             : OdDb::Feature::kLayerFilters);
 }
 
 bool good(const OdDbDatabase& database, const LayerFilter& filter, int depth) {
@@ -173,7 +171,8 @@ std::vector<LayerFilter> layerFilters(const OdDbDatabase& database) {
 }
 
 OdDbObjectId addLayerFilter(OdDbDatabase& database, const LayerFilter& filter, OdDbObjectId parent) {
-    if (!canHold(database, filter) || !good(database, filter, parent.isNull() ? 0 : 1)) return {};
+    if (require(database, filter) != Tavo::eOk) return {};
+    if (!good(database, filter, parent.isNull() ? 0 : 1)) return {};
     const auto layers = database.layers(OdDb::kForWrite);
     if (!layers) return {};
     const OdDbUndoScope step(database, L"LAYER");

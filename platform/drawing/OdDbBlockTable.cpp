@@ -2,6 +2,7 @@
 
 #include "platform/drawing/NameReferences.h"
 #include "platform/drawing/OdDbDatabase.h"
+#include "platform/drawing/VersionLimits.h"
 #include "platform/drawing/dxf/NewRecord.h"
 #include "platform/drawing/dxf/OwnTags.h"
 #include "platform/drawing/dxf/RecordStore.h"
@@ -240,7 +241,10 @@ OdDbObjectId OdDbBlockTable::next(OdDbObjectId record) const {
 }
 
 OdDbObjectId OdDbBlockTable::add(std::wstring_view name) {
-    if (checkWrite() != Tavo::eOk || checkTableName(format(), name) != Tavo::eOk) return {};
+    if (checkWrite() != Tavo::eOk) return {};
+    const auto status = checkTableName(format(), name);
+    if (status == Tavo::eNotHandled) database()->require(OdDb::Feature::kLongNames);
+    if (status != Tavo::eOk) return {};
     if (has(name) || database()->tableNames().findBlock(name) != kNoRecord) return {};
     return addBlock(*database(), objectId().record(), name);
 }

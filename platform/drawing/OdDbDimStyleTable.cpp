@@ -1,6 +1,7 @@
 #include "platform/drawing/OdDbDimStyleTable.h"
 
 #include "platform/drawing/OdDbDatabase.h"
+#include "platform/drawing/VersionLimits.h"
 #include "platform/drawing/dxf/OwnTags.h"
 #include "platform/drawing/dxf/RecordStore.h"
 #include "platform/drawing/dxf/TableNames.h"
@@ -101,7 +102,10 @@ Tavo::ErrorStatus OdDbDimStyleTableRecord::setVariable(const Variable& variable,
     // A variable the version doesn't know may still be changed where the style has it.
     const bool own =
         hasTag(database()->version(), variable) || (variable.code != kFillColor && find(variable.code));
-    if (!own && (!variable.application || namesBlocks(*database()))) return Tavo::eNotHandled;
+    if (!own && (!variable.application || namesBlocks(*database()))) {
+        database()->require(OdDb::Feature::kDimVariables);
+        return Tavo::eNotHandled;
+    }
     Value value = given;
     const bool names = nameCode(variable) != 0 && namesBlocks(*database());
     if (variable.isReference() && !names) {

@@ -60,7 +60,10 @@ OdDbObjectId OdDbLayerTableRecord::linetypeObjectId() const {
 }
 
 Tavo::ErrorStatus OdDbLayerTableRecord::setLinetypeName(std::wstring_view name) {
+    if (const auto status = checkWrite(); status != Tavo::eOk) return status;
     if (name.empty()) return Tavo::eInvalidInput;
+    const auto table = database()->getLinetypeTableId().open<OdDbSymbolTable>();
+    if (table && !table->has(name)) return Tavo::eKeyNotFound;
     return setAt(6, OdString(name), {62, 420});
 }
 

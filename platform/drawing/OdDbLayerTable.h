@@ -22,6 +22,7 @@ class KXPLATFORM_EXPORT OdDbLayerTableRecord : public OdDbSymbolTableRecord {
     OdString linetypeName() const { return textAt(6); }
     // Null id when the linetype table lacks the name.
     OdDbObjectId linetypeObjectId() const;
+    // eKeyNotFound for a name the linetype table lacks.
     Tavo::ErrorStatus setLinetypeName(std::wstring_view name);
     // eInvalidInput for an id that is no linetype of this database.
     Tavo::ErrorStatus setLinetypeObjectId(OdDbObjectId linetype);

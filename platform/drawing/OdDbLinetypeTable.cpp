@@ -1,6 +1,7 @@
 #include "platform/drawing/OdDbLinetypeTable.h"
 
 #include "platform/drawing/OdDbDatabase.h"
+#include "platform/drawing/VersionLimits.h"
 #include "platform/drawing/dxf/OwnTags.h"
 #include "platform/drawing/dxf/RecordStore.h"
 
@@ -101,7 +102,9 @@ Tavo::ErrorStatus OdDbLinetypeTableRecord::setPattern(std::span<const Element> e
     if (elements.size() > kMostElements) return Tavo::eInvalidInput;
     double length = 0;
     for (const Element& e : elements) {
-        if (e.kind != Element::kPlain && plainOnly) return Tavo::eNotHandled;
+        if (e.kind != Element::kPlain)
+            if (const auto status = database()->require(OdDb::Feature::kComplexLinetypes); status != Tavo::eOk)
+                return status;
         if (e.kind != Element::kPlain && e.style.isNull()) return Tavo::eInvalidInput;
         if (!std::isfinite(e.length)) return Tavo::eInvalidInput;
         length += std::abs(e.length);

@@ -27,6 +27,17 @@ std::size_t integerAtIn(const RecordEditor& record, XDataTags data, int n) {
     return RecordEditor::npos;
 }
 
+// The name as it will be read back: a text may spell a character as the file would.
+OdString asRead(const DxfFormat& format, std::wstring_view name) {
+    OdString out(name);
+    for (int round = 0; round < 8; ++round) {
+        OdString read = decodeText(format, encodeText(format, out.view()));
+        if (read == out) break;
+        out = std::move(read);
+    }
+    return out;
+}
+
 // Says once that names are too long for the drawing's version.
 Tavo::ErrorStatus refuse(OdDbDatabase& database, Tavo::ErrorStatus status) {
     if (status == Tavo::eNotHandled) database.require(OdDb::Feature::kLongNames);
@@ -45,8 +56,10 @@ Tavo::ErrorStatus tv::dwg::checkTableName(const DxfFormat& format, std::wstring_
 
 OdString OdDbSymbolTableRecord::getName() const { return textAt(2); }
 
-Tavo::ErrorStatus OdDbSymbolTableRecord::checkName(std::wstring_view name) const {
+Tavo::ErrorStatus OdDbSymbolTableRecord::checkName(std::wstring_view given) const {
     if (const auto status = checkWrite(); status != Tavo::eOk) return status;
+    const OdString stored = asRead(format(), given);
+    const std::wstring_view name = stored.view();
     if (const auto status = checkTableName(format(), name); status != Tavo::eOk)
         return refuse(*database(), status);
     const RecordId table = database()->store().record(objectId().record()).owner;
@@ -55,9 +68,27 @@ Tavo::ErrorStatus OdDbSymbolTableRecord::checkName(std::wstring_view name) const
     return known != kNoRecord && known != objectId().record() ? Tavo::eDuplicate : Tavo::eOk;
 }
 
-Tavo::ErrorStatus OdDbSymbolTableRecord::setName(std::wstring_view name) {
-    if (const auto status = checkName(name); status != Tavo::eOk) return status;
+bool OdDbSymbolTableRecord::keepsName() const {
+    const RecordStore& store = database()->store();
+    if (store.record(objectId().record()).section != Section::kTables) return false;
+    const std::string_view type = store.typeName(objectId().record());
+    const OdString name = getName();
+    const auto is = [&](const wchar_t* fixed) { return tv::text::equalNoCase(name.view(), fixed); };
+    return type == "LAYER" ? is(L"0")
+                           : type == "LTYPE" && (is(L"ByLayer") || is(L"ByBlock") || is(L"Continuous"));
+}
+
+Tavo::ErrorStatus OdDbSymbolTableRecord::erase() {
+    if (const auto status = checkWrite(); status != Tavo::eOk) return status;
+    return keepsName() ? Tavo::eInvalidInput : OdDbObject::erase();
+}
+
+Tavo::ErrorStatus OdDbSymbolTableRecord::setName(std::wstring_view given) {
+    if (const auto status = checkName(given); status != Tavo::eOk) return status;
+    const OdString stored = asRead(format(), given);
+    const std::wstring_view name = stored.view();
     const OdString old = getName();
+    if (old.view() != name && keepsName()) return Tavo::eInvalidInput;
     if (old.view() == name) return Tavo::eOk;
     const OdDbUndoScope step(*database(), L"RENAME");
     if (const auto status = setAt(2, OdString(name), {100}); status != Tavo::eOk) return status;
@@ -102,6 +133,9 @@ bool OdDbSymbolTableRecord::annotativeFlag() const {
 
 Tavo::ErrorStatus OdDbSymbolTableRecord::setAnnotativeFlag(bool annotative) {
     if (annotative == annotativeFlag()) return checkWrite();
+    if (annotative)
+        if (const auto status = database()->require(OdDb::Feature::kAnnotativeScales); status != Tavo::eOk)
+            return status;
     return editXData(kAnnotative, [&](RecordEditor& record) {
         if (const std::size_t i = integerAtIn(record, findXData(record, kAnnotative), 1);
             i != RecordEditor::npos)
@@ -157,7 +191,9 @@ OdString OdDbSymbolTable::nameOf(OdDbObjectId record) const {
     return tableRecordName(database()->store(), record.record());
 }
 
-OdDbObjectId OdDbSymbolTable::add(std::wstring_view name) {
+OdDbObjectId OdDbSymbolTable::add(std::wstring_view given) {
+    const OdString stored = asRead(format(), given);
+    const std::wstring_view name = stored.view();
     if (checkWrite() != Tavo::eOk || has(name)) return {};
     if (refuse(*database(), checkTableName(format(), name)) != Tavo::eOk) return {};
     return addTableRecord(*database(), objectId().record(), name);

@@ -19,8 +19,11 @@ class KXPLATFORM_EXPORT OdDbSymbolTableRecord : public OdDbObject {
     virtual OdString getName() const;
     // Renames the record and, in the same undo step, every reference to it by name (see NameReferences.h).
     // eDuplicate for a name another record of the table has, eInvalidInput for an empty one or one with control
-    // characters, eNotHandled for one longer than the drawing's version holds.
+    // characters, eNotHandled for one longer than the drawing's version holds. A name that reads back
+    // differently from how it is given ("\U+0041") counts as what it reads back as. Layer 0 and the linetypes
+    // ByLayer, ByBlock and Continuous keep their names and can't be erased (eInvalidInput).
     virtual Tavo::ErrorStatus setName(std::wstring_view name);
+    Tavo::ErrorStatus erase() override;
     // Standard flags, group code 70: 16 and 32 come from external references, 64 in use when last saved.
     int flags() const { return integerAt(70); }
     // Comes from an external reference. Such a record can be renamed and erased like any other; whether it
@@ -35,6 +38,7 @@ class KXPLATFORM_EXPORT OdDbSymbolTableRecord : public OdDbObject {
   protected:
     // Whether setName can give it that name.
     Tavo::ErrorStatus checkName(std::wstring_view name) const;
+    bool keepsName() const;
     Tavo::ErrorStatus setFlag(int bit, bool on);
     // Hands the record's tags to `change` and stores them when that answers true; eWrongType when it doesn't.
     Tavo::ErrorStatus edit(const std::function<bool(tv::dwg::RecordEditor&)>& change);

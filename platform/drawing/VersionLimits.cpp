@@ -46,6 +46,12 @@ std::wstring nameOf(Feature feature) {
         return VORD_ResourceString("IDS_TAVO_DXF_HOLD_SHEETS", L"뷰와 배치의 설정").c_str();
     case Feature::kBlockSettings:
         return VORD_ResourceString("IDS_TAVO_DXF_HOLD_BLOCKS", L"블록의 설정").c_str();
+    case Feature::kDimVariables:
+        return VORD_ResourceString("IDS_TAVO_DXF_HOLD_DIM_VARIABLES", L"새로운 치수 변수").c_str();
+    case Feature::kComplexLinetypes:
+        return VORD_ResourceString("IDS_TAVO_DXF_HOLD_COMPLEX_LTYPES", L"문자나 쉐이프가 든 선종류").c_str();
+    case Feature::kLayerFilters:
+        return VORD_ResourceString("IDS_TAVO_DXF_HOLD_LAYER_FILTERS", L"도면층 특성 필터와 그룹 필터").c_str();
     }
     return {};
 }
@@ -60,6 +66,7 @@ OdDb::DxfVersion firstVersionOf(Feature feature) {
     case Feature::kDictionaries:
     case Feature::kMultilineText:
     case Feature::kObjectKind:
+    case Feature::kComplexLinetypes:
         return kR13;
     case Feature::kLineWeight:
     case Feature::kPlotFlag:
@@ -67,9 +74,11 @@ OdDb::DxfVersion firstVersionOf(Feature feature) {
     case Feature::kLayouts:
     case Feature::kLongNames:
     case Feature::kSheetSettings:
+    case Feature::kDimVariables:
         return kR2000;
     case Feature::kTrueColor:
     case Feature::kTransparency:
+    case Feature::kLayerFilters:
         return kR2004;
     case Feature::kMaterial:
     case Feature::kAnnotativeScales:

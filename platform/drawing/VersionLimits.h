@@ -24,11 +24,14 @@ enum class Feature : std::uint8_t {
     kMaterial,
     kAnnotativeScales,
     kViewportOverrides,
-    kLongNames,     // of more than 31 characters
-    kMultilineText, // as an object of its own
-    kObjectKind,    // some other kind of object
-    kSheetSettings, // of viewports, views and plotting
-    kBlockSettings, // units, exploding and scaling of blocks
+    kLongNames,        // of more than 31 characters
+    kMultilineText,    // as an object of its own
+    kObjectKind,       // some other kind of object
+    kSheetSettings,    // of viewports, views and plotting
+    kBlockSettings,    // units, exploding and scaling of blocks
+    kDimVariables,     // newer dimension variables than the oldest versions have
+    kComplexLinetypes, // with texts and shapes
+    kLayerFilters,     // by expression and by group
 };
 
 } // namespace OdDb

@@ -2,9 +2,12 @@
 
 #include "platform/drawing/LayerFilters.h"
 #include "platform/drawing/LayerStates.h"
+#include "platform/drawing/OdDbBlockTable.h"
 #include "platform/drawing/OdDbDictionary.h"
 #include "platform/drawing/OdDbLayerTable.h"
+#include "platform/drawing/OdDbStyleTables.h"
 #include "platform/drawing/OdDbXrecord.h"
+#include "platform/drawing/VersionLimits.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -32,6 +35,41 @@ void undoTo(OdDbDatabase& db, const std::string& bytes) {
 }
 
 } // namespace
+
+TEST(Refused, WhatAnOldDrawingCannotHoldIsToldOnce) {
+    struct Listener : OdDbDatabaseReactor {
+        std::vector<OdDb::Feature> told;
+        void featureRefused(OdDbDatabase&, OdDb::Feature feature) override { told.push_back(feature); }
+    } listener;
+    const auto db = OdDbDatabase::create(OdDb::DxfVersion::kR12);
+    const std::string first = db->bytes();
+    db->addReactor(&listener);
+    const auto blocks = db->getTableId(L"BLOCK_RECORD").open<OdDbBlockTable>(OdDb::kForWrite);
+    const auto style = db->getDimStyleTableId().open<OdDbSymbolTable>()->first().open<OdDbDimStyleTableRecord>(
+        OdDb::kForWrite);
+    const auto texts = db->getTextStyleTableId().open<OdDbSymbolTable>()->first();
+    const auto linetype = db->getLinetypeTableId().open<OdDbSymbolTable>()->first();
+    ASSERT_TRUE(blocks && style);
+    OdDbLinetypeTableRecord::Element word;
+    word.kind = OdDbLinetypeTableRecord::Element::kText;
+    LayerFilter filter;
+    filter.name = L"Red";
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_TRUE(blocks->add(std::wstring(32, L'x')).isNull());
+        EXPECT_EQ(style->setVariable(L"DIMFXL", 2.0), Tavo::eNotHandled);
+        EXPECT_EQ(linetype.open<OdDbLinetypeTableRecord>(OdDb::kForWrite)->setPattern({&word, 1}),
+                  Tavo::eNotHandled);
+        EXPECT_EQ(texts.open<OdDbTextStyleTableRecord>(OdDb::kForWrite)->setAnnotative(true),
+                  Tavo::eNotHandled);
+        EXPECT_TRUE(addLayerFilter(*db, filter).isNull());
+    }
+    EXPECT_THAT(listener.told,
+                testing::ElementsAre(OdDb::Feature::kLongNames, OdDb::Feature::kDimVariables,
+                                     OdDb::Feature::kComplexLinetypes, OdDb::Feature::kAnnotativeScales,
+                                     OdDb::Feature::kLayerFilters));
+    EXPECT_EQ(db->bytes(), first);
+    db->removeReactor(&listener);
+}
 
 TEST(LayerStates, RestoreWhatWasSaved) {
     const auto db = withLayers();

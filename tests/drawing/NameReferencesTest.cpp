@@ -175,6 +175,37 @@ TEST(NameReferences, MergingLayersReachesTheListsOfHandles) {
     EXPECT_EQ(db->bytes(), first);
 }
 
+TEST(NameReferences, SomeRecordsKeepTheirNames) {
+    const auto db = OdDbDatabase::create(OdDb::DxfVersion::kR12);
+    const std::string first = db->bytes();
+    const auto layers = db->layers(OdDb::kForWrite);
+    const auto linetypes = db->getLinetypeTableId().open<OdDbSymbolTable>();
+    const auto zero = layers->getAt(L"0").open<OdDbLayerTableRecord>(OdDb::kForWrite);
+    for (const OdDbObjectId id : {layers->getAt(L"0"), linetypes->getAt(L"continuous")}) {
+        const auto record = id.open<OdDbSymbolTableRecord>(OdDb::kForWrite);
+        EXPECT_EQ(record->setName(L"Other"), Tavo::eInvalidInput);
+        EXPECT_EQ(record->erase(), Tavo::eInvalidInput);
+        EXPECT_EQ(record->setName(record->getName().view()), Tavo::eOk);
+    }
+    EXPECT_EQ(zero->setLinetypeName(L"Nowhere"), Tavo::eKeyNotFound);
+    EXPECT_EQ(db->bytes(), first);
+
+    // A name counts as what it reads back as, and a renamed record is found by its new name only.
+    const OdDbObjectId a = layers->add(L"\\U+0041");
+    EXPECT_EQ(layers->nameOf(a), L"A");
+    EXPECT_TRUE(layers->add(L"a").isNull());
+    const OdDbObjectId b = layers->add(L"B");
+    EXPECT_EQ(b.open<OdDbLayerTableRecord>(OdDb::kForWrite)->setName(L"\\U+0041"), Tavo::eDuplicate);
+    ASSERT_EQ(a.open<OdDbLayerTableRecord>(OdDb::kForWrite)->setName(L"C"), Tavo::eOk);
+    EXPECT_FALSE(layers->has(L"A"));
+    EXPECT_TRUE(layers->getAt(L"c") == a);
+    EXPECT_EQ(b.open<OdDbLayerTableRecord>(OdDb::kForWrite)->setName(L"A"), Tavo::eOk);
+    ASSERT_TRUE(db->undo() && db->undo());
+    EXPECT_TRUE(layers->getAt(L"A") == a && layers->getAt(L"B") == b && !layers->has(L"C"));
+    EXPECT_EQ(a.open<OdDbLayerTableRecord>(OdDb::kForWrite)->erase(), Tavo::eOk);
+    EXPECT_FALSE(layers->has(L"A"));
+}
+
 TEST(UsageData, RecordsAreInUseWhenSomethingRefersToThem) {
     const auto db = openText(lines(kBusy));
     const auto used = [&](NamedKind kind, std::initializer_list<std::uint64_t> handles) {

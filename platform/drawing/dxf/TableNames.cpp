@@ -12,6 +12,17 @@ OdString tableRecordName(const RecordStore& store, RecordId id) {
     return {};
 }
 
+void TableNames::Names::add(std::wstring name, RecordId id) {
+    const auto [named, fresh] = records.emplace(std::move(name), id);
+    duplicates |= !fresh;
+    if (fresh) nameOf[id] = &named->first;
+}
+
+void TableNames::Names::remove(std::unordered_map<std::wstring, RecordId>::iterator named) {
+    nameOf.erase(named->second);
+    records.erase(named);
+}
+
 RecordId TableNames::Names::find(std::wstring_view name) const {
     const auto found = records.find(text::foldCase(name));
     return found == records.end() ? kNoRecord : found->second;
@@ -58,7 +69,15 @@ void TableNames::recordChanged(ChangeKind kind, RecordId record) {
         return;
     }
     if (kind == ChangeKind::kRemoved && isNamed && !names.duplicates) {
-        names.records.erase(named);
+        names.remove(named);
+        return;
+    }
+    // A renamed record takes its one name along, which matters when ten thousand are renamed.
+    const auto before = names.nameOf.find(record);
+    if (kind == ChangeKind::kReplaced && !names.duplicates && named == names.records.end() &&
+        before != names.nameOf.end()) {
+        names.remove(names.records.find(*before->second));
+        names.add(name, record);
         return;
     }
     m_tables.erase(entry);
