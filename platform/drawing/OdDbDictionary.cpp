@@ -23,8 +23,10 @@ std::size_t findName(const RecordEditor& record, std::wstring_view name) {
     return RecordEditor::npos;
 }
 
-// Everything below a dictionary that it owns, itself last. A record is visited once, however often it is named.
-void collectOwned(OdDbObjectId object, std::vector<OdDbObjectId>& out) {
+} // namespace
+
+std::vector<OdDbObjectId> tv::dwg::ownedTree(OdDbObjectId object) {
+    std::vector<OdDbObjectId> out;
     std::unordered_set<OdDbObjectId> seen;
     std::vector<OdDbObjectId> open = {object};
     while (!open.empty()) {
@@ -44,9 +46,8 @@ void collectOwned(OdDbObjectId object, std::vector<OdDbObjectId>& out) {
                 open.push_back(below->objectId());
         }
     }
+    return out;
 }
-
-} // namespace
 
 template <class Visit>
 void OdDbDictionary::walk(Visit&& visit) const {
@@ -132,10 +133,8 @@ Tavo::ErrorStatus OdDbDictionary::eraseEntry(std::wstring_view name) {
     const OdDbUndoScope step(*database(), L"ERASE");
     if (const auto status = remove(name); status != Tavo::eOk) return status;
     if (object.isNull() || object == objectId()) return Tavo::eOk;
-    std::vector<OdDbObjectId> owned;
-    collectOwned(object, owned);
-    for (const OdDbObjectId id : owned)
-        if (id != objectId()) id.openObject(OdDb::kForWrite)->erase();
+    for (const OdDbObjectId id : ownedTree(object))
+        if (const auto owned = id.openObject(OdDb::kForWrite); owned && id != objectId()) owned->erase();
     return Tavo::eOk;
 }
 

@@ -83,3 +83,9 @@ class KXPLATFORM_EXPORT OdDbDictionaryIterator {
     std::size_t m_place = 0;
 };
 using OdDbDictionaryIteratorPtr = std::shared_ptr<OdDbDictionaryIterator>;
+
+namespace tv::dwg {
+// The object with all that goes when it goes: its extension dictionary and the entries of dictionaries that are
+// their own.
+KXPLATFORM_EXPORT std::vector<OdDbObjectId> ownedTree(OdDbObjectId object);
+} // namespace tv::dwg

@@ -52,6 +52,11 @@ Tavo::ErrorStatus OdDbObject::erase() {
         store.remove(id);
         id = following;
     }
+    if (const OdDbObjectId extension = extensionDictionary();
+        !extension.isNull() && extension.openObject()->ownerId() == m_id)
+        for (const OdDbObjectId owned : ownedTree(extension))
+            if (owned != m_id && !(store.record(owned.record()).flags & kStructure))
+                store.remove(owned.record());
     return store.remove(m_id.record()) ? Tavo::eOk : Tavo::eReadOnly;
 }
 

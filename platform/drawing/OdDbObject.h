@@ -33,7 +33,8 @@ class KXPLATFORM_EXPORT OdDbObject {
     bool isErased() const { return m_id.isErased(); }
     // By group code 330, else the table or block the record stands in; null when neither says.
     virtual OdDbObjectId ownerId() const;
-    // Takes the record, with the sub-entities that belong to it, out of the drawing. Undo brings it back.
+    // Takes the record, with the sub-entities that belong to it and its own extension dictionary, out of the
+    // drawing. Undo brings it back.
     virtual Tavo::ErrorStatus erase();
 
     // The extended data of one application as a chain that begins with its 1001 buffer; null when there is

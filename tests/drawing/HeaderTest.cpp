@@ -84,7 +84,7 @@ TEST(Header, EveryVersionHasItsVariables) {
                 value = tv::dwg::valueKind(info.group) == tv::dwg::ValueKind::kHandle
                             ? HeaderValue{0, OdDbHandle(0x1F)}
                             : HeaderValue::integer(1);
-            if (name == L"ACADVER") continue;
+            if (name == L"ACADVER" || name == L"DWGCODEPAGE") continue; // never change
             const bool fits = version >= info.first && version <= info.last;
             EXPECT_EQ(!db->setHeaderVar(name, value), fits || current) << info.name;
         }

@@ -115,11 +115,28 @@ TEST(Lossless, OdditiesComeBackByteForByte) {
     for (const std::string& line : split(small))
         mixed += line + (++n % 3 == 0 ? " \r\n" : n % 3 == 1 ? "\n" : "\r\n");
     cases.push_back(mixed);
+    std::string oldEnds = lines(kSmall, "\r"); // some with a line feed behind them, the last with nothing else
+    oldEnds.back() = '\n';
+    oldEnds.insert(oldEnds.find("ENDSEC\r") + 7, "\n");
+    oldEnds.insert(oldEnds.find("LINE\r") + 5, "\n");
+    cases.push_back(oldEnds);
+    cases.push_back("\n \r\n" + lines(kSmall, "\r\r\n"));
     for (const std::string& bytes : cases) {
         const auto opened = OdDbDatabase::openBytes(bytes, "x.dxf");
         ASSERT_TRUE(opened.database) << bytes;
         EXPECT_TRUE(opened.problems.empty()) << bytes;
-        EXPECT_EQ(opened.database->bytes(), bytes);
+        OdDbDatabase& db = *opened.database;
+        EXPECT_EQ(db.bytes(), bytes);
+        for (const OdDbObjectId id : db.modelSpace()) {
+            if (id.handle().isNull()) continue;
+            EXPECT_EQ(id.open<OdDbEntity>(OdDb::kForWrite)->setColor(OdCmColor::byIndex(3)), Tavo::eOk);
+            const auto again = OdDbDatabase::openBytes(db.bytes(), "x.dxf");
+            ASSERT_TRUE(again.database && again.problems.empty()) << bytes;
+            EXPECT_EQ(again.database->getOdDbObjectId(id.handle()).open<OdDbEntity>()->color().colorIndex(), 3);
+            break;
+        }
+        db.undo();
+        EXPECT_EQ(db.bytes(), bytes);
     }
 }
 

@@ -108,8 +108,33 @@ TEST(Undo, LongRandomEditSequencesGoBackToTheFirstBytesAndForthToTheLast) {
     }
 }
 
+TEST(Undo, OfTwoRecordsWithOneHandleTheFirstIsMeantAgain) {
+    const auto db =
+        openText(lines("0|SECTION|2|TABLES|0|TABLE|2|LAYER|70|1|0|LAYER|5|21|2|A|70|0|62|1|0|ENDTAB|0|ENDSEC|"
+                       "0|SECTION|2|ENTITIES|0|LINE|5|21|8|A|10|0|0|ENDSEC|0|EOF"));
+    const OdDbHandle handle(0x21);
+    const OdDbObjectId layer = db->getOdDbObjectId(handle);
+    ASSERT_EQ(layer.openObject()->isA(), L"LAYER");
+    layer.openObject(OdDb::kForWrite)->erase();
+    const OdDbObjectId line = db->getOdDbObjectId(handle);
+    ASSERT_EQ(line.openObject()->isA(), L"LINE");
+    line.openObject(OdDb::kForWrite)->erase();
+    EXPECT_TRUE(db->getOdDbObjectId(handle).isNull());
+    EXPECT_TRUE(db->undo());
+    EXPECT_EQ(db->getOdDbObjectId(handle), line);
+    EXPECT_TRUE(db->undo());
+    EXPECT_EQ(db->getOdDbObjectId(handle), layer);
+}
+
 TEST(Undo, RecordsNestAndEmptyOnesLeaveNoTrace) {
     const auto db = openText(drawing());
+    {
+        const OdDbUndoScope step(*db, L"there and back");
+        const auto layer = db->layers()->first().open<OdDbLayerTableRecord>(OdDb::kForWrite);
+        layer->setIsFrozen(true);
+        layer->setIsFrozen(false);
+    }
+    EXPECT_FALSE(db->hasUndo() || db->changed());
     db->startUndoRecord(L"nothing");
     db->setHeaderVar(L"NOSUCH", HeaderValue::integer(1));
     db->endUndoRecord();

@@ -351,6 +351,22 @@ void learnStyle(RecordStore& store) {
     learnVersion(store);
 }
 
+// Line feeds, unless the first line ends with a carriage return alone.
+char lineBreakOf(std::string_view bytes) {
+    const std::size_t first = bytes.find('\r');
+    if (first == std::string_view::npos || bytes.find('\n') < first) return '\n';
+    const std::size_t behind = bytes.find_first_not_of('\r', first);
+    return behind != std::string_view::npos && bytes[behind] == '\n' ? '\n' : '\r';
+}
+
+// Where the first line begins that isn't blank.
+std::size_t firstFilledLine(std::string_view bytes, std::size_t from) {
+    const std::size_t filled = bytes.find_first_not_of(" \t\r\n", from);
+    if (filled == std::string_view::npos) return from;
+    const std::size_t before = bytes.find_last_of("\r\n", filled);
+    return before == std::string_view::npos || before < from ? from : before + 1;
+}
+
 bool oneByteCodes(std::string_view bytes) {
     const std::size_t start = kBinaryMark.size();
     if (bytes.size() < start + 2) return false;
@@ -399,11 +415,10 @@ ReadResult readDxf(std::string bytes, std::wstring_view file) {
         const bool r12 = store->format().encoding == Encoding::kBinaryR12;
         scan([&](std::size_t at) { return BinaryScanner(all, r12, at); }, builder, *store, kBinaryMark.size());
     } else {
-        if (all.find('\n') == std::string_view::npos && all.find('\r') != std::string_view::npos)
-            store->format().lineBreak = '\r';
+        store->format().lineBreak = lineBreakOf(all);
         // An entity takes 60 bytes at the very least; memory reserved and not used costs nothing.
         store->records().reserve(all.size() / 40 + 64);
-        const std::size_t start = mark ? kByteOrderMark.size() : 0;
+        const std::size_t start = firstFilledLine(all, mark ? kByteOrderMark.size() : 0);
         scan([&](std::size_t at) { return TextScanner(all, store->format().lineBreak, at); }, builder, *store,
              start);
     }

@@ -34,8 +34,9 @@ class TextScanner {
         const char* p = m_pos;
         if (p == m_end) return ScanResult::kEnd;
         tag.begin = static_cast<std::size_t>(p - m_begin);
-        while (p != m_end && (*p == ' ' || *p == '\t'))
+        while (p != m_end && (*p == ' ' || *p == '\t' || (*p == '\n' && m_break == '\r')))
             ++p;
+        if (p == m_end && m_break == '\r') return ScanResult::kEnd;
         const bool negative = p != m_end && *p == '-';
         if (negative) ++p;
         const char* digits = p;
@@ -48,6 +49,8 @@ class TextScanner {
         if (p == m_end) return ScanResult::kTruncated;
         if (*p != m_break) return ScanResult::kBadCode;
         if (++p == m_end) return ScanResult::kTruncated;
+        // In a file of carriage returns some may be followed by a line feed.
+        if (m_break == '\r' && *p == '\n' && ++p == m_end) return ScanResult::kTruncated;
         const auto rest = static_cast<std::size_t>(m_end - p);
         const auto* lineEnd = static_cast<const char*>(std::memchr(p, m_break, rest));
         const char* stop = lineEnd ? lineEnd : m_end;

@@ -134,6 +134,13 @@ std::optional<HeaderValue> HeaderSection::read(RecordId id) const {
 
 tv::Problem HeaderSection::set(std::string_view name, const HeaderValue& value) {
     if (!m_store.writable()) return refused(m_store, name);
+    // They say how all the rest is to be read.
+    if (name == "ACADVER" || name == "DWGCODEPAGE")
+        return problem(Tavo::eNotHandled,
+                       tv::text::format(VORD_ResourceString("IDS_TAVO_DXF_HEADER_FIXED",
+                                                            L"도면 변수 %s은(는) 바꿀 수 없습니다: 파일 전체를 "
+                                                            L"읽는 방법을 정합니다."),
+                                        wide(name)));
     const RecordId id = find(name);
     return id == kNoRecord ? add(name, value) : change(id, name, value);
 }

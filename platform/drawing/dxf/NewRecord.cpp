@@ -163,8 +163,9 @@ OdDbHandle takeHandle(OdDbDatabase& database) {
     if (!named && store.highestHandle() == 0) return {};
     std::uint64_t handle = named ? named->value() : 0;
     const std::uint64_t last = std::numeric_limits<std::uint64_t>::max();
-    // A seed that lies is corrected; where the highest handle leaves no room, the first gap is taken.
-    if ((handle == 0 || store.findHandle(handle) != kNoRecord) && store.highestHandle() < last - 1)
+    // A seed that lies is corrected, also one below handles in use: what is free there may still be referred to.
+    // Where the highest handle leaves no room, the first gap is taken.
+    if ((handle == 0 || handle <= store.highestHandle()) && store.highestHandle() < last - 1)
         handle = store.highestHandle() + 1;
     if (handle == 0 || handle == last) handle = 1;
     while (store.findHandle(handle) != kNoRecord)

@@ -121,8 +121,10 @@ bool RecordStore::replace(RecordId id, std::string bytes) {
     if (!writable() || isErased(id) || id == kHead) return false;
     if (text(id) == bytes) return true;
     const Record& r = m_records[id];
+    // Bytes that are the file's own again stand as read; a record made later has none there.
+    const bool asRead = r.length != 0 && bytes == std::string_view(m_bytes).substr(r.offset, r.length);
     Change change{ChangeKind::kReplaced, id, kNoRecord, r.block ? m_blocks[r.block - 1] : nullptr,
-                  std::make_shared<const std::string>(std::move(bytes))};
+                  asRead ? nullptr : std::make_shared<const std::string>(std::move(bytes))};
     apply(change, true);
     m_undo.push(std::move(change));
     notify(ChangeKind::kReplaced, id);
@@ -224,10 +226,12 @@ void RecordStore::link(RecordId id, RecordId after) {
     m_records[after].next = id;
     if (r.next != kNoRecord) m_records[r.next].prev = id;
     r.flags = static_cast<std::uint8_t>(r.flags & ~kErased);
-    if (m_handles.hasDuplicates())
-        m_handles.clear();
-    else
+    // Of several records with one handle the first in the file counts, and only a new look tells which that is.
+    const RecordId known = m_handles.built() ? m_handles.find(m_records, r.handle) : kNoRecord;
+    if (known == kNoRecord)
         m_handles.add(m_records, id);
+    else if (known != id)
+        m_handles.clear();
     if (r.type == kTypeEndSec) m_sectionEnds = noEnds();
     if (r.type == kTypeSection || r.type == kTypeTable) forgetStructure();
 }

@@ -3,6 +3,11 @@
 #include <utility>
 
 namespace tv::dwg {
+namespace {
+
+bool same(const UndoLog::Block& a, const UndoLog::Block& b) { return a == b || (a && b && *a == *b); }
+
+} // namespace
 
 void UndoLog::start(std::wstring_view name) {
     if (m_depth++ == 0) m_open = Step{std::wstring(name), {}};
@@ -23,6 +28,7 @@ void UndoLog::push(Change change) {
         Change& last = m_open.changes.back();
         if (last.kind == ChangeKind::kReplaced && last.record == change.record) {
             last.now = std::move(change.now);
+            if (same(last.before, last.now)) m_open.changes.pop_back();
             return;
         }
     }
