@@ -55,7 +55,7 @@ class TextScanner {
         const auto* lineEnd = static_cast<const char*>(std::memchr(p, m_break, rest));
         const char* stop = lineEnd ? lineEnd : m_end;
         m_pos = lineEnd ? lineEnd + 1 : m_end;
-        if (stop != p && stop[-1] == '\r') --stop;
+        if (stop != p && (stop[-1] == '\r' || (stop[-1] == '\n' && m_break == '\r'))) --stop;
         tag.code = negative ? -code : code;
         tag.value = std::string_view(p, static_cast<std::size_t>(stop - p));
         tag.end = static_cast<std::size_t>(m_pos - m_begin);
