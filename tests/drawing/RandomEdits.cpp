@@ -200,12 +200,10 @@ class Editor {
             setPropertyValue(id, property, OdString(name()));
     }
     void append() {
-        const EntityHome home =
-            maybe()   ? EntityHome::modelSpace(m_db)
-            : maybe() ? EntityHome::paperSpace(m_db)
-                      : EntityHome::block(m_db.getBlockTableId().isNull()
-                                              ? OdDbObjectId()
-                                              : m_db.getBlockTableId().open<OdDbBlockTable>()->first());
+        const auto blocks = m_db.getBlockTableId().open<OdDbBlockTable>();
+        const EntityHome home = maybe()   ? EntityHome::modelSpace(m_db)
+                                : maybe() ? EntityHome::paperSpace(m_db)
+                                          : EntityHome::block(blocks ? blocks->first() : OdDbObjectId());
         if (maybe()) {
             copyEntity(someEntity(), home);
         } else if (maybe()) {
