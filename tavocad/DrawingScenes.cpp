@@ -20,8 +20,7 @@ void DrawingScenes::watch(const OdDbDatabasePtr& database) {
 
 std::shared_ptr<const Scene> DrawingScenes::sceneOf(const OdDbDatabasePtr& database) {
     if (!database) return std::make_shared<Scene>();
-    watch(database);
-    if (!m_references) m_references = std::make_unique<tv::dwg::ExternalReferences>(*database);
+    referencesOf(database);
     followChanges();
     m_told = false;
     if (!m_model) m_model = std::make_shared<Scene>(tv::scene::buildScene(*database, m_references.get()));
@@ -33,6 +32,14 @@ std::shared_ptr<const Scene> DrawingScenes::sceneOf(const OdDbDatabasePtr& datab
             std::make_shared<Scene>(tv::scene::buildScene(*database, layout, m_model, m_references.get()));
     m_layout = layout;
     return m_sheet;
+}
+
+tv::dwg::ExternalReferences& DrawingScenes::referencesOf(const OdDbDatabasePtr& database) {
+    watch(database);
+    if (!m_references)
+        m_references = std::make_unique<tv::dwg::ExternalReferences>(
+            *database, referenceFolders ? referenceFolders() : std::vector<std::filesystem::path>());
+    return *m_references;
 }
 
 // A sheet is always made anew: what it shows of the model it shares.

@@ -7,7 +7,10 @@
 #include "tavocad/scene/Scene.h"
 #include "tavocad/scene/SceneUpdate.h"
 
+#include <filesystem>
+#include <functional>
 #include <memory>
+#include <vector>
 
 // What the current drawing looks like, for the window and for whoever asks where things are. The scene is made
 // when it is asked for and brought up to date when it is asked for after a change; one drawing's at a time. One
@@ -25,6 +28,11 @@ class DrawingScenes : private OdDbDatabaseReactor {
     OdDbEntityRange entitiesOf(const OdDbDatabasePtr& database) const;
     // Makes a layout the drawing's current one; a read-only drawing only shows it.
     Tavo::ErrorStatus showLayout(const OdDbDatabasePtr& database, const OdDbObjectId& layout);
+
+    // The drawings it refers to, as far as they were read.
+    tv::dwg::ExternalReferences& referencesOf(const OdDbDatabasePtr& database);
+    // Where they are looked for besides their own places; unset for nowhere.
+    std::function<std::vector<std::filesystem::path>()> referenceFolders;
 
     // The scene is to be made anew the next time, with the drawings referred to read again.
     void forget(const OdDbDatabase* database);
@@ -47,7 +55,7 @@ class DrawingScenes : private OdDbDatabaseReactor {
     void followChanges();
 
     OdDbDatabasePtr m_database;
-    std::unique_ptr<tv::dwg::ExternalReferences> m_references; // as far as they were drawn
+    std::unique_ptr<tv::dwg::ExternalReferences> m_references; // as far as they were read
     OdDbObjectId m_looked;                                     // at, in a drawing that can't be edited
     OdDbObjectId m_layout;                                     // the sheet's
     std::shared_ptr<tv::scene::Scene> m_model, m_sheet;        // null when they are to be made

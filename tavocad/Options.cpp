@@ -28,6 +28,7 @@ bool displayThere() {
 // The options as they were typed.
 struct Typed {
     std::string language, face, theme, messages, screenshots;
+    std::vector<std::string> references;
 };
 
 template <class Value>
@@ -131,6 +132,11 @@ std::wstring understand(const Typed& typed, bool window, Options& options, std::
     std::filesystem::path messages;
     if (auto fault = chooseFolder(L"--messages", typed.messages, messages); !fault.empty()) return fault;
     options.messages = messages;
+    options.references.clear();
+    for (const std::string& typedFolder : typed.references) {
+        std::filesystem::path& folder = options.references.emplace_back();
+        if (auto fault = chooseFolder(L"--references", typedFolder, folder); !fault.empty()) return fault;
+    }
     return chooseFolder(L"--screenshots", typed.screenshots, options.screenshots);
 }
 
@@ -146,6 +152,10 @@ std::optional<int> parseOptions(int argc, const char* const* argv, bool window, 
     app.add_option("--language", typed.language, "Language of the texts")->option_text("kr|en|jp|rs|ch");
     app.add_option("--theme", typed.theme, "Colours of the windows")->option_text("light|dark|system");
     app.add_option("--messages", typed.messages, "Folder with the message files")->option_text("FOLDER");
+    app.add_option("--references", typed.references,
+                   "Folder in which drawings referred to are looked for; may be given several times")
+        ->option_text("FOLDER")
+        ->allow_extra_args(false);
     app.add_option("--screenshots", typed.screenshots, "Folder that relative screenshot paths start from")
         ->option_text("FOLDER");
     app.set_version_flag("--version", std::string("tavocad ") + tavocadVersion);

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 struct UiLanguage;
 
@@ -14,10 +15,11 @@ struct Options {
     std::filesystem::path drawing; // empty: none
     bool automation = false;
     Face face = Face::headless;
-    const UiLanguage* language = nullptr; // null: as last time, else as the system says
-    std::optional<ThemeChoice> theme;     // unset: as last time
-    std::filesystem::path messages;       // empty: found beside the program
-    std::filesystem::path screenshots;    // where relative screenshot paths start
+    const UiLanguage* language = nullptr;          // null: as last time, else as the system says
+    std::optional<ThemeChoice> theme;              // unset: as last time
+    std::filesystem::path messages;                // empty: found beside the program
+    std::vector<std::filesystem::path> references; // where drawings referred to are looked for
+    std::filesystem::path screenshots;             // where relative screenshot paths start
 };
 
 // Fills `options`; `window`: this build can show windows. An exit code when the program ends here: help or

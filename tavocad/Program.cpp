@@ -67,6 +67,7 @@ void startSession(TavoSession& session, const Options& options) {
     _Init_ZEL_CAD_CTRLdll(); // the dialogs' templates come with the library
     useMessages(options.messages);
     session.setLanguage(options.language ? *options.language : session.rememberedLanguage());
+    session.moreReferenceFolders = options.references;
     if (!options.drawing.empty()) session.print(session.open(options.drawing));
 }
 

@@ -3,15 +3,21 @@
 #include "platform/drawing/ExternalReferences.h"
 #include "platform/host/TavoCommandLine.h"
 #include "platform/text/Format.h"
+#include "platform/text/OdString.h"
 #include "platform/text/ResourceString.h"
+#include "platform/text/Unicode.h"
+
+#include <algorithm>
 
 using tv::dwg::ExternalReference;
+using tv::dwg::ExternalReferences;
 using tv::dwg::XrefStatus;
 using tv::text::format;
 
 namespace {
 
-constexpr int mostTold = 20;
+constexpr std::size_t mostTold = 20;
+constexpr std::size_t mostFollowed = 1000; // references; beyond that drawings are not read to tell of them
 
 const wchar_t* statusText(XrefStatus status) {
     switch (status) {
@@ -31,27 +37,57 @@ const wchar_t* statusText(XrefStatus status) {
     return L"";
 }
 
-} // namespace
-
-void tellMissingReferences(OdDbDatabase& database, TavoCommandLine& line) {
-    int missing = 0;
-    for (const ExternalReference& reference : tv::dwg::ExternalReferences(database).list())
-        if (reference.status == XrefStatus::kMissing && ++missing <= mostTold)
-            line.print(reference.problem.sentence);
-    if (missing > mostTold)
-        line.print(
-            format(VORD_ResourceString("IDS_TAVO_XREFS_MORE",
-                                       L"그 밖에 찾을 수 없는 외부 참조가 %d개 더 있습니다. XREF로 모두 볼 "
-                                       L"수 있습니다."),
-                   missing - mostTold));
+// Calls visit(reference, depth) for every reference, the drawing behind it read before.
+template <class Visit>
+void walk(ExternalReferences& references, int depth, std::size_t& followed, const Visit& visit) {
+    const auto list = references.list();
+    followed += list.size();
+    for (const ExternalReference& reference : list) {
+        const auto below = followed <= mostFollowed ? references.below(reference.block) : nullptr;
+        visit(references.reference(reference.block), depth);
+        if (below) walk(*below, depth + 1, followed, visit);
+    }
 }
 
-bool listReferences(OdDbDatabase& database, TavoCommandLine& line) {
-    const auto references = tv::dwg::ExternalReferences(database).list();
-    for (const ExternalReference& reference : references)
-        line.print(format(VORD_ResourceString("IDS_TAVO_XREFS_LINE", L"%s (%s): \"%s\" - %s"), reference.name,
-                          reference.overlay ? VORD_ResourceString("IDS_TAVO_XREFS_OVERLAY", L"중첩").c_str()
-                                            : VORD_ResourceString("IDS_TAVO_XREFS_ATTACHED", L"부착").c_str(),
-                          reference.path, statusText(reference.status)));
-    return !references.empty();
+} // namespace
+
+std::vector<std::filesystem::path> foldersOf(std::wstring_view path) {
+    std::vector<std::filesystem::path> folders;
+    if (path == L".") return folders;
+    for (std::size_t at = 0; at < path.size();) {
+        const std::size_t end = std::min(path.find(L';', at), path.size());
+        OdString folder(path.substr(at, end - at));
+        folder.trim();
+        if (!folder.isEmpty()) folders.emplace_back(tv::text::toUtf8(folder.view()));
+        at = end + 1;
+    }
+    return folders;
+}
+
+void tellReferenceFaults(ExternalReferences& references, TavoCommandLine& line) {
+    std::size_t followed = 0;
+    walk(references, 0, followed, [](const ExternalReference&, int) {});
+    const std::vector<tv::Problem> faults = references.takeProblems();
+    for (std::size_t i = 0; i < std::min(faults.size(), mostTold); ++i)
+        line.print(faults[i].sentence);
+    if (faults.size() > mostTold)
+        line.print(
+            format(VORD_ResourceString("IDS_TAVO_XREFS_MORE",
+                                       L"외부 참조의 문제가 그 밖에 %d개 더 있습니다. XREF로 외부 참조를 모두 "
+                                       L"볼 수 있습니다."),
+                   static_cast<long long>(faults.size() - mostTold)));
+}
+
+bool listReferences(ExternalReferences& references, TavoCommandLine& line) {
+    bool any = false;
+    std::size_t followed = 0;
+    walk(references, 0, followed, [&](const ExternalReference& reference, int depth) {
+        any = true;
+        const OdString kind = reference.overlay ? VORD_ResourceString("IDS_TAVO_XREFS_OVERLAY", L"중첩")
+                                                : VORD_ResourceString("IDS_TAVO_XREFS_ATTACHED", L"부착");
+        line.print(std::wstring(static_cast<std::size_t>(depth) * 2, L' ') +
+                   format(VORD_ResourceString("IDS_TAVO_XREFS_LINE", L"%s (%s): \"%s\" - %s"), reference.name,
+                          kind, reference.path, statusText(reference.status)));
+    });
+    return any;
 }

@@ -1,13 +1,22 @@
 #pragma once
 
-#include "platform/text/OdString.h"
+#include <filesystem>
+#include <string_view>
+#include <vector>
 
-class OdDbDatabase;
 class TavoCommandLine;
+
+namespace tv::dwg {
+class ExternalReferences;
+}
 
 // The drawings a drawing refers to, in words.
 
-// A line for every drawing referred to that can't be found, as far as there are not too many.
-void tellMissingReferences(OdDbDatabase& database, TavoCommandLine& line);
-// All of them: name, how it is attached, path, and whether it is there. False when there are none.
-bool listReferences(OdDbDatabase& database, TavoCommandLine& line);
+// The folders of a search path, parted by semicolons. "." alone stands for none, as nothing can't be typed.
+std::vector<std::filesystem::path> foldersOf(std::wstring_view path);
+// Reads all of them, those below too, and prints a line for each fault that was not told before, as far as
+// there are not too many.
+void tellReferenceFaults(tv::dwg::ExternalReferences& references, TavoCommandLine& line);
+// All of them, each followed by those below it: name, how it is attached, path, and whether it is there. False
+// when there are none.
+bool listReferences(tv::dwg::ExternalReferences& references, TavoCommandLine& line);

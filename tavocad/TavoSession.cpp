@@ -31,6 +31,8 @@ using tv::text::format;
 
 namespace {
 
+constexpr wchar_t referencePath[] = L"XREFPATH";
+
 // UNDO and REDO run as commands, inside an undo record of their own, in which a drawing takes no step. The
 // record is empty: ending it leaves no trace.
 std::optional<OdString> stepOutsideRecord(OdDbDatabase& database, OdString (OdDbDatabase::*name)() const,
@@ -72,6 +74,20 @@ TavoSession::TavoSession(std::unique_ptr<tv::SettingsStore> settings)
     m_scenes = std::make_unique<DrawingScenes>();
     m_locator = std::make_unique<SceneLocator>(*m_scenes);
     m_host->selection()->setLocator(m_locator.get());
+    m_scenes->referenceFolders = [this] {
+        OdString path;
+        m_host->sysvarManager()->getText(referencePath, path, nullptr);
+        std::vector<std::filesystem::path> folders = moreReferenceFolders;
+        for (std::filesystem::path& folder : foldersOf(path.view()))
+            folders.push_back(std::move(folder));
+        return folders;
+    };
+    m_sysvarsWatched =
+        m_host->sysvarManager()->onSysvarChanged([this](const OdString& name, const OdDbDatabasePtr&) {
+            if (name != referencePath || !document()) return;
+            m_scenes->forget(document()->database().get());
+            tellReferenceFaults(m_scenes->referencesOf(document()->database()), *m_host->commandLine());
+        });
     m_documentsWatched = m_host->documentManager()->onDocumentEvent(
         [this](TavoDocumentManager::Event event, TavoDocument* document) {
             if (event == TavoDocumentManager::Event::kClosing) m_scenes->release(document->database().get());
@@ -225,8 +241,9 @@ tv::Problem TavoSession::open(const std::filesystem::path& file, std::vector<tv:
     if (faults) *faults = problems;
     if (opened) {
         tellFaults(problems);
-        if (m_host->documentManager()->documents().size() != before) tellHowToSave(*opened, !problems.empty());
-        tellMissingReferences(*opened->database(), *m_host->commandLine());
+        if (m_host->documentManager()->documents().size() == before) return {};
+        tellHowToSave(*opened, !problems.empty());
+        tellReferenceFaults(m_scenes->referencesOf(opened->database()), *m_host->commandLine());
         return {};
     }
     if (!problems.empty()) return problems.front();

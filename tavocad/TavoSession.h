@@ -109,6 +109,9 @@ class TavoSession {
     // saving failed.
     bool closeAsking(TavoDocument* document);
 
+    // Where drawings referred to are looked for before the folders of the user's XREFPATH.
+    std::vector<std::filesystem::path> moreReferenceFolders;
+
     enum class FileQuestion { open, save };
     // Asks the person for a file name, and whether one that is there may be written over; unset when there is
     // nobody to ask. Nothing when he gave up.
@@ -142,7 +145,7 @@ class TavoSession {
     std::unique_ptr<SceneLocator> m_locator;
     std::unique_ptr<SelectionRequests> m_objects;
     std::unique_ptr<VersionWarnings> m_versionWarnings;
-    tv::host::Subscription m_documentsWatched;
+    tv::host::Subscription m_documentsWatched, m_sysvarsWatched;
     tv::host::Signal<const OdString&, int> m_commandEnded;
     std::vector<CommandSpec> m_commands;
     OdString m_arguments, m_lastCommand;

@@ -1,9 +1,9 @@
 #include "tavocad/commands/Commands.h"
 
-#include "platform/drawing/OdDbDatabase.h"
 #include "platform/host/TavoCommandLine.h"
 #include "platform/host/TavoInterfaces.h"
 #include "platform/text/ResourceString.h"
+#include "tavocad/DrawingScenes.h"
 #include "tavocad/References.h"
 #include "tavocad/TavoSession.h"
 
@@ -15,7 +15,7 @@ int listAll(TavoSession& session, TavoEdCommandContext& context) {
         line.print(VORD_ResourceString("IDS_TAVO_NO_DRAWING", L"열려 있는 도면이 없습니다.").c_str());
         return RTERROR;
     }
-    if (!listReferences(*context.database(), line))
+    if (!listReferences(session.scenes().referencesOf(context.database()), line))
         line.print(VORD_ResourceString("IDS_TAVO_XREFS_NONE", L"도면에 외부 참조가 없습니다.").c_str());
     return RTNORM;
 }

@@ -37,13 +37,17 @@ TEST(Options, RefusalsAreSentencesInTheLanguageAskedFor) {
     EXPECT_THAT(refusal({"--theme"}), HasSubstr("--theme needs"));
     EXPECT_THAT(refusal({"a.dxf", "b.dxf"}), HasSubstr("\"b.dxf\" is one too many"));
     EXPECT_THAT(refusal({"--screenshots", "no/such"}), HasSubstr("does not exist"));
+    EXPECT_THAT(refusal({"--references", "/", "--references", "no/such"}), HasSubstr("\"no/such\""));
     EXPECT_THAT(refusal({"--face", "headless"}), HasSubstr("--automation"));
     Options options;
-    EXPECT_THAT(refusal({"--face", "headless", "--automation", "a.dxf", "--theme", "dark"}, &options),
+    EXPECT_THAT(refusal({"--face", "headless", "--automation", "--references", "/", "--references", "/tmp",
+                         "a.dxf", "--theme", "dark"},
+                        &options),
                 IsEmpty());
     EXPECT_EQ(options.drawing, "a.dxf");
     EXPECT_EQ(options.theme, ThemeChoice::dark);
     EXPECT_TRUE(options.automation);
+    EXPECT_THAT(options.references, ElementsAre("/", "/tmp"));
 }
 
 TEST(NearNames, OnlyWhatIsNear) {

@@ -131,22 +131,43 @@ TEST_F(SelectionCommands, WhatIsSelectedCountsOnlyWhenItMay) {
     EXPECT_EQ(session.document()->isModified(), false);
 }
 
-// Drawings referred to that are not there are told once, when the drawing opens.
-TEST_F(SelectionCommands, MissingReferencesAreTold) {
-    std::string text = bytesOf(file);
-    const std::string blocks = "0\nSECTION\n2\nBLOCKS\n0\nBLOCK\n8\n0\n2\nsite\n70\n4\n10\n0\n20\n0\n1\nsite "
-                               "plan.dwg\n0\nENDBLK\n8\n0\n0\nENDSEC\n";
-    text.insert(text.find("0\nSECTION\n2\nENTITIES"), blocks);
-    const auto host = folder / "host.dxf";
-    std::ofstream(host, std::ios::binary) << text;
-    const auto replies =
-        runWell("{\"do\":\"command\",\"name\":\"XREF\"}\n{\"do\":\"open\",\"path\":" + quoted(host) +
-                "}\n{\"do\":\"command\",\"name\":\"XREF\"}\n");
-    ASSERT_EQ(replies[1]["messages"].size(), 1U);
-    EXPECT_THAT(replies[1]["messages"][0].get<std::string>(), HasSubstr("site plan.dwg"));
-    ASSERT_EQ(replies[2]["messages"].size(), 1U);
-    EXPECT_THAT(replies[2]["messages"][0].get<std::string>(), HasSubstr("site"));
+// Every fault of the drawings referred to, those below too, is told once, when the drawing opens; what lies on
+// the search path is found.
+TEST_F(SelectionCommands, FaultsOfReferencesAreTold) {
+    const std::string empty = bytesOf(file);
+    const auto write = [&](const std::filesystem::path& name, std::initializer_list<const char*> references) {
+        std::string text = empty, blocks = "0\nSECTION\n2\nBLOCKS\n";
+        for (const std::string path : references)
+            blocks += "0\nBLOCK\n8\n0\n2\n" + path.substr(0, 4) + "\n70\n4\n10\n0\n20\n0\n1\n" + path +
+                      "\n0\nENDBLK\n8\n0\n";
+        text.insert(text.find("0\nSECTION\n2\nENTITIES"), blocks + "0\nENDSEC\n");
+        std::ofstream(folder / name, std::ios::binary) << text;
+        return folder / name;
+    };
+    const auto host = write("host.dxf", {"gone plan.dwg", "word.dxf", "site.dxf"});
+    write("site.dxf", {"host.dxf"});
+    std::ofstream(folder / "word.dxf") << "these are words\n";
+    std::filesystem::create_directory(folder / "more folders");
+    const std::string open = "{\"do\":\"open\",\"path\":" + quoted(host) + "}\n",
+                      xref = "{\"do\":\"command\",\"name\":\"XREF\"}\n";
+    const auto search = [&](const std::string& path) {
+        return "{\"do\":\"setvar\",\"name\":\"XREFPATH\",\"value\":" + quoted(path) + "}\n";
+    };
+    auto replies = runWell(xref + open + open + xref + "{\"do\":\"command\",\"name\":\"REGEN\"}\n");
     EXPECT_EQ(replies[0]["messages"].size(), 1U) << "that there are none";
+    ASSERT_EQ(replies[1]["messages"].size(), 3U) << replies[1];
+    const char* const told[] = {"gone plan.dwg", "word.dxf", "host.dxf"};
+    for (std::size_t i = 0; i < 3; ++i)
+        EXPECT_THAT(replies[1]["messages"][i].get<std::string>(), HasSubstr(told[i]));
+    EXPECT_EQ(replies[2]["messages"].size(), 0U) << "open already";
+    ASSERT_EQ(replies[3]["messages"].size(), 4U) << replies[3];
+    EXPECT_THAT(replies[3]["messages"][3].get<std::string>(), testing::StartsWith("  host")) << "below its own";
+
+    write("more folders/gone plan.dxf", {});
+    replies = runWell(search("/nowhere; " + (folder / "more folders").string()) + search("."));
+    ASSERT_EQ(replies[0]["messages"].size(), 2U) << replies[0];
+    EXPECT_THAT(replies[0]["messages"][0].get<std::string>(), HasSubstr("word.dxf"));
+    EXPECT_EQ(replies[1]["messages"].size(), 3U) << replies[1];
 }
 
 // A file that somebody else wrote meanwhile is not written over unasked.

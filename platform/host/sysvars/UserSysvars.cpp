@@ -32,6 +32,8 @@ constexpr SysvarInfo kUserSysvars[] = {
     integer(L"SELECTIONPREVIEW", 3, 0, 3).at(kProfile),
     // 0 ask, 1 hide, 2 delete, 3 export.
     integer(L"TABCLOSEMODE", 0, 0, 3).at(kProfile),
+    // Folders in which the drawings that a drawing refers to are looked for, parted by semicolons.
+    text(L"XREFPATH").at(kProfile),
 };
 
 } // namespace
