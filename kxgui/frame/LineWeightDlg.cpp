@@ -4,6 +4,7 @@
 #include "kxgui/frame/Templates.h"
 #include "platform/host/TavoSysvarManager.h"
 #include "platform/text/ResourceString.h"
+#include "platform/toolkit/Pictures.h"
 
 #include <algorithm>
 
@@ -35,7 +36,8 @@ void CLineWeightDlg::InitCtrl() {
         auto& cells = model->rows.emplace_back();
         cells.resize(2);
         cells[0].text = lineWeightText(weight, inches);
-        if (weight >= OdDb::kLnWt000) cells[1].swatch.lineWidth = std::max(hairline, millimetresOf(weight));
+        if (weight >= OdDb::kLnWt000)
+            cells[1].picture = tv::ui::linePicture(std::max(hairline, millimetresOf(weight)));
     }
     m_list.SetModel(std::move(model));
 }

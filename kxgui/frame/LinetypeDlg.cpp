@@ -61,7 +61,7 @@ void CLinetypeDlg::showRows() {
         auto& cells = model->rows.emplace_back();
         cells.resize(3);
         cells[kName].text = linetypeText(row);
-        cells[kSample].swatch = row.sample;
+        cells[kSample].picture = row.sample;
         cells[kDescription].text = row.description;
     }
     m_list.SetModel(std::move(model));

@@ -5,19 +5,12 @@
 #include "platform/text/Collation.h"
 #include "platform/text/ResourceString.h"
 #include "platform/text/Unicode.h"
+#include "platform/toolkit/Pictures.h"
 
 #include <algorithm>
 
 namespace kx::frame {
 namespace {
-
-// A line without gaps has no pattern in the table, and is shown as one dash.
-tv::ui::Swatch sampleOf(const OdDbLinetypeTableRecord& record) {
-    tv::ui::Swatch sample;
-    sample.dashes = record.dashes();
-    if (sample.dashes.empty()) sample.dashes = {1.0};
-    return sample;
-}
 
 constexpr const wchar_t* kByLayer = L"ByLayer";
 constexpr const wchar_t* kByBlock = L"ByBlock";
@@ -40,7 +33,7 @@ std::vector<LinetypeRow> linetypeRows(const OdDbDatabase& database, bool special
         const auto record = id.open<OdDbLinetypeTableRecord>();
         if (!record || record->isDependent()) return;
         const std::wstring name = record->getName().wstr();
-        if (!isSpecial(name)) rows.push_back({id, name, record->comments().wstr(), sampleOf(*record), false});
+        if (!isSpecial(name)) rows.push_back({id, name, record->comments().wstr(), tv::ui::dashPicture(record->dashes()), false});
     });
     return rows;
 }

@@ -13,7 +13,7 @@ namespace kx::frame {
 struct LinetypeRow {
     OdDbObjectId id;                // null for ByLayer and ByBlock of a drawing whose table lacks them
     std::wstring name, description; // in every language the same, "ByLayer" and "ByBlock" included
-    tv::ui::Swatch sample;
+    tv::ui::Picture sample;
     bool special = false; // ByLayer or ByBlock
 };
 

@@ -44,9 +44,9 @@ std::uintptr_t CItemsWnd::GetItemData(int index) const {
     return m_items.valid(index) ? m_items.at(index).data : 0;
 }
 
-void CItemsWnd::SetItemSwatch(int index, tv::ui::Swatch swatch) {
-    if (!m_items.valid(index)) return;
-    m_items.edit(index).swatch = std::move(swatch);
+void CItemsWnd::SetItemPicture(int index, tv::ui::Picture picture) {
+    if (!m_items.valid(index) || m_items.at(index).picture == picture) return;
+    m_items.edit(index).picture = std::move(picture);
     tell(Change::items);
 }
 

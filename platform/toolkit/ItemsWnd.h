@@ -23,7 +23,7 @@ class KXPLATFORM_EXPORT CItemsWnd : public CWnd {
     int GetCount() const { return m_items.count(); }
     void SetItemData(int index, std::uintptr_t data);
     std::uintptr_t GetItemData(int index) const; // 0 when there is no such item
-    void SetItemSwatch(int index, tv::ui::Swatch swatch);
+    void SetItemPicture(int index, tv::ui::Picture picture);
     int FindString(int start, std::wstring_view prefix) const { return m_items.findPrefix(start, prefix); }
     int FindStringExact(int start, std::wstring_view text) const { return m_items.findExact(start, text); }
     int FindItemData(std::uintptr_t data) const { return m_items.findData(data); }

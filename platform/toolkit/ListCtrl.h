@@ -10,7 +10,7 @@ namespace tv::ui {
 
 struct ListCell {
     std::wstring text;
-    Swatch swatch;
+    Picture picture;         // before the text
     int icon = 0;            // a number the list's owner gives meaning to; 0: none
     int checked = -1;        // -1: no check box, else 0, 1
     bool editable = false;   // F2 or a second click opens an editor

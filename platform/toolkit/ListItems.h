@@ -1,29 +1,20 @@
 #pragma once
 
 #include "platform/Export.h"
+#include "platform/toolkit/DisplayList.h"
 
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace tv::ui {
 
-// What is drawn before an item's text.
-struct Swatch {
-    std::optional<std::uint32_t> rgb;   // 0xRRGGBB, a filled square
-    std::vector<double> dashes;         // a linetype sample: lengths, negative for gaps, 0 for dots
-    double lineWidth = 0;               // a lineweight sample, in millimetres
-    friend bool operator==(const Swatch&, const Swatch&) = default;
-    bool empty() const { return !rgb && dashes.empty() && lineWidth == 0; }
-};
-
 struct ListItem {
     std::wstring text;
     std::uintptr_t data = 0;
-    Swatch swatch;
+    Picture picture; // before the text
 };
 
 // A list several controls can show without a copy of their own.

@@ -1,7 +1,7 @@
 #include "qt/controls/ComboBridge.h"
 
 #include "platform/toolkit/Dialog.h"
-#include "qt/controls/SwatchIcon.h"
+#include "qt/controls/PictureIcon.h"
 
 #include <QAbstractItemView>
 #include <QLineEdit>
@@ -72,11 +72,11 @@ void ComboBridge::showItems() {
     const ui::ListItems& items = m_combo.items();
     while (m_box.count() > items.count())
         m_box.removeItem(m_box.count() - 1);
-    m_swatches.resize(static_cast<std::size_t>(items.count()));
-    QSize iconSize;
+    m_pictures.resize(static_cast<std::size_t>(items.count()));
+    QSize size;
     for (int i = 0; i < items.count(); ++i) {
         const ui::ListItem& item = items.at(i);
-        auto& shown = m_swatches[static_cast<std::size_t>(i)];
+        auto& shown = m_pictures[static_cast<std::size_t>(i)];
         const QString text = toQt(item.text);
         if (i >= m_box.count()) {
             m_box.addItem(text);
@@ -84,13 +84,13 @@ void ComboBridge::showItems() {
         } else if (m_box.itemText(i) != text) {
             m_box.setItemText(i, text);
         }
-        if (shown != item.swatch) {
-            m_box.setItemIcon(i, swatchIcon(item.swatch));
-            shown = item.swatch;
+        if (shown != item.picture) {
+            m_box.setItemIcon(i, pictureIcon(item.picture));
+            shown = item.picture;
         }
-        iconSize = iconSize.expandedTo(swatchSize(item.swatch));
+        size = size.expandedTo(iconSize(item.picture));
     }
-    if (!iconSize.isEmpty()) m_box.setIconSize(iconSize);
+    if (!size.isEmpty()) m_box.setIconSize(size);
 }
 
 } // namespace tv::qt

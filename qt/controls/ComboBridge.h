@@ -36,7 +36,7 @@ class ComboBridge : public Bridge {
     void showItems();
     CComboBox& m_combo;
     DropDownBox& m_box;
-    std::vector<ui::Swatch> m_swatches; // as shown
+    std::vector<ui::Picture> m_pictures; // as shown
 };
 
 } // namespace tv::qt

@@ -1,5 +1,7 @@
 #include "qt/controls/KxDrawArea.h"
 
+#include "qt/controls/PictureIcon.h"
+
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -43,45 +45,7 @@ void KxDrawArea::paintEvent(QPaintEvent*) {
     if (!m_control) return;
     if (!isEnabled()) painter.setOpacity(0.4);
     painter.setClipRect(rect().adjusted(1, 1, -1, -1));
-    const QTransform map = toPixels();
-    for (const ui::DrawItem& item : m_control->displayList().items)
-        paintItem(painter, item, map);
-}
-
-void KxDrawArea::paintItem(QPainter& painter, const ui::DrawItem& item, const QTransform& map) const {
-    const bool isLine = item.shape == ui::DrawItem::Shape::polyline || item.shape == ui::DrawItem::Shape::text;
-    const bool needsStroke = item.stroke || isLine || !item.fill;
-    const QColor stroke = item.stroke ? colorOf(*item.stroke) : palette().color(QPalette::Text);
-    painter.setPen(needsStroke ? QPen(stroke, item.width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin)
-                               : QPen(Qt::NoPen));
-    painter.setBrush(item.fill ? QBrush(colorOf(*item.fill)) : QBrush(Qt::NoBrush));
-    QPolygonF points;
-    for (const ui::DrawPoint& p : item.points)
-        points << map.map(QPointF(p.x, p.y));
-    if (points.isEmpty()) return;
-    const double scale = map.m11();
-    switch (item.shape) {
-    case ui::DrawItem::Shape::polyline:
-        if (points.size() == 1)
-            painter.drawPoint(points.front());
-        else
-            painter.drawPolyline(points);
-        break;
-    case ui::DrawItem::Shape::polygon:
-        painter.drawPolygon(points);
-        break;
-    case ui::DrawItem::Shape::circle:
-        painter.drawEllipse(points.front(), item.radius * scale, item.radius * scale);
-        break;
-    case ui::DrawItem::Shape::text: {
-        QFont font = painter.font();
-        font.setPixelSize(
-            std::max(1, qRound(item.radius * scale * 1.37))); // capital letters are item.radius high
-        painter.setFont(font);
-        painter.drawText(points.front(), toQt(item.text));
-        break;
-    }
-    }
+    paintDisplayList(painter, m_control->displayList(), toPixels(), palette());
 }
 
 void KxDrawArea::mouseReleaseEvent(QMouseEvent* event) {

@@ -28,7 +28,6 @@ class KXGUIQT_EXPORT KxDrawArea : public QWidget {
     void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
-    void paintItem(QPainter& painter, const ui::DrawItem& item, const QTransform& map) const;
     const CDrawArea* m_control = nullptr;
 };
 

@@ -1,6 +1,6 @@
 #include "qt/controls/ListBoxBridge.h"
 
-#include "qt/controls/SwatchIcon.h"
+#include "qt/controls/PictureIcon.h"
 
 #include <QListWidget>
 
@@ -29,24 +29,24 @@ void ListBoxBridge::showItems() {
     const ui::ListItems& items = m_list.items();
     while (m_view.count() > items.count())
         delete m_view.takeItem(m_view.count() - 1);
-    m_swatches.resize(static_cast<std::size_t>(items.count()));
-    QSize iconSize;
+    m_pictures.resize(static_cast<std::size_t>(items.count()));
+    QSize size;
     for (int i = 0; i < items.count(); ++i) {
         const ui::ListItem& item = items.at(i);
-        auto& shown = m_swatches[static_cast<std::size_t>(i)];
+        auto& shown = m_pictures[static_cast<std::size_t>(i)];
         if (i >= m_view.count()) {
             m_view.addItem(toQt(item.text));
             shown = {};
         } else if (m_view.item(i)->text() != toQt(item.text)) {
             m_view.item(i)->setText(toQt(item.text));
         }
-        if (shown != item.swatch) {
-            m_view.item(i)->setIcon(swatchIcon(item.swatch));
-            shown = item.swatch;
+        if (shown != item.picture) {
+            m_view.item(i)->setIcon(pictureIcon(item.picture));
+            shown = item.picture;
         }
-        iconSize = iconSize.expandedTo(swatchSize(item.swatch));
+        size = size.expandedTo(iconSize(item.picture));
     }
-    if (!iconSize.isEmpty()) m_view.setIconSize(iconSize);
+    if (!size.isEmpty()) m_view.setIconSize(size);
 }
 
 } // namespace tv::qt

@@ -18,7 +18,7 @@ class ListBoxBridge : public Bridge {
     void showItems();
     CListBox& m_list;
     QListWidget& m_view;
-    std::vector<ui::Swatch> m_swatches; // as shown
+    std::vector<ui::Picture> m_pictures; // as shown
 };
 
 } // namespace tv::qt

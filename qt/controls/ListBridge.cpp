@@ -1,6 +1,6 @@
 #include "qt/controls/ListBridge.h"
 
-#include "qt/controls/SwatchIcon.h"
+#include "qt/controls/PictureIcon.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -57,7 +57,7 @@ ListBridge::ListBridge(CListCtrl& list, QTableView& widget)
                                                : QAbstractItemView::SingleSelection);
     m_view.setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
     m_view.setTabKeyNavigation(false);
-    m_view.setIconSize(largestSwatch);
+    m_view.setIconSize(largestPicture);
     m_view.setShowGrid(false);
     m_view.setWordWrap(false);
     m_view.verticalHeader()->hide();

@@ -1,7 +1,7 @@
 #include "qt/controls/ListRows.h"
 
 #include "qt/controls/Bridge.h"
-#include "qt/controls/SwatchIcon.h"
+#include "qt/controls/PictureIcon.h"
 
 namespace tv::qt {
 
@@ -25,8 +25,8 @@ QVariant ListRows::data(const QModelIndex& index, int role) const {
     case Qt::EditRole:
         return toQt(cell(index).text);
     case Qt::DecorationRole: {
-        const ui::Swatch& swatch = cell(index).swatch;
-        return swatch.empty() ? QVariant() : QVariant(swatchIcon(swatch));
+        const ui::Picture& picture = cell(index).picture;
+        return picture ? QVariant(pictureIcon(picture)) : QVariant();
     }
     case Qt::CheckStateRole: {
         const int checked = cell(index).checked;

@@ -1,5 +1,6 @@
 #include "kxgui/frame/LineWeightDlg.h"
 #include "kxgui/frame/LinetypeDlg.h"
+#include "platform/toolkit/Pictures.h"
 #include "tests/support/HeadlessTest.h"
 
 using namespace kx::frame;
@@ -65,8 +66,8 @@ TEST_F(LineChoosers, LinetypesAreSortedAndTheSelectionGoesAlong) {
                           (Names{L"ByLayer", L"ByBlock", L"CONTINUOUS", L"dashed2", L"DASHED10", L"DOT"}));
                 const auto& list = static_cast<CListCtrl&>(*u.dialog().GetDlgItem("IDC_LINETYPE_LIST"));
                 EXPECT_EQ(list.GetCurSel(), 3);
-                EXPECT_EQ(list.cell(4, 1).swatch.dashes, (std::vector<double>{2, -1}));
-                EXPECT_EQ(list.cell(2, 1).swatch.dashes, std::vector<double>{1}) << "a line without gaps";
+                EXPECT_EQ(list.cell(4, 1).picture, tv::ui::dashPicture({2, -1}));
+                EXPECT_EQ(list.cell(2, 1).picture, tv::ui::dashPicture({})) << "a line without gaps";
                 u.act("IDC_LINETYPE_LIST", on(UserAction::Kind::header, 0, 0));
                 EXPECT_EQ(names(u),
                           (Names{L"ByLayer", L"ByBlock", L"DOT", L"DASHED10", L"dashed2", L"CONTINUOUS"}));
