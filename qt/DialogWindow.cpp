@@ -8,12 +8,12 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLayout>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
-#include <QHelpEvent>
 #include <QScreen>
 #include <QToolTip>
 #include <QVBoxLayout>
@@ -24,10 +24,10 @@
 namespace tv::qt {
 
 DialogWindow::DialogWindow(CDialog& dialog, const TemplateLoader& loader, QWidget* owner)
-    : QDialog(owner), m_dialog(dialog) {
+    : QDialog(dialog.embedded() ? nullptr : owner), m_dialog(dialog), m_embedded(dialog.embedded()) {
     setObjectName(QString::fromStdString(dialog.templateName()));
     setAttribute(Qt::WA_QuitOnClose, false);
-    setWindowModality(Qt::ApplicationModal);
+    setWindowModality(dialog.modeless() ? Qt::NonModal : Qt::ApplicationModal);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setWindowIcon(standardIcon(ui::Icon::application));
     setSizeGripEnabled(false);
@@ -38,12 +38,32 @@ DialogWindow::DialogWindow(CDialog& dialog, const TemplateLoader& loader, QWidge
     installEventFilter(this);
     for (QWidget* widget : findChildren<QWidget*>())
         widget->installEventFilter(this);
+    if (m_embedded) showAll();
 }
 
 DialogWindow::~DialogWindow() {
     // The bridges' widgets die with the window: nothing may be reported any more.
     for (const auto& bridge : m_bridges)
         bridge->widget().disconnect(bridge.get());
+}
+
+void DialogWindow::retire() {
+    m_retired = true;
+    m_presented = false;
+    for (const auto& bridge : m_bridges)
+        bridge->retire();
+    removeEventFilter(this);
+    for (QWidget* widget : findChildren<QWidget*>())
+        widget->removeEventFilter(this);
+    hide();
+}
+
+// As a part of another window it lacks a dialog's ideas of where it belongs and who has the focus.
+void DialogWindow::setVisible(bool visible) {
+    if (m_embedded)
+        QWidget::setVisible(visible);
+    else
+        QDialog::setVisible(visible);
 }
 
 void DialogWindow::build(const TemplateLoader& loader) {
@@ -188,6 +208,7 @@ void DialogWindow::present() {
 }
 
 bool DialogWindow::event(QEvent* event) {
+    if (m_retired) return QDialog::event(event);
     if (event->type() == QEvent::ToolTip) {
         const auto& help = static_cast<QHelpEvent&>(*event);
         const std::wstring hint = m_dialog.toolTipAt({help.pos().x(), help.pos().y()});
@@ -232,7 +253,7 @@ void DialogWindow::resizeEvent(QResizeEvent* event) {
 
 void DialogWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
-    (void)m_dialog.userClose();
+    if (!m_retired) (void)m_dialog.userClose();
 }
 
 // --- dragging by the body ------------------------------------------------------------------------------------
@@ -268,7 +289,8 @@ Qt::Edges edgesOf(HitTest hit) {
 
 // Only what no control wanted arrives here.
 void DialogWindow::mousePressEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton || !windowHandle()) return;
+    if (event->button() != Qt::LeftButton || !windowHandle() || m_retired || m_embedded)
+        return QDialog::mousePressEvent(event);
     const QPoint at = event->position().toPoint();
     const CRect& rect = m_dialog.GetWindowRect();
     const HitTest hit = m_dialog.OnNcHitTest({rect.left + at.x(), rect.top + at.y()});
@@ -295,7 +317,7 @@ bool DialogWindow::keyPressed(QKeyEvent& event) {
     const ui::KeyEvent key = toKeyEvent(event);
     if (key.key == ui::Key::none || m_composing) return false;
     if (m_dialog.dialogKey(key)) return true;
-    if (!m_dialog.running()) return true;
+    if (m_retired || !m_dialog.running()) return true;
     Bridge* bridge = bridgeOfWidget(focusWidget());
     return bridge && bridge->key(key);
 }
@@ -308,6 +330,8 @@ bool DialogWindow::eventFilter(QObject* object, QEvent* event) {
         // Mnemonics are the dialog's: Qt shall not look for shortcuts.
         const auto* key = static_cast<QKeyEvent*>(event);
         if (!isTarget || !key->modifiers().testFlag(Qt::AltModifier)) return false;
+        // Those a part of the main window has no use for are the menus'.
+        if (m_embedded && !m_dialog.hasMnemonic(toKeyEvent(*key).ch)) return false;
         event->accept();
         return true;
     }
@@ -337,7 +361,9 @@ void DialogWindow::showFocus() {
     const CWnd* wnd = m_dialog.GetFocus();
     const Bridge* bridge = wnd ? bridgeOf(*wnd) : nullptr;
     if (!bridge) return;
-    QWidget* current = focusWidget();
+    const ui::Toolkit* toolkit = ui::Toolkit::current();
+    if (m_embedded && (!toolkit || toolkit->active() != &m_dialog)) return; // the focus is another part's
+    QWidget* current = m_embedded ? QApplication::focusWidget() : focusWidget();
     if (current == &bridge->widget() || (current && bridge->widget().isAncestorOf(current))) return;
     const QScopedValueRollback ours(m_movingFocus, true);
     bridge->widget().setFocus(Qt::TabFocusReason); // an edit field selects its text

@@ -17,11 +17,20 @@ class DialogWindow : public QDialog {
     DialogWindow(CDialog& dialog, const TemplateLoader& loader, QWidget* owner);
     ~DialogWindow() override;
 
+    // The dialog may be gone from now on: the window leaves the screen and does nothing any more until it is
+    // deleted.
+    void retire();
+    // An embedded window is shown and placed by whoever holds it.
+    bool embedded() const { return m_embedded; }
+    void setVisible(bool visible) override;
+
     // Puts the window on screen, above the others, or takes it away without ending the dialog.
     void present();
     void getOutOfTheWay() { hide(); }
 
     void changed(CWnd& wnd, ui::Change change);
+    // Brings the keyboard's place of the dialog onto the screen.
+    void showFocus();
     CDialog& dialog() const { return m_dialog; }
     Bridge* bridgeOf(const CWnd& wnd) const;
     const std::vector<std::wstring>& problems() const { return m_problems; }
@@ -44,7 +53,6 @@ class DialogWindow : public QDialog {
     void build(const TemplateLoader& loader);
     void linkLabels();
     void showAll();
-    void showFocus();
     void showNamesLabelledBy(const CWnd& label);
     // The smallest size at which no text is cut off, and not below the dialog's own.
     QSize neededSize(int width) const;
@@ -58,6 +66,8 @@ class DialogWindow : public QDialog {
     CDialog& m_dialog;
     std::vector<std::unique_ptr<Bridge>> m_bridges;
     std::vector<std::wstring> m_problems;
+    const bool m_embedded;
+    bool m_retired = false;
     bool m_settingGeometry = false; // what happens now is ours, not a person's
     bool m_movingFocus = false;
     bool m_presented = false;

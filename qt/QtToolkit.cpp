@@ -11,27 +11,46 @@
 #include <QEventLoop>
 #include <QPixmap>
 #include <QPointer>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QThread>
 
 #include <algorithm>
 #include <atomic>
 #include <clocale>
+#include <utility>
 
 using tv::qt::DialogWindow;
 
 struct QtToolkit::Impl {
     tv::qt::TaskQueue tasks;
     tv::qt::TemplateLoader loader;
-    QPointer<QWidget> mainWindow;
+    QPointer<QWidget> mainWindow, home;
     std::vector<std::unique_ptr<DialogWindow>> windows; // of running dialogs, in the order they came up
-    std::atomic<bool> awake{true};                      // the driver may have something to do
+    std::vector<QPointer<DialogWindow>> modeless;       // a main window may delete those it holds
+    std::vector<QPointer<DialogWindow>> retired;        // to be deleted when none of their events is under way
+    int waits = 0;                                      // how many are within each other
+    QMetaObject::Connection focusWatched;
+    std::atomic<bool> awake{true}; // the driver may have something to do
     QThread* thread = QThread::currentThread();
 
     DialogWindow* windowOf(const CDialog* dialog) const {
         for (const auto& window : windows)
             if (&window->dialog() == dialog) return window.get();
+        for (const auto& window : modeless)
+            if (window && &window->dialog() == dialog) return window;
         return nullptr;
+    }
+    // The modeless window a widget belongs to, drop-down lists included.
+    CDialog* modelessOf(const QWidget* widget) const {
+        for (; widget; widget = widget->parentWidget())
+            for (const auto& window : modeless)
+                if (window == widget) return &window->dialog();
+        return nullptr;
+    }
+    void deleteRetired() {
+        for (const auto& window : std::exchange(retired, {}))
+            delete window.data();
     }
 
     // A topmost dialog that got out of the way takes those below along: their modality would block the drawing.
@@ -50,13 +69,24 @@ struct QtToolkit::Impl {
 QtToolkit::QtToolkit() : m(std::make_unique<Impl>()) {
     // QApplication takes the desktop's number format into the C library, where nobody here wants it.
     std::setlocale(LC_NUMERIC, "C");
+    m->focusWatched = QObject::connect(qApp, &QApplication::focusChanged, qApp, [this](QWidget*, QWidget* now) {
+        if (now && modalStack().empty()) wentTo(m->modelessOf(now));
+    });
 }
 
-QtToolkit::~QtToolkit() = default;
+QtToolkit::~QtToolkit() {
+    QObject::disconnect(m->focusWatched);
+    m->deleteRetired();
+    for (const auto& window : std::exchange(m->modeless, {}))
+        delete window.data();
+}
 
 void QtToolkit::addTemplatePath(const QString& path) { m->loader.addPath(path); }
 
-void QtToolkit::setMainWindow(QWidget* window) { m->mainWindow = window; }
+void QtToolkit::setMainWindow(QWidget* window, QWidget* home) {
+    m->mainWindow = window;
+    m->home = home;
+}
 
 std::chrono::milliseconds QtToolkit::now() const { return m->tasks.now(); }
 
@@ -66,8 +96,10 @@ void QtToolkit::schedule(std::chrono::milliseconds delay, std::shared_ptr<tv::ui
 
 void QtToolkit::wait(tv::ui::Waiting& waiting) {
     QEventLoop loop;
+    const QScopedValueRollback depth(m->waits, m->waits + 1);
     m->awake = true; // a new wait is news to the driver
     while (!waiting.done()) {
+        if (m->waits == 1) m->deleteRetired();
         loop.processEvents(QEventLoop::AllEvents);
         if (waiting.done()) break;
         if (m->tasks.due()) continue;
@@ -96,12 +128,35 @@ void QtToolkit::show(CDialog& dialog) {
     QWidget* owner = m->mainWindow;
     if (const CWnd* wnd = dialog.GetOwner())
         if (DialogWindow* window = m->windowOf(wnd->dialog())) owner = window;
+    if (dialog.modeless()) {
+        m->modeless.emplace_back(new DialogWindow(dialog, m->loader, owner));
+        if (!dialog.embedded() && dialog.shown()) m->modeless.back()->present();
+        return;
+    }
     if (owner == m->mainWindow && !m->windows.empty()) owner = m->windows.back().get();
     m->windows.push_back(std::make_unique<DialogWindow>(dialog, m->loader, owner));
     m->showWindows();
 }
 
+void QtToolkit::showActive(CDialog* dialog) {
+    if (DialogWindow* window = dialog ? m->windowOf(dialog) : nullptr) {
+        if (!window->isActiveWindow()) window->activateWindow();
+        window->showFocus();
+    } else if (m->mainWindow && !dialog) {
+        if (!m->mainWindow->isActiveWindow()) m->mainWindow->activateWindow();
+        if (m->home) m->home->setFocus(Qt::OtherFocusReason);
+    }
+}
+
 void QtToolkit::hide(CDialog& dialog) {
+    if (dialog.modeless()) {
+        DialogWindow* window = m->windowOf(&dialog);
+        if (!window) return;
+        std::erase(m->modeless, window);
+        m->retired.emplace_back(window);
+        window->retire();
+        return;
+    }
     const auto at = std::find_if(m->windows.begin(), m->windows.end(),
                                  [&](const auto& window) { return &window->dialog() == &dialog; });
     if (at == m->windows.end()) return;
@@ -117,6 +172,9 @@ void QtToolkit::changed(CWnd& wnd, tv::ui::Change change) {
     DialogWindow* window = m->windowOf(wnd.dialog());
     if (!window) return;
     window->changed(wnd, change);
+    if (change == tv::ui::Change::visible && static_cast<CWnd*>(wnd.dialog()) == &wnd &&
+        wnd.dialog()->modeless())
+        return wnd.dialog()->embedded() || !wnd.shown() ? window->setVisible(wnd.shown()) : window->present();
     if (change == tv::ui::Change::visible && wnd.kind() == tv::ui::ControlKind::dialog) m->showWindows();
 }
 

@@ -24,14 +24,17 @@ class KXGUIQT_EXPORT QtToolkit : public tv::ui::Toolkit {
     // Where Designer files are looked for before the library's own: a folder, or a resource path (":/myhost").
     // The path added last is searched first.
     void addTemplatePath(const QString& path);
-    // The window dialogs without an owner stand above; not owned, may be null.
-    void setMainWindow(QWidget* window);
+    // The window dialogs without an owner stand above, and its widget that gets the keyboard when a bar or a
+    // modeless window gives it back; not owned, may be null.
+    void setMainWindow(QWidget* window, QWidget* home = nullptr);
 
     // Saves a picture of the topmost dialog, or of the main window when there is none. False when there is
     // nothing to show or the file can't be written; the file's ending decides the format.
     bool screenshot(const std::filesystem::path& file) const;
 
-    // The native window of a dialog on screen and the widget of one of its controls; null when there is none.
+    // The native window of a dialog and the widget of one of its controls; null when there is none. The window
+    // of a bar (CDialog::embedded) has no place of its own: the main window takes it into one of its layouts.
+    // It goes with the bar.
     QWidget* windowOf(const CDialog& dialog) const;
     QWidget* widgetOf(const CWnd& control) const;
     // What does not fit between a dialog on screen and its Designer file, one sentence each: controls without
@@ -51,6 +54,7 @@ class KXGUIQT_EXPORT QtToolkit : public tv::ui::Toolkit {
     void wake() override;
 
   protected:
+    void showActive(CDialog* dialog) override;
     void schedule(std::chrono::milliseconds delay, std::shared_ptr<tv::ui::Timer::Task> task) override;
 
   private:

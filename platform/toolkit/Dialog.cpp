@@ -49,23 +49,46 @@ CDialog::CDialog(unsigned templateId, CWnd* owner) : CWnd(owner), m_templateId(t
     m_sizingFrame = found->sizingFrame;
 }
 
-CDialog::~CDialog() = default;
+CDialog::~CDialog() {
+    if (Toolkit* toolkit = Toolkit::current(); toolkit && m_modeless) toolkit->removeModeless(*this);
+}
 
 int CDialog::DoModal() {
     Toolkit* toolkit = Toolkit::current();
     if (!toolkit || m_created || !create()) return -1;
+    initialise();
+    if (!m_endCode) toolkit->runModal(*this);
+    const int code = m_endCode.value_or(IDCANCEL);
+    destroy();
+    return code;
+}
+
+bool CDialog::Create() {
+    Toolkit* toolkit = Toolkit::current();
+    if (!toolkit || m_created || !create()) return false;
+    m_modeless = true;
+    initialise();
+    if (m_endCode)
+        destroy();
+    else
+        toolkit->addModeless(*this);
+    return m_created;
+}
+
+void CDialog::DestroyWindow() {
+    if (!m_modeless) return EndDialog(IDCANCEL);
+    if (Toolkit* toolkit = Toolkit::current()) toolkit->removeModeless(*this);
+    destroy();
+}
+
+void CDialog::initialise() {
     m_running = true;
     forEachControl(*this, [](CWnd& wnd) {
         if (wnd.kind() == ControlKind::page) static_cast<CPage&>(wnd).OnInitDialog();
     });
     const bool wantsFocus = OnInitDialog() != 0;
-    if (wantsFocus && !m_focus) {
-        if (const auto order = tabOrder(); !order.empty()) moveFocusTo(order.front(), false);
-    }
-    if (!m_endCode) toolkit->runModal(*this);
-    const int code = m_endCode.value_or(IDCANCEL);
-    destroy();
-    return code;
+    if (!wantsFocus || m_focus || embedded()) return;
+    if (const auto order = tabOrder(); !order.empty()) moveFocusTo(order.front(), false);
 }
 
 bool CDialog::create() {
@@ -75,8 +98,8 @@ bool CDialog::create() {
     m_created = true;
     const CSize size = tv::ui::dialogUnitsToPixels(found->units);
     // Above the middle of its owner, else of the screen.
-    const CRect area = m_owner && m_owner->dialog() ? m_owner->dialog()->GetWindowRect()
-                                                    : Toolkit::current()->workArea();
+    const CRect area =
+        m_owner && m_owner->dialog() ? m_owner->dialog()->GetWindowRect() : Toolkit::current()->workArea();
     const int left = area.left + (area.Width() - size.cx) / 2;
     const int top = area.top + (area.Height() - size.cy) / 2;
     m_rect = {left, top, left + size.cx, top + size.cy};
@@ -86,7 +109,7 @@ bool CDialog::create() {
 
 void CDialog::destroy() {
     OnDestroy();
-    m_created = m_running = false;
+    m_created = m_running = m_modeless = false;
     m_focus = nullptr;
     m_timers.clear();
     forEachControl(*this, [](CWnd& wnd) { wnd.m_timers.clear(); });
@@ -105,7 +128,14 @@ void CDialog::layOutControls() {
 }
 
 void CDialog::EndDialog(int code) {
-    if (m_running && !m_endCode) m_endCode = code;
+    if (!m_running || m_endCode) return;
+    m_endCode = code;
+    if (!m_modeless) return;
+    // Whoever ends it is one of its own handlers, and the face's are under way, too.
+    if (Toolkit* toolkit = Toolkit::current())
+        toolkit->postDetached([this, alive = std::weak_ptr<int>(m_lifetime)] {
+            if (alive.lock() && m_modeless && m_endCode) DestroyWindow();
+        });
 }
 
 void CDialog::MoveWindow(const CRect& rect) {
@@ -138,6 +168,14 @@ CButton* CDialog::defaultButton() const {
     return ok && ok->kind() == ControlKind::button ? static_cast<CButton*>(ok) : nullptr;
 }
 
+void CDialog::keyboardCame() {
+    if (m_focus) m_focus->OnSetFocus();
+}
+
+void CDialog::keyboardWent() {
+    if (m_focus) m_focus->OnKillFocus();
+}
+
 void CDialog::moveFocusTo(CWnd* wnd, bool byUser) {
     if (m_focus == wnd) return;
     CWnd* old = m_focus;
@@ -155,7 +193,8 @@ std::vector<CWnd*> CDialog::tabOrder() const {
         if (!wnd.focusable() || !wnd.IsWindowVisible() || !enabledWithParents(wnd)) return;
         if (wnd.kind() == ControlKind::radioButton) {
             const auto members = static_cast<CRadioButton&>(wnd).groupMembers();
-            const auto checked = std::find_if(members.begin(), members.end(), [](auto* b) { return b->GetCheck(); });
+            const auto checked =
+                std::find_if(members.begin(), members.end(), [](auto* b) { return b->GetCheck(); });
             if (&wnd != (checked == members.end() ? members.front() : *checked)) return;
         }
         order.push_back(&wnd);
@@ -173,12 +212,19 @@ bool CDialog::focusNext(bool backwards) {
     return true;
 }
 
-bool CDialog::pressMnemonic(wchar_t ch) {
+std::vector<CWnd*> CDialog::controlsOf(wchar_t mnemonic) const {
     std::vector<CWnd*> matches;
     forEachControl(*this, [&](CWnd& wnd) {
-        if (wnd.focusable() && wnd.IsWindowVisible() && enabledWithParents(wnd) && wnd.mnemonic() == ch)
+        if (wnd.focusable() && wnd.IsWindowVisible() && enabledWithParents(wnd) && wnd.mnemonic() == mnemonic)
             matches.push_back(&wnd);
     });
+    return matches;
+}
+
+bool CDialog::hasMnemonic(wchar_t ch) const { return !controlsOf(ch).empty(); }
+
+bool CDialog::pressMnemonic(wchar_t ch) {
+    const std::vector<CWnd*> matches = controlsOf(ch);
     if (matches.empty()) return false;
     // The same letter on several controls goes round among them.
     const auto at = std::find(matches.begin(), matches.end(), m_focus);
@@ -198,7 +244,8 @@ bool CDialog::dialogKey(const KeyEvent& key) {
     if (PreTranslateMessage(key)) return true;
     switch (key.key) {
     case Key::enter:
-        if (m_focus && m_focus->kind() == ControlKind::edit && static_cast<CEdit*>(m_focus)->multiLine() && !key.ctrl)
+        if (m_focus && m_focus->kind() == ControlKind::edit && static_cast<CEdit*>(m_focus)->multiLine() &&
+            !key.ctrl)
             return false;
         if (isButtonKind(m_focus)) {
             (void)static_cast<CButton*>(m_focus)->userClick();
@@ -220,24 +267,28 @@ bool CDialog::dialogKey(const KeyEvent& key) {
                 if (child->kind() == ControlKind::tab) {
                     auto* tab = static_cast<CTabCtrl*>(child);
                     const int count = tab->GetItemCount();
-                    if (count > 0) (void)tab->userChoose((tab->GetCurSel() + (key.shift ? count - 1 : 1)) % count);
+                    if (count > 0)
+                        (void)tab->userChoose((tab->GetCurSel() + (key.shift ? count - 1 : 1)) % count);
                     return true;
                 }
         }
         return focusNext(key.shift);
-    case Key::f1: return OnHelpInfo();
+    case Key::f1:
+        return OnHelpInfo();
     case Key::character:
         if (key.ctrl) return false;
         if (key.alt) return pressMnemonic(key.ch);
         if (isButtonKind(m_focus) || dynamic_cast<CButton*>(m_focus))
             return pressMnemonic(tv::ui::parseKey(std::wstring(L"Alt+") + key.ch).ch);
         return false;
-    default: return false;
+    default:
+        return false;
     }
 }
 
 UserResult CDialog::userKey(const KeyEvent& key) {
     if (auto r = acceptsUser(); !r) return r;
+    if (m_modeless) Toolkit::current()->activate(this);
     if (!dialogKey(key) && m_focus && running()) m_focus->controlKey(key);
     return UserResult::done();
 }
@@ -269,8 +320,11 @@ UserResult CDialog::userMove(CPoint topLeft) {
 
 UserResult CDialog::perform(const tv::ui::UserAction& action) {
     switch (action.kind) {
-    case tv::ui::UserAction::Kind::key: return userKey(action.keyEvent);
-    case tv::ui::UserAction::Kind::closeBox: return userClose();
-    default: return CWnd::perform(action);
+    case tv::ui::UserAction::Kind::key:
+        return userKey(action.keyEvent);
+    case tv::ui::UserAction::Kind::closeBox:
+        return userClose();
+    default:
+        return CWnd::perform(action);
     }
 }

@@ -7,12 +7,23 @@
 class CButton;
 
 // End codes and standard button results.
-enum : int { IDOK = 1, IDCANCEL = 2, IDABORT = 3, IDRETRY = 4, IDIGNORE = 5, IDYES = 6, IDNO = 7, IDCLOSE = 8, IDHELP = 9 };
+enum : int {
+    IDOK = 1,
+    IDCANCEL = 2,
+    IDABORT = 3,
+    IDRETRY = 4,
+    IDIGNORE = 5,
+    IDYES = 6,
+    IDNO = 7,
+    IDCLOSE = 8,
+    IDHELP = 9
+};
 
 // What a point of a window's outer rectangle belongs to.
 enum class HitTest { client, caption, left, right, top, bottom, topLeft, topRight, bottomLeft, bottomRight };
 
-// A modal dialog made from a template of a loaded module (tv::ui::ModuleChain).
+// A dialog made from a template of a loaded module (tv::ui::ModuleChain): modal with DoModal, or with Create
+// one that stays while the program goes on.
 class KXPLATFORM_EXPORT CDialog : public CWnd {
   public:
     // `owner` is the window it stands above; null: the program's main window.
@@ -24,10 +35,20 @@ class KXPLATFORM_EXPORT CDialog : public CWnd {
     const std::string& templateName() const { return name(); }
     CWnd* GetOwner() const { return m_owner; }
 
-    // Creates the window, runs it until EndDialog and returns the end code; -1 when the template is not found in any
-    // loaded module or no toolkit is there to show it.
+    // Creates the window, runs it until EndDialog and returns the end code; -1 when the template is not found
+    // in any loaded module or no toolkit is there to show it.
     virtual int DoModal();
-    // Ends the run. Ignored when the dialog is not running or has ended already: the first end counts.
+    // Creates the window and shows it; it stays until DestroyWindow, or until the window it belongs to is gone.
+    // False when DoModal would answer -1, or when OnInitDialog has ended it.
+    virtual bool Create();
+    // Takes a window made with Create away. The object stays and can create its window again. A class with
+    // OnDestroy of its own calls this in its destructor.
+    void DestroyWindow();
+    bool modeless() const { return m_modeless; }
+    // The window stands within the program's main window, which places it; it has no frame and no title bar.
+    virtual bool embedded() const { return false; }
+    // Ends the run. Ignored when the dialog is not running or has ended already: the first end counts. A window
+    // made with Create is taken away when everything under way has finished.
     void EndDialog(int code);
     bool running() const { return m_running && !m_endCode; }
     bool created() const { return m_created; }
@@ -44,8 +65,9 @@ class KXPLATFORM_EXPORT CDialog : public CWnd {
     void SetDefaultButton(CButton& button);
     CButton* defaultButton() const;
 
-    // --- called by the toolkit ------------------------------------------------------------------------------------
-    // Returns nonzero when the toolkit should set the first focus.
+    // --- called by the toolkit
+    // ------------------------------------------------------------------------------------ Returns nonzero when
+    // the toolkit should set the first focus.
     virtual int OnInitDialog() { return 1; }
     virtual void OnOK() { EndDialog(IDOK); }
     virtual void OnCancel() { EndDialog(IDCANCEL); }
@@ -59,26 +81,31 @@ class KXPLATFORM_EXPORT CDialog : public CWnd {
     virtual void OnImeComposing(bool) {}
     // The cursor over the dialog is the text cursor for now.
     virtual bool wantsTextCursor() const { return false; }
-    // The hint for an area of the client rectangle that belongs to no control with a hint of its own; empty: none.
+    // The hint for an area of the client rectangle that belongs to no control with a hint of its own; empty:
+    // none.
     virtual std::wstring toolTipAt(CPoint) { return {}; }
     // sizeMessage arrives as OnSize with the present size.
     std::intptr_t WindowProc(unsigned message, std::uintptr_t wParam, std::intptr_t lParam) override;
     static constexpr unsigned sizeMessage = 0x0005;
 
-    // --- the user path --------------------------------------------------------------------------------------------
+    // --- the user path
+    // --------------------------------------------------------------------------------------------
     tv::ui::UserResult perform(const tv::ui::UserAction& action) override;
     // The close box of the title bar.
     tv::ui::UserResult userClose();
     // Any key pressed while the dialog is topmost.
     tv::ui::UserResult userKey(const tv::ui::KeyEvent& key);
-    // The part of userKey that is the dialog's (Enter, Escape, Tab, mnemonics, F1); true when it was used. A face whose
-    // widgets handle the other keys themselves calls this first.
+    // Whether Alt with this letter (upper case) leads to one of the controls.
+    bool hasMnemonic(wchar_t ch) const;
+    // The part of userKey that is the dialog's (Enter, Escape, Tab, mnemonics, F1); true when it was used. A
+    // face whose widgets handle the other keys themselves calls this first.
     bool dialogKey(const tv::ui::KeyEvent& key);
     // A person dragged the frame; never below the minimum size.
     tv::ui::UserResult userResize(CSize size);
     tv::ui::UserResult userMove(CPoint topLeft);
 
-    // Controls Tab goes through, in their order: focusable, visible, enabled; of a radio group the checked button.
+    // Controls Tab goes through, in their order: focusable, visible, enabled; of a radio group the checked
+    // button.
     std::vector<CWnd*> tabOrder() const;
 
   protected:
@@ -86,6 +113,11 @@ class KXPLATFORM_EXPORT CDialog : public CWnd {
     virtual void OnPlacedByUser(bool /*resized*/) {}
     // The run is over; the controls still have what the person left in them.
     virtual void OnDestroy() {}
+    // The keyboard came to this modeless window or went to another one.
+    virtual void keyboardCame();
+    virtual void keyboardWent();
+    // No control has the focus any more; nothing is told but the face.
+    void ClearFocus() { moveFocusTo(nullptr, false); }
     void SetMinimum(CSize size) { m_minimum = size; }
     void SetSizingFrame(bool sizing) { m_sizingFrame = sizing; }
 
@@ -93,7 +125,9 @@ class KXPLATFORM_EXPORT CDialog : public CWnd {
     friend class CWnd;
     friend class tv::ui::Toolkit;
     bool create();
+    void initialise();
     void destroy();
+    std::vector<CWnd*> controlsOf(wchar_t mnemonic) const;
     void layOutControls();
     void moveFocusTo(CWnd* wnd, bool byUser);
     bool focusNext(bool backwards);
@@ -105,7 +139,7 @@ class KXPLATFORM_EXPORT CDialog : public CWnd {
     CButton* m_default = nullptr;
     CSize m_minimum;
     bool m_sizingFrame = false;
-    bool m_created = false, m_running = false;
+    bool m_created = false, m_running = false, m_modeless = false;
     std::optional<int> m_endCode;
     double m_opacity = 1.0;
 };

@@ -50,8 +50,58 @@ void Toolkit::runModal(CDialog& dialog) {
     waiting.dialog = &dialog;
     waiting.done = [&dialog] { return !dialog.running(); };
     wait(waiting);
+    destroyOwnedBy(dialog);
     hide(dialog);
     std::erase(m_modal, &dialog);
+}
+
+void Toolkit::addModeless(CDialog& dialog) {
+    m_modeless.push_back(&dialog);
+    show(dialog);
+    if (!dialog.embedded()) activate(&dialog);
+}
+
+void Toolkit::removeModeless(CDialog& dialog) {
+    if (std::find(m_modeless.begin(), m_modeless.end(), &dialog) == m_modeless.end()) return;
+    destroyOwnedBy(dialog);
+    const bool had = m_active == &dialog;
+    if (had) m_active = nullptr;
+    hide(dialog);
+    std::erase(m_modeless, &dialog);
+    if (had && m_modal.empty()) showActive(nullptr);
+}
+
+void Toolkit::destroyOwnedBy(const CDialog& owner) {
+    const auto owned = [&](const CDialog* dialog) {
+        return dialog->GetOwner() && dialog->GetOwner()->dialog() == &owner;
+    };
+    for (auto at = m_modeless.begin();
+         (at = std::find_if(m_modeless.begin(), m_modeless.end(), owned)) != m_modeless.end();
+         at = m_modeless.begin())
+        (*at)->DestroyWindow();
+}
+
+bool Toolkit::reachable(const CDialog& dialog) const {
+    if (!dialog.modeless()) return topmost() == &dialog;
+    if (m_modal.empty()) return true;
+    for (const CWnd* owner = dialog.GetOwner(); owner; owner = owner->dialog()->GetOwner())
+        if (owner->dialog() == topmost()) return true;
+    return false;
+}
+
+CDialog* Toolkit::active() const { return m_modal.empty() ? m_active : topmost(); }
+
+void Toolkit::wentTo(CDialog* dialog) {
+    CDialog* const before = std::exchange(m_active, dialog);
+    if (before == dialog) return;
+    if (before) before->keyboardWent();
+    if (dialog && m_active == dialog) dialog->keyboardCame();
+}
+
+void Toolkit::activate(CDialog* dialog) {
+    if (!m_modal.empty() && !(dialog && reachable(*dialog))) return;
+    wentTo(dialog);
+    if (m_active == dialog) showActive(dialog);
 }
 
 CDialog* Toolkit::topmost() const {

@@ -16,7 +16,20 @@ class CDialog;
 namespace tv::ui {
 
 // What changed in a window, for the face that shows it.
-enum class Change { text, enabled, visible, rect, items, selection, checked, focus, tooltip, look, label, editing };
+enum class Change {
+    text,
+    enabled,
+    visible,
+    rect,
+    items,
+    selection,
+    checked,
+    focus,
+    tooltip,
+    look,
+    label,
+    editing
+};
 
 // A piece of work that waits for its time. Destroying or re-arming the handle cancels it.
 class KXPLATFORM_EXPORT Timer {
@@ -41,27 +54,28 @@ class KXPLATFORM_EXPORT Timer {
 
 // The program waits for a person: in a modal window, for a point in the drawing, or for the next command.
 struct Waiting {
-    CDialog* dialog = nullptr;                           // the modal window, null for the other two
-    std::wstring prompt;                                 // what is asked for, when not a window
-    std::function<bool()> done;                          // true ends the wait
-    std::function<UserResult(const UserAction&)> supply; // answers a request other than a window's; may be empty
+    CDialog* dialog = nullptr;  // the modal window, null for the other two
+    std::wstring prompt;        // what is asked for, when not a window
+    std::function<bool()> done; // true ends the wait
+    std::function<UserResult(const UserAction&)>
+        supply; // answers a request other than a window's; may be empty
 };
 
-// Whoever decides what happens next while the program waits: a test's simulated user or an automation pipe. Without one
-// the face waits for the person in front of it.
+// Whoever decides what happens next while the program waits: a test's simulated user or an automation pipe.
+// Without one the face waits for the person in front of it.
 class KXPLATFORM_EXPORT Driver {
   public:
     virtual ~Driver() = default;
-    // Called when nothing else is due. Returns false when it has nothing to do for now (a face with an event loop then
-    // sleeps until Toolkit::wake; the headless face treats it as a lost user and ends the wait).
+    // Called when nothing else is due. Returns false when it has nothing to do for now (a face with an event
+    // loop then sleeps until Toolkit::wake; the headless face treats it as a lost user and ends the wait).
     virtual bool step(Waiting& waiting) = 0;
     // The wait can never end: nobody is there to act. Called by the headless face before it ends the window.
     virtual void lost(Waiting& waiting) = 0;
 };
 
-// The seam between windows and whatever shows them. Windows own their state; a face observes it through `changed` and
-// reports a person's actions through the windows' user path. One toolkit is current at a time; the newest one made
-// takes over and its destruction gives the place back.
+// The seam between windows and whatever shows them. Windows own their state; a face observes it through
+// `changed` and reports a person's actions through the windows' user path. One toolkit is current at a time;
+// the newest one made takes over and its destruction gives the place back.
 class KXPLATFORM_EXPORT Toolkit {
   public:
     Toolkit();
@@ -71,16 +85,20 @@ class KXPLATFORM_EXPORT Toolkit {
 
     static Toolkit* current();
 
-    // --- time -----------------------------------------------------------------------------------------------------
+    // --- time
+    // -----------------------------------------------------------------------------------------------------
     [[nodiscard]] Timer after(std::chrono::milliseconds delay, std::function<void()> work);
     // Runs after everything already posted, never inside the event that asked for it.
-    [[nodiscard]] Timer post(std::function<void()> work) { return after(std::chrono::milliseconds(0), std::move(work)); }
+    [[nodiscard]] Timer post(std::function<void()> work) {
+        return after(std::chrono::milliseconds(0), std::move(work));
+    }
     // As post, for work that outlives its asker.
     void postDetached(std::function<void()> work);
     virtual std::chrono::milliseconds now() const = 0;
 
-    // --- windows --------------------------------------------------------------------------------------------------
-    // Shows `dialog` above all others and returns when it has ended.
+    // --- windows
+    // -------------------------------------------------------------------------------------------------- Shows
+    // `dialog` above all others and returns when it has ended.
     void runModal(CDialog& dialog);
     // Runs the loop until waiting.done().
     virtual void wait(Waiting& waiting) = 0;
@@ -88,15 +106,28 @@ class KXPLATFORM_EXPORT Toolkit {
     const std::vector<CDialog*>& modalStack() const { return m_modal; }
     // The window a person can act on: the topmost one, null when there is none or it is hidden.
     CDialog* topmost() const;
+    // The windows that stay while the program goes on, in the order they came up.
+    const std::vector<CDialog*>& modelessWindows() const { return m_modeless; }
+    // Whether no other window keeps a person from this one: a modal window keeps him from all below it and from
+    // every modeless window that does not belong to it.
+    bool reachable(const CDialog& dialog) const;
+    // The window that has the keyboard: the topmost modal one, else a modeless one; null: the program's main
+    // window.
+    CDialog* active() const;
+    // Gives the keyboard to a modeless window, or with null back to the main window. Nothing happens while a
+    // modal window is open.
+    void activate(CDialog* dialog);
     // Where windows may be placed.
     virtual CRect workArea() const { return {0, 0, 1920, 1040}; }
 
-    // --- told by windows ------------------------------------------------------------------------------------------
+    // --- told by windows
+    // ------------------------------------------------------------------------------------------
     virtual void changed(CWnd& wnd, Change change) = 0;
     virtual void show(CDialog& dialog) = 0;
     virtual void hide(CDialog& dialog) = 0;
 
-    // --- the rest of the desk -------------------------------------------------------------------------------------
+    // --- the rest of the desk
+    // -------------------------------------------------------------------------------------
     virtual void setClipboardText(const std::wstring& text) = 0;
     virtual std::wstring clipboardText() const = 0;
     virtual const char* name() const = 0; // "headless" or "qt"
@@ -107,11 +138,22 @@ class KXPLATFORM_EXPORT Toolkit {
     virtual void wake() {}
 
   protected:
+    // A person went to another window, which is the present one already on screen. `dialog` is modeless, null:
+    // the main window.
+    void wentTo(CDialog* dialog);
+    // The keyboard shall go there on screen, too.
+    virtual void showActive(CDialog* /*dialog*/) {}
     virtual void schedule(std::chrono::milliseconds delay, std::shared_ptr<Timer::Task> task) = 0;
 
   private:
+    friend class ::CDialog;
+    void addModeless(CDialog& dialog);
+    void removeModeless(CDialog& dialog);
+    void destroyOwnedBy(const CDialog& owner);
+
     Toolkit* m_previous;
-    std::vector<CDialog*> m_modal;
+    std::vector<CDialog*> m_modal, m_modeless;
+    CDialog* m_active = nullptr; // one of m_modeless
     Driver* m_driver = nullptr;
 };
 

@@ -203,7 +203,7 @@ UserResult CWnd::acceptsUser() const {
     const Toolkit* toolkit = Toolkit::current();
     if (!owner || !owner->running() || !toolkit)
         return refuse(VORD_ResourceString("IDS_TAVO_UI_NOT_ON_SCREEN", L"화면에 없습니다."));
-    if (toolkit->topmost() != owner)
+    if (!toolkit->reachable(*owner))
         return refuse(VORD_ResourceString("IDS_TAVO_UI_COVERED", L"다른 대화상자가 열려 있습니다."));
     for (const CWnd* wnd = this; wnd; wnd = wnd->m_parent) {
         if (!wnd->m_visible) return refuse(VORD_ResourceString("IDS_TAVO_UI_HIDDEN", L"숨겨져 있습니다."));
@@ -217,7 +217,10 @@ UserResult CWnd::refuse(std::wstring_view why) const {
 }
 
 void CWnd::takeFocus() {
-    if (CDialog* owner = dialog(); owner && focusable()) owner->moveFocusTo(this, true);
+    CDialog* owner = dialog();
+    if (!owner || !focusable()) return;
+    if (Toolkit* toolkit = Toolkit::current(); toolkit && owner->modeless()) toolkit->activate(owner);
+    owner->moveFocusTo(this, true);
 }
 
 UserResult CWnd::userFocus() {
@@ -244,7 +247,8 @@ void CWnd::describe(tv::ui::ControlSnapshot& out) const {
     out.enabled = true;
     for (const CWnd* wnd = this; wnd; wnd = wnd->m_parent) out.enabled = out.enabled && wnd->m_enabled;
     if (const CDialog* owner = dialog()) {
-        out.focused = owner->GetFocus() == this;
+        const Toolkit* toolkit = Toolkit::current();
+        out.focused = owner->GetFocus() == this && (!owner->modeless() || (toolkit && toolkit->active() == owner));
         out.isDefault = owner->defaultButton() == this;
     }
 }

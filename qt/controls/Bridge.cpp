@@ -25,7 +25,13 @@ void Bridge::refresh() {
         changed(change);
 }
 
+void Bridge::retire() {
+    m_retired = true;
+    m_widget.disconnect(this);
+}
+
 void Bridge::changed(ui::Change change) {
+    if (m_retired) return;
     const QSignalBlocker quiet(m_widget);
     const QScopedValueRollback showing(m_showing, true);
     showOne(change);

@@ -33,6 +33,8 @@ class Bridge : public QObject {
     // Shows everything of the control's state but its items, which only dialog code changes.
     void refresh();
     void changed(ui::Change change);
+    // The control may be gone from now on: nothing is shown or reported any more.
+    void retire();
     // A key the dialog did not take, before the widget gets it; true swallows it.
     virtual bool key(const ui::KeyEvent&) { return false; }
 
@@ -46,7 +48,7 @@ class Bridge : public QObject {
     // Carries out what a person did and shows what became of it.
     template <class Action>
     void user(const Action& action) {
-        if (m_showing) return;
+        if (m_showing || m_retired) return;
         (void)action();
         refresh();
     }
@@ -56,7 +58,7 @@ class Bridge : public QObject {
     void showOne(ui::Change change);
     CWnd& m_wnd;
     QWidget& m_widget;
-    bool m_showing = false;
+    bool m_showing = false, m_retired = false;
 };
 
 } // namespace tv::qt

@@ -10,8 +10,10 @@
 #include "tests/support/QtApp.h"
 
 #include <QFocusEvent>
+#include <QLineEdit>
 #include <QTest>
 #include <QTimer>
+#include <QVBoxLayout>
 #endif
 
 // A face under test: its toolkit, the hand that acts in it, and how its time passes.
@@ -21,6 +23,9 @@ struct HeadlessFace {
     void pass(std::chrono::milliseconds time) { toolkit.advance(time); }
     // What the face shows of a control's text, enabled and visible state must be what the control says.
     void expectShown(const CDialog&) {}
+    // A main window that holds the bar.
+    int hold(const CDialog&) { return 0; }
+    bool homeHasKeyboard(int) const { return !toolkit.active(); }
 };
 
 #ifdef KX_WITH_QT
@@ -48,6 +53,23 @@ struct QtFace {
             }
             expectShownBelow(*wnd);
         }
+    }
+
+    std::unique_ptr<QWidget> hold(const CDialog& bar) {
+        auto window = std::make_unique<QWidget>();
+        auto* layout = new QVBoxLayout(window.get());
+        auto* home = new QLineEdit(window.get());
+        layout->addWidget(toolkit.windowOf(bar));
+        layout->addWidget(home);
+        toolkit.setMainWindow(window.get(), home);
+        window->show();
+        window->activateWindow();
+        home->setFocus();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        return window;
+    }
+    bool homeHasKeyboard(const std::unique_ptr<QWidget>& window) const {
+        return window->findChild<QLineEdit*>(QString(), Qt::FindDirectChildrenOnly)->hasFocus();
     }
 
     QApplication& app = qtApp();

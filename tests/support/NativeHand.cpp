@@ -306,7 +306,7 @@ UserResult NativeHand::act(CWnd& wnd, const UserAction& action) {
     CDialog* dialog = wnd.dialog();
     QWidget* widget =
         static_cast<CWnd*>(dialog) == &wnd ? m_toolkit.windowOf(*dialog) : m_toolkit.widgetOf(wnd);
-    const bool reachable = widget && widget->isEnabled() && m_toolkit.topmost() == dialog;
+    const bool reachable = widget && widget->isEnabled() && m_toolkit.reachable(*dialog) && dialog->running();
     // Where a hidden widget would be, others are.
     const bool sent = widget && widget->isVisible() && send(wnd, *widget, action);
     return reachable && sent ? UserResult::done() : wnd.perform(action);
