@@ -5,8 +5,9 @@
   check_messages.py [--root FOLDER] --list   all keys with their default texts as JSON
 
 A text is asked for by VORD_ResourceString("KEY", L"default") or GetVal(L"TEMPLATE", L"CONTROL", L"default"), both with
-literals. A framework dialog also asks for the texts of its own controls by template and control name: entries in
-[TEMPLATE] sections are in use when both names stand in the sources as literals (CAPTION is the window title).
+literals, or stands as {"KEY", L"default"} in an array of TableText. A framework dialog also asks for the texts of its own
+controls by template and control name: entries in [TEMPLATE] sections are in use when both names stand in the sources as
+literals (CAPTION is the window title).
 """
 import argparse
 import json
@@ -57,16 +58,31 @@ def tokens(source):
     return out
 
 
-def literal_arguments(items, at, count):
-    """The literals of a call whose opening bracket is items[at], or None when it has others."""
+def literal_arguments(items, at, count, close=")"):
+    """The literals of a call or row whose opening bracket is items[at], or None when it has others."""
     values = []
     for number in range(count):
-        end = ")" if number == count - 1 else ","
+        end = close if number == count - 1 else ","
         pair = items[at + 1 + 2 * number: at + 3 + 2 * number]
         if len(pair) < 2 or pair[0][0] != "text" or pair[1][1] != end or pair[1][0] == "text":
             return None
         values.append(pair[0][1])
     return values
+
+
+def table_rows(items, at):
+    """(line, [key, default]) for each row of the array `TableText name[] = {...}` whose type is items[at]; None instead
+    of the pair where a row has others than literals. Nothing when it is no such array."""
+    if [value for _, value, _ in items[at + 2:at + 6]] != ["[", "]", "=", "{"]:
+        return []
+    rows = []
+    at += 6
+    while at < len(items) and items[at][1] == "{":
+        rows.append((items[at][2], literal_arguments(items, at, 2, "}")))
+        while at < len(items) and (items[at][1] != "}" or items[at][0] == "text"):
+            at += 1
+        at += 2 if at + 1 < len(items) and items[at + 1][1] == "," else 1
+    return rows
 
 
 class Sources:
@@ -84,6 +100,9 @@ class Sources:
         self.literals.update(value for kind, value, _ in items if kind == "text")
         own = name.startswith("platform/text/")  # where the two are declared
         for at, (kind, value, line) in enumerate(items):
+            if kind == "name" and value == "TableText":
+                for place, row in table_rows(items, at):
+                    self.add(row and ["", *row], f"{name}:{place}", needed=True)
             if kind != "name" or value not in ("VORD_ResourceString", "GetVal"):
                 continue
             opening = at + 1
@@ -93,13 +112,15 @@ class Sources:
                 continue
             if value == "VORD_ResourceString":
                 found = literal_arguments(items, opening, 2)
-                if found is None and not own:
-                    self.faults.append(f"{name}:{line}: key and default text must be literals")
-                found = found and ["", *found]
+                self.add(found and ["", *found], f"{name}:{line}", needed=not own)
             else:
-                found = literal_arguments(items, opening, 3)
-            if found:
-                self.texts.setdefault((found[0], found[1]), {}).setdefault(found[2], f"{name}:{line}")
+                self.add(literal_arguments(items, opening, 3), f"{name}:{line}", needed=False)
+
+    def add(self, found, place, needed):
+        if found:
+            self.texts.setdefault((found[0], found[1]), {}).setdefault(found[2], place)
+        elif needed:
+            self.faults.append(f"{place}: key and default text must be literals")
 
 
 class MessageFile:

@@ -21,3 +21,16 @@ class KXPLATFORM_EXPORT VORD_ResourceString {
   private:
     const wchar_t* m_text;
 };
+
+namespace tv::text {
+
+// A text that a table holds and looks up each time it is shown, so that it follows the language:
+// `constexpr TableText kNames[] = {{"IDS_...", L"기본 텍스트"}, ...};`
+struct TableText {
+    const char* key;
+    const wchar_t* defaultText;
+
+    const wchar_t* text() const { return VORD_ResourceString(key, defaultText).c_str(); }
+};
+
+} // namespace tv::text

@@ -23,14 +23,14 @@ ENGLISH = KOREAN.replace("열기", "Open").replace("예", "Yes").replace("확인
 
 
 class CheckMessages(unittest.TestCase):
-    def check(self, english=ENGLISH, korean=KOREAN, source=SOURCE):
+    def check(self, english=ENGLISH, korean=KOREAN, source=SOURCE, others=""):
         with tempfile.TemporaryDirectory() as folder:
             root = Path(folder)
             for name in (*check_messages.ROOMS, "messages"):
                 (root / name).mkdir()
             (root / "kxgui" / "A.cpp").write_text(source, encoding="utf-8")
             for suffix in check_messages.SUFFIXES:
-                content = {"_kr": korean, "_en": english}.get(suffix, ENGLISH)
+                content = {"_kr": korean, "_en": english}.get(suffix, others + ENGLISH)
                 if content is not None:
                     (root / "messages" / f"kxgui{suffix}.ini").write_bytes(content.encode("utf-8"))
             self.list = check_messages.listing(root)
@@ -69,6 +69,17 @@ class CheckMessages(unittest.TestCase):
         self.assertEqual(faults, [])
         self.assertEqual(len(warnings), 1)
         self.fails("must be literals", source=SOURCE + 'f(VORD_ResourceString("B", x ? L"네" : L"예"));')
+
+    def test_rows_of_a_table(self):
+        table = 'constexpr text::TableText kRows[] = {\n {"R1", L"하" L"나"}, // {"R9", L"no"}\n {"R2", L"둘"},};\n'
+        rows = "R1 = 하나\nR2 = 둘\n"
+        with_rows = {"source": SOURCE + table, "korean": rows + KOREAN, "english": rows + ENGLISH, "others": rows}
+        self.assertEqual(self.check(**with_rows), ([], []))
+        self.assertEqual([text["places"] for text in self.list if text["key"][0] == "R"],
+                         [["kxgui/A.cpp:11"], ["kxgui/A.cpp:12"]])
+        self.fails("R2 is missing", **{**with_rows, "english": rows[:8] + ENGLISH})
+        self.fails("A.cpp:13: key and default text must be literals",
+                   **{**with_rows, "source": SOURCE + table.replace("};", '\n{key, L"셋"}};')})
 
     def test_broken_lines(self):
         for line in ("no equals sign", "X = \\q", "X = \"open", " = y"):

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Export.h"
 #include "platform/host/TavoSysvarManager.h"
 
 #include <cstdint>
@@ -134,8 +135,8 @@ std::span<const SysvarInfo> surfaceSysvars(); // surfaces, solids, sections, lig
 std::span<const SysvarInfo> userSysvars();    // profile and session
 
 // All variables in alphabetical order.
-std::span<const SysvarInfo* const> sysvarTable();
+KXPLATFORM_EXPORT std::span<const SysvarInfo* const> sysvarTable();
 // Null for an unknown name; letter case does not matter.
-const SysvarInfo* findSysvar(std::wstring_view name);
+KXPLATFORM_EXPORT const SysvarInfo* findSysvar(std::wstring_view name);
 
 } // namespace tv::host

@@ -5,9 +5,7 @@
 
 namespace tv::host {
 
-namespace {
-
-std::wstring expectedForm(TavoSysvarType type) {
+std::wstring formText(TavoSysvarType type) {
     switch (type) {
     case TavoSysvarType::kInt16:
     case TavoSysvarType::kInt32:
@@ -28,6 +26,8 @@ std::wstring expectedForm(TavoSysvarType type) {
         return VORD_ResourceString("IDS_TAVO_SYSVAR_FORM_TEXT", L"문자열").c_str();
     }
 }
+
+namespace {
 
 std::wstring allowedNumbers(const SysvarInfo& info) {
     switch (info.limit) {
@@ -50,7 +50,7 @@ std::wstring allowedNumbers(const SysvarInfo& info) {
     if (info.type == TavoSysvarType::kColor)
         return VORD_ResourceString("IDS_TAVO_SYSVAR_ALLOWED_INDEX_COLOR", L"ByLayer, ByBlock, 색상 번호 1~255")
             .c_str();
-    return expectedForm(info.type);
+    return formText(info.type);
 }
 
 } // namespace
@@ -70,7 +70,7 @@ tv::Problem refusal(const SysvarInfo& info, Tavo::ErrorStatus status, std::wstri
         problem.sentence = text::format(
             VORD_ResourceString("IDS_TAVO_SYSVAR_WRONG_TYPE",
                                 L"시스템 변수 %s에 값 \"%s\"을(를) 쓸 수 없습니다. 필요한 형식: %s."),
-            name, value, expectedForm(info.type));
+            name, value, formText(info.type));
         break;
     case Tavo::eOutOfRange:
         problem.sentence = text::format(

@@ -41,6 +41,8 @@ std::optional<dwg::HeaderValue> toHeader(const SysvarInfo& info, const SysvarVal
 double degreesOf(double radians);
 double radiansOf(double degrees);
 
+// What values of the type are called: "an integer", "a text" ...
+std::wstring formText(TavoSysvarType type);
 // Why a write was refused, in one sentence: the variable, the value, what is allowed.
 tv::Problem refusal(const SysvarInfo& info, Tavo::ErrorStatus status, std::wstring_view value);
 // The same for a name that no variable has.
