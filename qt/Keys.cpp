@@ -43,6 +43,10 @@ ui::Key namedKey(int key) {
         return ui::Key::f1;
     case Qt::Key_F2:
         return ui::Key::f2;
+    case Qt::Key_F10:
+        return ui::Key::f10;
+    case Qt::Key_Menu:
+        return ui::Key::menu;
     default:
         return ui::Key::none;
     }

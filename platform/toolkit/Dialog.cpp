@@ -112,7 +112,10 @@ void CDialog::destroy() {
     m_created = m_running = m_modeless = false;
     m_focus = nullptr;
     m_timers.clear();
-    forEachControl(*this, [](CWnd& wnd) { wnd.m_timers.clear(); });
+    forEachControl(*this, [](CWnd& wnd) {
+        wnd.m_timers.clear();
+        wnd.OnWindowGone();
+    });
 }
 
 // Controls that were not placed stand below each other: a face with a layout of its own overrides it.
@@ -239,6 +242,10 @@ bool CDialog::pressMnemonic(wchar_t ch) {
 }
 
 bool CDialog::dialogKey(const KeyEvent& key) {
+    for (CWnd* wnd = m_focus; wnd && wnd != this; wnd = wnd->GetParent()) {
+        const auto route = wnd->routeKey(key);
+        if (route != tv::ui::KeyRoute::dialog) return route == tv::ui::KeyRoute::used;
+    }
     for (CWnd* wnd = m_focus; wnd; wnd = wnd->GetParent())
         if (wnd->kind() == ControlKind::page && static_cast<CPage*>(wnd)->PreTranslateMessage(key)) return true;
     if (PreTranslateMessage(key)) return true;

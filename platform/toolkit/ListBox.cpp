@@ -19,7 +19,7 @@ UserResult CListBox::perform(const UserAction& action) {
         return action.cell == UserAction::Cell::doubleClick ? userDoubleClick(action.row)
                                                             : userChoose(action.row);
     case UserAction::Kind::selectRows:
-        return userChoose(action.rows.size() == 1 ? action.rows.front() : -1);
+        return userChoose(action.rows.count() == 1 ? action.rows.first() : -1);
     default:
         return CItemsWnd::perform(action);
     }

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "platform/toolkit/ListItems.h"
+#include "platform/toolkit/ListColumns.h"
+#include "platform/toolkit/ListModel.h"
+#include "platform/toolkit/RowSet.h"
 #include "platform/toolkit/Wnd.h"
 
 #include <functional>
@@ -8,63 +10,63 @@
 
 namespace tv::ui {
 
-struct ListCell {
-    std::wstring text;
-    Picture picture;         // before the text
-    int icon = 0;            // a number the list's owner gives meaning to; 0: none
-    int checked = -1;        // -1: no check box, else 0, 1
-    bool editable = false;   // F2 or a second click opens an editor
-};
-
-struct ListColumn {
-    std::wstring title;
-    int width = 100;         // logical pixels
-    enum class Align { left, right, center } align = Align::left;
-    bool visible = true;
-};
-
-// The rows of a list. A face asks for the rows in view only, so a list of 100,000 rows costs what it shows.
-class KXPLATFORM_EXPORT ListModel {
-  public:
-    virtual ~ListModel() = default;
-    virtual int rowCount() const = 0;
-    virtual ListCell cell(int row, int column) const = 0;
-};
-
-// A model for short lists: texts row by row.
-class KXPLATFORM_EXPORT TextRows : public ListModel {
-  public:
-    std::vector<std::vector<ListCell>> rows;
-    int rowCount() const override { return static_cast<int>(rows.size()); }
-    ListCell cell(int row, int column) const override;
-};
+// How a selected row is painted.
+enum class RowHighlight { wholeRow, firstColumn, whileFocused };
 
 } // namespace tv::ui
 
-// A grid of rows and columns over a model.
+// A grid of rows and columns over a model. Columns are named by their number in SetColumns, wherever they
+// stand; rows by their place from the top. Points and rectangles within it count from the upper left corner
+// below the titles.
 class KXPLATFORM_EXPORT CListCtrl : public CWnd {
   public:
-    CListCtrl(CWnd& parent, const char* name, bool multiSelect = false) : CWnd(parent, name), m_multiSelect(multiSelect) {}
+    CListCtrl(CWnd& parent, const char* name, bool multiSelect = false)
+        : CWnd(parent, name), m_multiSelect(multiSelect) {}
+    ~CListCtrl() override;
     tv::ui::ControlKind kind() const override { return tv::ui::ControlKind::list; }
     bool focusable() const override { return true; }
     bool multiSelect() const { return m_multiSelect; }
+    void MoveWindow(const CRect& rect) override;
 
+    // --- columns
+    // --------------------------------------------------------------------------------------------------
     void SetColumns(std::vector<tv::ui::ListColumn> columns);
-    const std::vector<tv::ui::ListColumn>& columns() const { return m_columns; }
+    const std::vector<tv::ui::ListColumn>& columns() const { return m_columns.all(); }
+    // The new column's number, `at` or the last one; the columns from there on count one more.
+    int InsertColumn(int at, tv::ui::ListColumn column);
+    bool DeleteColumn(int column);
+    const tv::ui::ListColumns& layout() const { return m_columns; }
+    void SetColumnOrder(std::vector<int> order);
+    void SetColumnWidth(int column, int width);
+    // As wide as the title and the texts of the rows in view and of some others need.
+    void FitColumn(int column);
+    void ShowColumn(int column, bool show);
+    // As it is shown: the title's width at least, and the last one takes the room left over.
+    int columnWidth(int column) const { return m_columns.shownWidth(column, clientSize().cx); }
+
+    // --- rows
+    // -----------------------------------------------------------------------------------------------------
     // Shares the model; null empties the list. Clears the selection.
-    void SetModel(std::shared_ptr<const tv::ui::ListModel> model);
-    // The model's rows changed: their number, or the contents of [first, last] (-1: all). Selected rows that no longer
-    // exist are dropped.
+    void SetModel(std::shared_ptr<tv::ui::ListModel> model);
+    // The model's rows changed: their number, or the contents of [first, last] (-1: all). Selected rows that no
+    // longer exist are dropped.
     void RowsChanged(int first = 0, int last = -1);
     int GetItemCount() const { return m_model ? m_model->rowCount() : 0; }
     tv::ui::ListCell cell(int row, int column) const;
+    std::wstring cellText(int row, int column) const;
 
-    // Rows in ascending order.
-    const std::vector<int>& selection() const { return m_selection; }
-    void SetSelection(std::vector<int> rows);
-    int GetCurSel() const { return m_selection.empty() ? -1 : m_selection.front(); }
-    void EnsureVisible(int row);
-    int ensuredRow() const { return m_ensured; }
+    const tv::ui::RowSet& selection() const { return m_selection; }
+    void SetSelection(tv::ui::RowSet rows);
+    int GetCurSel() const { return m_selection.first(); }
+    // The cell the keyboard works on; -1: none yet.
+    int focusRow() const { return m_focusRow; }
+    int focusColumn() const { return m_focusColumn; }
+    void SetFocusCell(int row, int column);
+    void SetRowHighlight(tv::ui::RowHighlight highlight);
+    tv::ui::RowHighlight rowHighlight() const { return m_highlight; }
+
+    // Sorts a model that can sort itself. The selection and the focus stay with what they stood for.
+    void SortBy(int column, bool ascending);
     // The marker in the header: which column sorts, and which way; -1: none.
     void SetSortMark(int column, bool ascending);
     int sortColumn() const { return m_sortColumn; }
@@ -72,29 +74,129 @@ class KXPLATFORM_EXPORT CListCtrl : public CWnd {
     // The rows the last RowsChanged named, for the face.
     std::pair<int, int> changedRows() const { return m_changed; }
 
+    // --- geometry
+    // -------------------------------------------------------------------------------------------------
+    CSize clientSize() const;
+    int rowHeight() const { return m_rowHeight; }
+    int rowsInView() const; // whole ones, at least 1
+    int topRow() const { return m_topRow; }
+    int scrollX() const { return m_scrollX; }
+    void ScrollTo(int topRow);
+    void ScrollX(int x); // 0: the left edge of the first column; goes no further than there is something to see
+    void EnsureVisible(int row);
+    void EnsureColumnVisible(int column);
+    bool fullyVisible(int row) const;
+    CRect cellRect(int row, int column) const;
+    // The row at a point and its column; -1 where there is none.
+    int hitTest(CPoint point, int& column) const;
+    // In the list's font.
+    int textWidth(std::wstring_view text) const;
+
+    // --- editors in cells
+    // ----------------------------------------------------------------------------------------- Shows `editor`,
+    // a child window made for it, over the cell and gives it the focus. One at a time: an open one is ended
+    // first. It follows its cell; MoveWindow (in the list's own coordinates) makes it larger than that. While
+    // it has the focus it gets all keys before anybody else (CWnd::routeKey).
+    void ShowEditor(std::unique_ptr<CWnd> editor, int row, int column);
+    CWnd* editor() const { return m_editor.get(); }
+    int editorRow() const { return m_editorRow; }
+    int editorColumn() const { return m_editorColumn; }
+    // Takes the editor off the screen at once and destroys it when everything under way has finished. The
+    // focus, when the editor has it, goes to the list.
+    void CloseEditor();
+    // The focus leaves the editor, which ends itself as it sees fit; one that does not is closed.
+    void LeaveEditor();
+    // Whether the cell has an editor, and opening it. Without more, editable cells have one for their text.
+    virtual bool hasEditor(int row, int column) const;
+    virtual bool openEditor(int row, int column);
+
+    // --- what happened
+    // --------------------------------------------------------------------------------------------
     std::function<void()> onSelChange;
     std::function<void(int row, int column)> onClick, onDoubleClick;
+    // Set, it decides what a click on a title does; else the model sorts when it can.
     std::function<void(int column)> onHeaderClick;
     // The text a person entered; false refuses it and keeps the editor open.
     std::function<bool(int row, int column, const std::wstring& text)> onEdit;
+    std::function<void(int row, int column, bool checked)> onCheck;
+    std::function<void(int row, int column)> onContextMenu;
+    // A person moved, resized, hid or showed a column, or sorted by one.
+    std::function<void()> onColumnsChange;
 
-    tv::ui::UserResult userSelect(std::vector<int> rows);
+    // --- the user path
+    // --------------------------------------------------------------------------------------------
+    tv::ui::UserResult userSelect(tv::ui::RowSet rows);
+    // A row is pressed: alone, with Shift up to the row before, with Ctrl added or taken away.
+    tv::ui::UserResult userPress(int row, int column, bool ctrl, bool shift);
     tv::ui::UserResult userClick(int row, int column);
     tv::ui::UserResult userDoubleClick(int row, int column);
     tv::ui::UserResult userHeader(int column);
     tv::ui::UserResult userEdit(int row, int column, const std::wstring& text);
+    tv::ui::UserResult userOpenEditor(int row, int column);
+    tv::ui::UserResult userCheck(int row, int column, bool checked);
+    tv::ui::UserResult userContextMenu(int row, int column);
+    tv::ui::UserResult userMoveColumn(int column, int place);
+    tv::ui::UserResult userResizeColumn(int column, int width);
+    tv::ui::UserResult userFitColumn(int column);
+    tv::ui::UserResult userShowColumn(int column, bool show);
+    tv::ui::UserResult userScroll(int topRow, int scrollX);
     tv::ui::UserResult perform(const tv::ui::UserAction& action) override;
     bool controlKey(const tv::ui::KeyEvent& key) override;
+    tv::ui::KeyRoute routeKey(const tv::ui::KeyEvent& key) override;
     void describe(tv::ui::ControlSnapshot& out) const override;
+    // The selected rows as lines of the visible columns' texts, tabs between them; cut off after whole rows
+    // when it gets too long for a clipboard.
+    std::wstring selectedText() const;
+
+    // --- told by the face
+    // -----------------------------------------------------------------------------------------
+    void faceGeometry(CSize client, int rowHeight);
+    void faceTitleWidth(int column, int width) { m_columns.setTitleWidth(column, width); }
+
+  protected:
+    void OnWindowGone() override;
+    // A click on a cell, after the row was selected.
+    virtual void OnCellClick(int row, int column);
 
   private:
     tv::ui::UserResult acceptsCell(int row, int column) const;
+    tv::ui::UserResult acceptsColumn(int column) const;
+    void selectByUser(tv::ui::RowSet rows);
+    void scroll(int topRow, int scrollX);
+    void columnsChanged(bool byUser);
+    void placeEditor();
+    CRect visibleCell(int row, int column) const;
+    // Keys.
+    bool moveFocus(const tv::ui::KeyEvent& key);
+    bool moveSideways(const tv::ui::KeyEvent& key);
+    bool toggle();
+    bool command(const tv::ui::KeyEvent& key);
+    bool typed(wchar_t ch);
+    void search(int from, int left);
+    void found(int row);
+
     bool m_multiSelect;
-    std::vector<tv::ui::ListColumn> m_columns;
-    std::shared_ptr<const tv::ui::ListModel> m_model;
-    std::vector<int> m_selection;
-    int m_ensured = -1;
+    tv::ui::ListColumns m_columns;
+    std::shared_ptr<tv::ui::ListModel> m_model;
+    tv::ui::RowSet m_selection;
+    int m_focusRow = -1, m_focusColumn = -1, m_anchor = -1;
+    tv::ui::RowHighlight m_highlight = tv::ui::RowHighlight::wholeRow;
     int m_sortColumn = -1;
     bool m_sortAscending = true;
     std::pair<int, int> m_changed{0, -1};
+
+    bool m_placed = false; // somebody gave it a rectangle
+    CSize m_client;        // as the face has it; empty: nobody said
+    int m_rowHeight = 20;
+    int m_topRow = 0, m_scrollX = 0;
+    int m_ensured = -1; // stays in view when the size becomes known
+
+    std::unique_ptr<CWnd> m_editor;
+    int m_editorRow = -1, m_editorColumn = -1;
+    CRect m_editorCell; // where its cell was when it was placed
+    std::vector<std::unique_ptr<CWnd>> m_closed;
+    tv::ui::Timer m_sweep;
+
+    std::wstring m_typed;
+    tv::ui::Timer m_forget, m_searching;
 };

@@ -3,6 +3,8 @@
 #include "platform/text/Unicode.h"
 #include "platform/toolkit/Dialog.h"
 
+#include <algorithm>
+
 namespace tv::ui {
 namespace {
 
@@ -28,7 +30,10 @@ void write(std::string& out, const std::vector<ControlSnapshot>& controls, int d
         if (c.icon) out += " icon " + *c.icon;
         if (c.selection) {
             out += " selected";
-            for (const int row : *c.selection) out += " " + std::to_string(row);
+            constexpr std::size_t most = 20; // enough for a person
+            for (std::size_t i = 0; i < std::min(most, c.selection->size()); ++i)
+                out += " " + std::to_string((*c.selection)[i]);
+            if (c.selection->size() > most) out += " ...";
         }
         if (c.rowCount) out += " of " + std::to_string(*c.rowCount);
         if (!c.enabled) out += " disabled";

@@ -17,8 +17,13 @@ struct ControlSnapshot {
     std::optional<int> checked;
     std::optional<std::string> icon;
     std::optional<std::vector<std::wstring>> items;
-    std::optional<std::vector<int>> selection;
+    std::optional<std::vector<int>> selection; // of a list with columns the first thousand rows; then also:
+    std::optional<std::int64_t> selectedCount;
+    std::vector<RowSet::Range> selectedRanges; // the first thousand
     std::optional<std::vector<std::wstring>> columns;
+    std::optional<std::vector<int>> columnsShown; // from left to right, when that isn't all as they were made
+    std::optional<std::pair<int, bool>> sorted;   // column, ascending
+    std::optional<std::pair<int, int>> focusCell; // row, column
     std::optional<int> rowCount;
     std::vector<std::vector<std::wstring>> rows; // from firstRow on
     int firstRow = 0;

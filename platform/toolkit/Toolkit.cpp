@@ -104,6 +104,8 @@ void Toolkit::activate(CDialog* dialog) {
     if (m_active == dialog) showActive(dialog);
 }
 
+int Toolkit::textWidth(const CWnd&, std::wstring_view text) const { return static_cast<int>(text.size()) * baseUnitX; }
+
 CDialog* Toolkit::topmost() const {
     return m_modal.empty() || !m_modal.back()->shown() ? nullptr : m_modal.back();
 }

@@ -28,7 +28,10 @@ enum class Change {
     tooltip,
     look,
     label,
-    editing
+    editing,
+    scroll,  // a list shows other rows or another stretch of its columns
+    columns, // order, width or visibility of a list's columns
+    editor   // a list's editor opened or closed
 };
 
 // A piece of work that waits for its time. Destroying or re-arming the handle cancels it.
@@ -130,6 +133,8 @@ class KXPLATFORM_EXPORT Toolkit {
     // -------------------------------------------------------------------------------------
     virtual void setClipboardText(const std::wstring& text) = 0;
     virtual std::wstring clipboardText() const = 0;
+    // How wide a control shows a text, in logical pixels. Without pixels every character is as wide as a usual one.
+    virtual int textWidth(const CWnd& wnd, std::wstring_view text) const;
     virtual const char* name() const = 0; // "headless" or "qt"
 
     void setDriver(Driver* driver) { m_driver = driver; } // not owned; null: a person

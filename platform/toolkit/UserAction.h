@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Export.h"
+#include "platform/toolkit/RowSet.h"
 
 #include <string>
 #include <vector>
@@ -25,7 +26,9 @@ enum class Key {
     pageUp,
     pageDown,
     f1,
-    f2
+    f2,
+    f10,
+    menu // the context menu key
 };
 
 struct KeyEvent {
@@ -45,8 +48,11 @@ struct UserAction {
         choose,      // index, or text when index is -1
         check,       // checked: 0, 1, 2 (mixed)
         selectRows,  // rows
-        cell,        // row, column, cell (and text to edit)
+        cell,        // row, column, cell (and text to edit, checked to check)
         header,      // column
+        moveColumn,  // column, index: the place from the left
+        resizeColumn, // column, index: the width in logical pixels; -1: what its contents need
+        showColumn,  // column, checked
         treeSelect,  // path
         treeExpand,  // path, checked
         treeRename,  // path, text
@@ -56,7 +62,8 @@ struct UserAction {
         point,       // x, y, z in drawing units
         closeBox
     };
-    enum class Cell { click, doubleClick, edit, cancel };
+    // open: the editor the cell has; cancel: closes an open one
+    enum class Cell { click, doubleClick, edit, open, check, cancel };
 
     Kind kind = Kind::click;
     std::wstring text;
@@ -64,7 +71,7 @@ struct UserAction {
     int checked = 0;
     int row = -1, column = -1;
     Cell cell = Cell::click;
-    std::vector<int> rows;
+    RowSet rows;
     std::vector<std::wstring> path; // texts of the tree items from the root down
     KeyEvent keyEvent;
     double x = 0, y = 0, z = 0;

@@ -80,6 +80,13 @@ CWnd::~CWnd() {
     if (m_dialog && m_dialog->m_focus == this) m_dialog->m_focus = nullptr;
 }
 
+void CWnd::dropChild(CWnd& child) {
+    std::erase(m_children, &child);
+    child.m_visible = false;
+    child.m_timers.clear();
+    if (m_dialog && m_dialog->m_focus == &child) m_dialog->m_focus = nullptr;
+}
+
 CWnd* CWnd::GetDlgItem(std::string_view name) const {
     for (CWnd* child : m_children) {
         if (child->m_name == name) return child;

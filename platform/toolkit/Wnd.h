@@ -35,6 +35,9 @@ enum class ControlKind {
 };
 KXPLATFORM_EXPORT const char* kindName(ControlKind kind);
 
+// Who gets a key next: the dialog as usual, the focused control past the dialog, or nobody, as it was used.
+enum class KeyRoute { dialog, control, used };
+
 struct ControlSnapshot;
 
 } // namespace tv::ui
@@ -109,6 +112,8 @@ class KXPLATFORM_EXPORT CWnd {
     virtual tv::ui::UserResult perform(const tv::ui::UserAction& action);
     // The focus arrives, by mouse or keyboard.
     tv::ui::UserResult userFocus();
+    // A key before the dialog's own use of it: asked of the control that has the focus, then of those it stands in.
+    virtual tv::ui::KeyRoute routeKey(const tv::ui::KeyEvent&) { return tv::ui::KeyRoute::dialog; }
     // A key the dialog did not take; true when the control used it.
     virtual bool controlKey(const tv::ui::KeyEvent& key);
     // Told when the keyboard focus came or went by a person's action.
@@ -125,6 +130,10 @@ class KXPLATFORM_EXPORT CWnd {
     tv::ui::UserResult acceptsUser() const;
     tv::ui::UserResult refuse(std::wstring_view what) const;
     void takeFocus(); // as a click does, before the handler
+    // A child that is going to be destroyed belongs to the window no more; nobody can act on it.
+    void dropChild(CWnd& child);
+    // The window on screen is gone; the control may be used again in another one.
+    virtual void OnWindowGone() {}
     void setTextSilently(std::wstring_view text) { m_text = text; }
 
 

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPersistentModelIndex>
+#include <QScrollBar>
 #include <QTableView>
 
 namespace tv::qt {
@@ -98,6 +99,12 @@ void ListBridge::show(ui::Change change) {
         showRows();
         showSelection();
         break;
+    case ui::Change::columns:
+        showColumns();
+        break;
+    case ui::Change::scroll:
+        m_view.verticalScrollBar()->setValue(m_list.topRow());
+        break;
     case ui::Change::selection:
         showSelection();
         break;
@@ -141,23 +148,15 @@ void ListBridge::showColumns() {
 
 void ListBridge::showSelection() {
     QItemSelection selection;
-    const std::vector<int>& rows = m_list.selection();
+    const ui::RowSet& rows = m_list.selection();
     const int lastColumn = m_rows.columnCount() - 1;
-    for (std::size_t i = 0; i < rows.size() && lastColumn >= 0;) {
-        std::size_t end = i + 1;
-        while (end < rows.size() && rows[end] == rows[end - 1] + 1)
-            ++end;
-        selection.select(m_rows.index(rows[i], 0), m_rows.index(rows[end - 1], lastColumn));
-        i = end;
-    }
+    if (lastColumn >= 0)
+        for (const ui::RowSet::Range& range : rows.ranges())
+            selection.select(m_rows.index(range.first, 0), m_rows.index(range.last, lastColumn));
     QItemSelectionModel& model = *m_view.selectionModel();
     if (model.selection() != selection) model.select(selection, QItemSelectionModel::ClearAndSelect);
     if (!rows.empty() && !model.isRowSelected(model.currentIndex().row()))
-        model.setCurrentIndex(m_rows.index(rows.front(), 0), QItemSelectionModel::NoUpdate);
-    if (m_list.ensuredRow() != m_ensured) {
-        m_ensured = m_list.ensuredRow();
-        if (m_ensured >= 0) m_view.scrollTo(m_rows.index(m_ensured, 0));
-    }
+        model.setCurrentIndex(m_rows.index(rows.first(), 0), QItemSelectionModel::NoUpdate);
 }
 
 } // namespace tv::qt

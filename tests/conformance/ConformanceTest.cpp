@@ -143,10 +143,10 @@ TYPED_TEST(Conformance, ListsAndTrees) {
     ProbeDlg dlg;
     this->run(dlg, [&](WindowUser& u) {
         u.selectRows("IDC_LIST", {2, 4});
-        EXPECT_EQ(dlg.list.selection(), (std::vector<int>{2, 4}));
+        EXPECT_EQ(dlg.list.selection(), (tv::ui::RowSet{2, 4}));
         dlg.fired.clear();
         u.act("IDC_LIST", this->cell(UserAction::Cell::click, 1, 0));
-        EXPECT_EQ(dlg.list.selection(), std::vector<int>{1});
+        EXPECT_EQ(dlg.list.selection(), tv::ui::RowSet{1});
         EXPECT_EQ(dlg.fired["cell"], 1);
         u.act("IDC_LIST", this->cell(UserAction::Cell::edit, 1, 1, L"new"));
         EXPECT_EQ(dlg.fired["cellEdit"], 1);

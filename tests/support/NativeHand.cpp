@@ -82,6 +82,10 @@ int qtKey(const KeyEvent& key) {
         return Qt::Key_F1;
     case Key::f2:
         return Qt::Key_F2;
+    case Key::f10:
+        return Qt::Key_F10;
+    case Key::menu:
+        return Qt::Key_Menu;
     case Key::character:
         return QChar(static_cast<char16_t>(key.ch)).toUpper().unicode();
     case Key::none:
@@ -196,8 +200,8 @@ bool actOnTable(CListCtrl& control, QTableView& table, const UserAction& action)
                       table.horizontalHeader()->sectionViewportPosition(action.column) + 10, 6);
         return true;
     case UserAction::Kind::selectRows:
-        for (std::size_t i = 0; i < action.rows.size(); ++i)
-            clickItem(table, at(action.rows[i], 0), false, i > 0);
+        for (const int row : action.rows.rows())
+            clickItem(table, at(row, 0), false, row != action.rows.first());
         return true;
     case UserAction::Kind::cell:
         if (!at(action.row, action.column).isValid()) return false;

@@ -69,7 +69,7 @@ void WindowUser::check(std::string_view control, int state) {
     act(control, action);
 }
 
-void WindowUser::selectRows(std::string_view control, std::vector<int> rows) {
+void WindowUser::selectRows(std::string_view control, RowSet rows) {
     UserAction action;
     action.kind = UserAction::Kind::selectRows;
     action.rows = std::move(rows);

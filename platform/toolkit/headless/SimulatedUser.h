@@ -32,7 +32,7 @@ class KXPLATFORM_EXPORT WindowUser {
     void choose(std::string_view control, int index);
     void choose(std::string_view control, std::wstring_view text);
     void check(std::string_view control, int state = 1);
-    void selectRows(std::string_view control, std::vector<int> rows);
+    void selectRows(std::string_view control, RowSet rows);
     void key(std::wstring_view key); // "Enter", "Alt+P", "Ctrl+C"
     void closeBox();
     // Any other action.
