@@ -23,13 +23,18 @@ std::shared_ptr<const Scene> DrawingScenes::sceneOf(const OdDbDatabasePtr& datab
     referencesOf(database);
     followChanges();
     m_told = false;
-    if (!m_model) m_model = std::make_shared<Scene>(tv::scene::buildScene(*database, m_references.get()));
+    if (!m_model) {
+        m_model = std::make_shared<Scene>(tv::scene::buildScene(*database, m_references.get()));
+        tellCut(*m_model);
+    }
     const OdDbObjectId layout = layoutOf(database);
     const auto opened = layout.open<OdDbLayout>();
     if (!opened || opened->isModelLayout()) return m_model;
-    if (!m_sheet || !(layout == m_layout))
+    if (!m_sheet || !(layout == m_layout)) {
         m_sheet =
             std::make_shared<Scene>(tv::scene::buildScene(*database, layout, m_model, m_references.get()));
+        tellCut(*m_sheet);
+    }
     m_layout = layout;
     return m_sheet;
 }
@@ -40,6 +45,12 @@ tv::dwg::ExternalReferences& DrawingScenes::referencesOf(const OdDbDatabasePtr& 
         m_references = std::make_unique<tv::dwg::ExternalReferences>(
             *database, referenceFolders ? referenceFolders() : std::vector<std::filesystem::path>());
     return *m_references;
+}
+
+void DrawingScenes::tellCut(const Scene& scene) {
+    if (m_cutTold || !scene.cut.any()) return;
+    m_cutTold = true;
+    cut.notify(scene.cut);
 }
 
 // A sheet is always made anew: what it shows of the model it shares.
@@ -118,4 +129,5 @@ void DrawingScenes::release(const OdDbDatabase* database) {
     m_changes = {};
     m_told = true;
     m_looked = {};
+    m_cutTold = false;
 }

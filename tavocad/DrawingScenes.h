@@ -41,6 +41,8 @@ class DrawingScenes : private OdDbDatabaseReactor {
 
     // The scene asked for last is no longer true.
     tv::host::Signal<> outdated;
+    // There was too much to show of the drawing: once for each.
+    tv::host::Signal<const tv::scene::Cut&> cut;
 
   private:
     using How = tv::scene::Changes::How;
@@ -53,6 +55,7 @@ class DrawingScenes : private OdDbDatabaseReactor {
     void tell();
     void makeAnew();
     void followChanges();
+    void tellCut(const tv::scene::Scene& scene);
 
     OdDbDatabasePtr m_database;
     std::unique_ptr<tv::dwg::ExternalReferences> m_references; // as far as they were read
@@ -60,5 +63,6 @@ class DrawingScenes : private OdDbDatabaseReactor {
     OdDbObjectId m_layout;                                     // the sheet's
     std::shared_ptr<tv::scene::Scene> m_model, m_sheet;        // null when they are to be made
     tv::scene::Changes m_changes;                              // since the model's scene was made
-    bool m_told = true;                                        // that the scene asked for last isn't true
+    bool m_cutTold = false;
+    bool m_told = true; // that the scene asked for last isn't true
 };

@@ -82,6 +82,7 @@ TavoSession::TavoSession(std::unique_ptr<tv::SettingsStore> settings)
             folders.push_back(std::move(folder));
         return folders;
     };
+    m_cutWatched = m_scenes->cut.connect([this](const tv::scene::Cut& cut) { tellCut(cut); });
     m_sysvarsWatched =
         m_host->sysvarManager()->onSysvarChanged([this](const OdString& name, const OdDbDatabasePtr&) {
             if (name != referencePath || !document()) return;
@@ -232,6 +233,20 @@ void TavoSession::tellHowToSave(TavoDocument& opened, bool faults) {
                                        L"파일 \"%s\"에는 쓸 수 없습니다. 변경 내용은 SAVEAS로 다른 이름에 "
                                        L"저장하십시오."),
                    opened.name()));
+}
+
+void TavoSession::tellCut(const tv::scene::Cut& cut) {
+    TavoCommandLine& line = *m_host->commandLine();
+    if (cut.inserts > 0)
+        line.print(
+            format(VORD_ResourceString("IDS_TAVO_CUT_INSERTS",
+                                       L"모두 그리기에는 너무 많아 블록 삽입 %d개를 일부만 보여 주거나 보여 "
+                                       L"주지 않습니다. 그중 첫째는 블록 \"%s\"입니다."),
+                   static_cast<long long>(cut.inserts), cut.block));
+    else
+        line.print(format(VORD_ResourceString("IDS_TAVO_CUT_ENTITIES",
+                                              L"모두 그리기에는 너무 많아 객체 %d개를 보여 주지 않습니다."),
+                          static_cast<long long>(cut.entities)));
 }
 
 tv::Problem TavoSession::open(const std::filesystem::path& file, std::vector<tv::Problem>* faults) {

@@ -25,6 +25,9 @@ class TavoInterfaces;
 namespace tv::host {
 class EmbeddedHost;
 }
+namespace tv::scene {
+struct Cut;
+}
 
 // A command as a person meets it.
 struct CommandSpec {
@@ -137,6 +140,7 @@ class TavoSession {
     std::optional<std::filesystem::path> askSaveName();
     void say(const tv::Problem& problem, bool box);
     void tellFaults(const std::vector<tv::Problem>& problems);
+    void tellCut(const tv::scene::Cut& cut);
     void tellHowToSave(TavoDocument& opened, bool faults);
 
     std::unique_ptr<PointRequests> m_points;
@@ -145,7 +149,7 @@ class TavoSession {
     std::unique_ptr<SceneLocator> m_locator;
     std::unique_ptr<SelectionRequests> m_objects;
     std::unique_ptr<VersionWarnings> m_versionWarnings;
-    tv::host::Subscription m_documentsWatched, m_sysvarsWatched;
+    tv::host::Subscription m_documentsWatched, m_sysvarsWatched, m_cutWatched;
     tv::host::Signal<const OdString&, int> m_commandEnded;
     std::vector<CommandSpec> m_commands;
     OdString m_arguments, m_lastCommand;

@@ -101,6 +101,14 @@ struct ViewportPicture {
     }
 };
 
+// What a scene leaves out because it would be too much.
+struct Cut {
+    std::size_t entities = 0; // main ones
+    std::size_t inserts = 0;  // main ones, shown in part or not at all
+    std::wstring block;       // of the first of those
+    bool any() const { return entities + inserts > 0; }
+};
+
 struct Scene {
     OdDbDatabase* database = nullptr;
     std::vector<OdGePoint2d> points;
@@ -114,6 +122,7 @@ struct Scene {
     Box box;                                // of everything that is shown
     Box extents;                            // of that, but for endless lines if there is anything else
     std::size_t drawn = 0;                  // entities drawn so far, those inside of blocks once per insert
+    Cut cut;
     bool boundless = false; // has lines without end: how far they reach depends on everything else
 
     // --- what to paint ---

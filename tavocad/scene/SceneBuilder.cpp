@@ -23,10 +23,25 @@ namespace {
 
 using namespace tv::dwg;
 
-constexpr std::size_t mostKept = 200'000;     // decoded entities of blocks
-constexpr std::size_t mostSteps = 10'000'000; // entities and cells looked at, drawn or not
-constexpr int mostDepth = 64;                 // of blocks inside of each other
-constexpr int mostCells = 10'000;             // of one array insert
+constexpr std::size_t mostKept = 200'000; // decoded entities of blocks
+constexpr int mostDepth = 64;             // of blocks inside of each other
+constexpr int mostCells = 10'000;         // of one array insert
+
+// Blocks inside of blocks make more of a small file than anybody can wait for. What is drawn of them is work;
+// one unit of it takes about a ten-millionth of a second, or eight bytes.
+constexpr std::size_t workAnyway = 8'000'000; // for any drawing
+constexpr std::size_t workPerRecord = 30;     // more for each record read, of the drawings referred to as well
+constexpr std::size_t decodingWork = 5, textWork = 10, layoutWork = 30;
+
+std::size_t lookingWork(const EntityGeometry& geometry) {
+    if (const auto* text = std::get_if<MTextGeometry>(&geometry)) {
+        const std::size_t length = text->contents.view().size();
+        return layoutWork + length / 2;
+    }
+    if (const auto* note = std::get_if<NoteGeometry>(&geometry); note && note->text)
+        return layoutWork + note->text->contents.view().size() / 2;
+    return std::holds_alternative<HatchGeometry>(geometry) ? layoutWork : 1;
+}
 
 // An entity as it is drawn again and again, wherever its block is inserted.
 struct Decoded {
@@ -90,12 +105,14 @@ class Builder {
         std::vector<RecordId> records;
         for (const OdDbObjectId id : entities) {
             records.push_back(id.record());
-            if (records.size() >= mostEntities) break;
+            if (records.size() < mostEntities) continue;
+            records.pop_back();
+            ++m_scene.cut.entities;
         }
         drawAll(m_source->database.store(), records, m_source->names, m_scene, [this](RecordId record) {
             const auto first = static_cast<std::uint32_t>(m_scene.items.size());
             m_pen.setEntity(static_cast<std::uint32_t>(m_scene.entities.size()));
-            add(decode({m_scene.database, record}), Place{});
+            addMain(record);
             const auto count = static_cast<std::uint32_t>(m_scene.items.size()) - first;
             if (count > 0) m_scene.entities.push_back({record, first, count});
         });
@@ -111,7 +128,7 @@ class Builder {
         if (entity == none) entity = static_cast<std::uint32_t>(m_scene.entities.size());
         const auto first = static_cast<std::uint32_t>(m_scene.items.size());
         m_pen.setEntity(entity);
-        add(decode({m_scene.database, record}), Place{});
+        addMain(record);
         const auto count = static_cast<std::uint32_t>(m_scene.items.size()) - first;
         if (entity < m_scene.entities.size())
             m_scene.entities[entity] = {record, first, count};
@@ -125,7 +142,7 @@ class Builder {
             m_scene.box.add(own);
             m_scene.extents.add(own);
         }
-        return !hasRays() && !spent();
+        return !hasRays() && m_scene.cut.inserts == 0;
     }
     Scene take() { return std::move(m_scene); }
 
@@ -134,6 +151,8 @@ class Builder {
 
     Source* addSource(const OdDbDatabase& database, ExternalReferences* references, DrawingTables tables,
                       const std::wstring& prefix) {
+        if (std::ranges::none_of(m_sources, [&](const auto& one) { return &one->database == &database; }))
+            m_mostWork += workPerRecord * database.store().recordCount();
         m_sources.push_back(std::make_unique<Source>(database, references, std::move(tables), prefix, m_pen));
         return m_sources.back().get();
     }
@@ -235,10 +254,28 @@ class Builder {
         return out;
     }
 
-    bool spent() { return m_scene.drawn >= mostEntities || ++m_steps >= mostSteps; }
+    // Whether there was too much to draw. Who asks leaves something out then.
+    bool spent() {
+        if (m_work < m_mostWork) return false;
+        m_short = true;
+        return true;
+    }
+
+    // One of the entities that the scene is made of: never left out itself.
+    void addMain(RecordId record) {
+        const Decoded entity = decode({m_scene.database, record});
+        m_short = false;
+        add(entity, Place{});
+        if (!m_short || m_scene.cut.inserts++ > 0) return;
+        if (const auto* insert = std::get_if<InsertGeometry>(&entity.geometry))
+            m_scene.cut.block = insert->block.wstr();
+        else if (const auto* dimension = std::get_if<DimensionGeometry>(&entity.geometry))
+            m_scene.cut.block = dimension->block.wstr();
+    }
 
     void add(const Decoded& entity, const Place& place) {
-        if (spent() || entity.head.invisible) return;
+        ++m_work;
+        if ((place.nested && spent()) || entity.head.invisible) return;
         if (place.dimension && isDefinitionPoint(entity)) return;
         const std::uint32_t layer = place.nested && entity.layer == 0 ? place.insert.layer : entity.layer;
         const StyleSource style = sourceOf(entity.head, layer, entity.linetype, place.insert);
@@ -253,10 +290,14 @@ class Builder {
             addInsert(entity.id, picture, place, style, true);
             return;
         }
-        const std::size_t before = m_scene.items.size();
+        const std::size_t items = m_scene.items.size(), points = m_scene.points.size(),
+                          texts = m_scene.texts.size();
         m_pen.set(place.transform, m_scene.styles.intern(style));
         m_source->draw.draw(entity.geometry, style);
-        if (m_scene.items.size() > before) ++m_scene.drawn;
+        if (m_scene.items.size() > items) ++m_scene.drawn;
+        if (place.nested)
+            m_work += lookingWork(entity.geometry) + (m_scene.points.size() - points) / 2 +
+                      (m_scene.texts.size() - texts) * textWork;
     }
 
     // Points that say what a dimension measures are no part of its picture, wherever they lie.
@@ -281,14 +322,18 @@ class Builder {
             inner.dimension = dimension;
             for (int row = 0; row < rows; ++row)
                 for (int column = 0; column < columns && !spent(); ++column) {
+                    ++m_work;
                     inner.transform = place.transform * placementOf(insert, block.base, column, row);
                     addContent(block, inner);
                 }
             block.open = false;
             --m_depth;
         }
-        for (const OdDbObjectId attribute : subEntities(id))
+        if (place.nested && spent()) return;
+        for (const OdDbObjectId attribute : subEntities(id)) {
+            m_work += decodingWork;
             add(decode(attribute), place);
+        }
     }
 
     void addContent(Block& block, const Place& place) {
@@ -306,6 +351,7 @@ class Builder {
         for (const OdDbObjectId id : block.entities) {
             if (spent()) return;
             if (m_kept >= mostKept) {
+                m_work += decodingWork;
                 add(decode(id), place);
                 continue;
             }
@@ -319,7 +365,9 @@ class Builder {
 
     Scene m_scene;
     Pen m_pen;
-    std::size_t m_kept = 0, m_steps = 0;
+    std::size_t m_kept = 0;
+    std::size_t m_work = 0, m_mostWork = workAnyway;
+    bool m_short = false; // something of the main entity drawn last was left out
     int m_depth = 0;
     const std::wstring m_definitionPoints = tv::text::foldCase(L"Defpoints");
     std::vector<std::unique_ptr<Source>> m_sources; // the drawing itself first

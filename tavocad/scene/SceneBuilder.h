@@ -15,9 +15,10 @@ class ExternalReferences;
 namespace tv::scene {
 
 // The model space as it is painted, with what lies inside of block inserts. Entities that are invisible are
-// left out, as are coordinates that are no finite numbers, inserts of a block inside itself and whatever comes
-// beyond mostEntities; those on hidden layers are there, in styles that are not shown. The database is read by
-// several threads meanwhile and must not change.
+// left out, as are coordinates that are no finite numbers and inserts of a block inside itself. When blocks
+// inside of blocks come to far more than the drawing holds, or there are more than mostEntities, the rest is
+// cut and Scene::cut says so. Those on hidden layers are there, in styles that are not shown. The database is
+// read by several threads meanwhile and must not change.
 inline constexpr std::size_t mostEntities = 3'000'000;
 // Of the drawings it refers to, through blocks without entities of their own, that can be had with `references`
 // the model spaces are drawn.

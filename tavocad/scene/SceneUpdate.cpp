@@ -180,7 +180,7 @@ bool update(Scene& scene, const OdDbDatabase& database, const Changes& changes,
     if (changes.everything()) return false;
     if (changes.layers() && !updateLayers(scene, database)) return false;
     if (changes.entities().empty()) return true;
-    return !scene.boundless && scene.drawn < mostEntities && scene.loose.size() < mostLoose &&
+    return !scene.boundless && !scene.cut.any() && scene.loose.size() < mostLoose &&
            updateEntities(scene, database, changes.entities(), references);
 }
 

@@ -21,6 +21,7 @@ namespace {
 
 constexpr double markSize = 3;            // half of a point's cross, pixels
 constexpr double legibleHeight = 2.5;     // pixels; smaller text is painted as a line
+constexpr double legibleArea = 60;        // pixels; texts that have less lie upon each other
 constexpr double legiblePattern = 4;      // pixels; a finer pattern is painted as a continuous line
 constexpr double pixelsPerMillimetre = 4; // of a lineweight
 constexpr std::size_t few = 20000;        // items; beyond that lines are not smoothed
@@ -402,7 +403,7 @@ class Brush {
         if (pixels < 0.3) return;
         const QPointF at = toScreen(text.at);
         const auto letters = m_scene.lettersOf(text);
-        if (pixels < legibleHeight) {
+        if (pixels < legibleHeight || ++m_texts > m_mostTexts) {
             const auto corners = m_scene.cornersOf(text);
             auto middle = [&](std::size_t a, std::size_t b) {
                 return (toScreen(corners[a]) + toScreen(corners[b])) / 2;
@@ -469,6 +470,8 @@ class Brush {
     QList<QPointF> m_dots;
     std::uint32_t m_current = none;
     bool m_dashed = false;
+    double m_texts = 0; // painted so far; those beyond the most are painted as lines
+    const double m_mostTexts = m_view.area.width() * m_view.area.height() / legibleArea;
 };
 
 } // namespace

@@ -97,3 +97,21 @@ TEST(Scene, PolylinesAreAsWideAsTheySay) {
     for (const char* width : {"43|-1|", "43|1e999|", "43|0|"})
         EXPECT_NEAR(boxOf(width, corner).right, 10, 1e-9) << width;
 }
+
+// Inserts inside of each other come to an end and the scene says which were cut; what stands beside them is
+// there, and a block with many inserts is no matter.
+TEST(Scene, TooManyInsertsAreCut) {
+    const std::string array = "|70|100|71|100|44|1|45|1|", insert = "0|INSERT|8|0|2|";
+    const std::string nested = block("empty", "") + block("one", insert + "empty" + array) +
+                               block("two", insert + "one" + array + "0|LINE|8|0|" + line);
+    const Scene cut = sceneOf(nested, "0|LINE|8|0|" + line + insert + "empty|" + insert + "two" + array +
+                                          insert + "two|0|LINE|8|0|" + line);
+    EXPECT_EQ(cut.cut.inserts, 2U);
+    EXPECT_EQ(cut.cut.block, L"two");
+    EXPECT_EQ(cut.items.size(), 2U) << "the lines";
+
+    std::string many;
+    for (int i = 0; i < 100'000; ++i)
+        many += insert + "one|";
+    EXPECT_FALSE(sceneOf(block("one", "0|LINE|8|0|" + line) + block("all", many), insert + "all|").cut.any());
+}
