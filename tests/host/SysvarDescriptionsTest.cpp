@@ -36,7 +36,7 @@ TEST_F(SysvarDescriptions, EveryVariableHasOneInEveryLanguage) {
         for (const SysvarInfo* info : sysvarTable()) {
             const std::wstring text = sysvarDescription(info->name).wstr();
             const std::string where = std::to_string(language) + " " + tv::text::toUtf8(info->name);
-            EXPECT_FALSE(text.empty()) << where;
+            EXPECT_FALSE(text.empty()) << where << " has none in platform/host/sysvars/*Descriptions.cpp";
             EXPECT_LE(text.size(), 90U) << where;
             EXPECT_TRUE(texts.insert(text).second) << where << " reads like another variable";
             languages[info->name].insert(text);
@@ -60,6 +60,8 @@ TEST_F(SysvarDescriptions, SaysWhereAValueLivesAndWhatItMayBe) {
     EXPECT_EQ(range(L"LTSCALE"), L"> 0");
     EXPECT_EQ(range(L"FILLETRAD"), L"\u2265 0");
     EXPECT_EQ(range(L"PROJECTNAME"), L"a text");
+    EXPECT_EQ(range(L"CLAYER"), L"the name of a layer");
+    EXPECT_NE(range(L"CECOLOR"), range(L"BKGCOLOR")) << "a header takes no true colour, a profile does";
     // What is read here can be typed: both ends lie inside 5 to 90 degrees.
     EXPECT_EQ(range(L"DIMJOGANG"), L"0.0873 \u2013 1.5707");
 

@@ -91,7 +91,8 @@ OdString sysvarRangeText(const SysvarInfo& info) {
     case SysvarLimit::kNone:
         break;
     }
-    return OdString(formText(info.type));
+    const bool inHeader = info.type == TavoSysvarType::kColor && info.home == SysvarHome::kHeader;
+    return OdString(inHeader ? indexColorText() : formText(info));
 }
 
 } // namespace tv::host

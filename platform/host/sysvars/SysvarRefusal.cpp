@@ -5,8 +5,34 @@
 
 namespace tv::host {
 
-std::wstring formText(TavoSysvarType type) {
-    switch (type) {
+namespace {
+
+std::wstring recordForm(SysvarRecord record) {
+    switch (record) {
+    case SysvarRecord::kLayer:
+        return VORD_ResourceString("IDS_TAVO_SYSVAR_FORM_LAYER", L"도면층 이름").c_str();
+    case SysvarRecord::kLinetype:
+        return VORD_ResourceString("IDS_TAVO_SYSVAR_FORM_LINETYPE", L"선종류 이름").c_str();
+    case SysvarRecord::kTextStyle:
+        return VORD_ResourceString("IDS_TAVO_SYSVAR_FORM_TEXT_STYLE", L"문자 스타일 이름").c_str();
+    case SysvarRecord::kDimStyle:
+        return VORD_ResourceString("IDS_TAVO_SYSVAR_FORM_DIMSTYLE", L"치수 스타일 이름").c_str();
+    case SysvarRecord::kArrowBlock:
+        return VORD_ResourceString("IDS_TAVO_SYSVAR_FORM_ARROW", L"화살촉 블록 이름").c_str();
+    case SysvarRecord::kUcs:
+        return VORD_ResourceString("IDS_TAVO_SYSVAR_FORM_UCS", L"UCS 이름").c_str();
+    case SysvarRecord::kHandle:
+        return VORD_ResourceString("IDS_TAVO_SYSVAR_FORM_HANDLE", L"핸들").c_str();
+    case SysvarRecord::kNone:
+        break;
+    }
+    return VORD_ResourceString("IDS_TAVO_SYSVAR_FORM_NAME", L"이름").c_str();
+}
+
+} // namespace
+
+std::wstring formText(const SysvarInfo& info) {
+    switch (info.type) {
     case TavoSysvarType::kInt16:
     case TavoSysvarType::kInt32:
         return VORD_ResourceString("IDS_TAVO_SYSVAR_FORM_INTEGER", L"정수").c_str();
@@ -21,10 +47,15 @@ std::wstring formText(TavoSysvarType type) {
     case TavoSysvarType::kColor:
         return VORD_ResourceString("IDS_TAVO_SYSVAR_FORM_COLOR", L"색상").c_str();
     case TavoSysvarType::kObjectId:
-        return VORD_ResourceString("IDS_TAVO_SYSVAR_FORM_NAME", L"이름").c_str();
+        return recordForm(info.record);
     default:
         return VORD_ResourceString("IDS_TAVO_SYSVAR_FORM_TEXT", L"문자열").c_str();
     }
+}
+
+std::wstring indexColorText() {
+    return VORD_ResourceString("IDS_TAVO_SYSVAR_ALLOWED_INDEX_COLOR", L"ByLayer, ByBlock, 색상 번호 1~255")
+        .c_str();
 }
 
 namespace {
@@ -47,10 +78,7 @@ std::wstring allowedNumbers(const SysvarInfo& info) {
     case SysvarLimit::kNone:
         break;
     }
-    if (info.type == TavoSysvarType::kColor)
-        return VORD_ResourceString("IDS_TAVO_SYSVAR_ALLOWED_INDEX_COLOR", L"ByLayer, ByBlock, 색상 번호 1~255")
-            .c_str();
-    return formText(info.type);
+    return info.type == TavoSysvarType::kColor ? indexColorText() : formText(info);
 }
 
 } // namespace
@@ -70,7 +98,7 @@ tv::Problem refusal(const SysvarInfo& info, Tavo::ErrorStatus status, std::wstri
         problem.sentence = text::format(
             VORD_ResourceString("IDS_TAVO_SYSVAR_WRONG_TYPE",
                                 L"시스템 변수 %s에 값 \"%s\"을(를) 쓸 수 없습니다. 필요한 형식: %s."),
-            name, value, formText(info.type));
+            name, value, formText(info));
         break;
     case Tavo::eOutOfRange:
         problem.sentence = text::format(

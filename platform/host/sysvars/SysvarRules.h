@@ -41,8 +41,10 @@ std::optional<dwg::HeaderValue> toHeader(const SysvarInfo& info, const SysvarVal
 double degreesOf(double radians);
 double radiansOf(double degrees);
 
-// What values of the type are called: "an integer", "a text" ...
-std::wstring formText(TavoSysvarType type);
+// What the variable's values are called: "an integer", "a text", "the name of a layer" ...
+std::wstring formText(const SysvarInfo& info);
+// The colours that the header of a drawing can hold.
+std::wstring indexColorText();
 // Why a write was refused, in one sentence: the variable, the value, what is allowed.
 tv::Problem refusal(const SysvarInfo& info, Tavo::ErrorStatus status, std::wstring_view value);
 // The same for a name that no variable has.

@@ -22,6 +22,7 @@ constexpr text::TableText kUserDescriptions[] = {
     {"IDS_TAVO_SYSVAR_SELECTIONPREVIEW",
      L"포인터 아래 객체의 강조: 0 끔, 1 명령이 없을 때, 2 객체를 고를 때, 3 둘 다"},
     {"IDS_TAVO_SYSVAR_TABCLOSEMODE", L"도면 창을 닫을 때: 0 물어봄, 1 숨김, 2 삭제, 3 내보냄"},
+    {"IDS_TAVO_SYSVAR_XREFPATH", L"외부 참조를 찾는 폴더들, 세미콜론으로 구분, 점 하나는 없음"},
 };
 
 } // namespace
