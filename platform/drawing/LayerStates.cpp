@@ -134,8 +134,7 @@ void addLayer(Chain& chain, const OdDbDatabase& database, const LayerState::Laye
     const auto layers = database.layers();
     const OdDbObjectId id = layers->getAt(layer.name.view());
     if (id.isNull() || id.handle().isNull()) return;
-    const DxfVersion version = database.version();
-    const bool newer = version == DxfVersion::kUnknown || version >= DxfVersion::kR2004;
+    const bool newer = database.form() >= DxfVersion::kR2004;
     chain.add(kHandle, id.handle());
     chain.add(kFlags, std::int64_t{flagsOf(layer)});
     chain.add(kIndex, std::int64_t{layer.color.colorIndex()});

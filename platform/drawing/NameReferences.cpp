@@ -36,8 +36,8 @@ enum class Holder : std::uint8_t { kNone, kViewport, kLayerState, kLayerGroup };
 class Retarget {
   public:
     Retarget(OdDbDatabase& database, NamedKind kind, std::wstring_view from, std::wstring_view to)
-        : m_database(database), m_store(database.store()), m_tags(database, kind), m_kind(kind), m_from(from),
-          m_to(to) {}
+        : m_database(database), m_store(database.store()), m_tags(database, kind), m_kind(kind),
+          m_from(nameAsRead(m_store.format(), from).view()), m_to(nameAsRead(m_store.format(), to)) {}
 
     void handles(OdDbHandle from, OdDbHandle to) {
         m_fromHandle = from;

@@ -14,9 +14,7 @@ constexpr const wchar_t* kPlotStyles = L"ACAD_PLOTSTYLENAME";
 
 // The dictionary with its placeholder; plot style names came with R2000.
 OdDbObjectId addPlotStyles(OdDbDatabase& database, OdDbObjectId root) {
-    if (const auto version = database.version();
-        version != OdDb::DxfVersion::kUnknown && version < OdDb::DxfVersion::kR2000)
-        return {};
+    if (database.form() < OdDb::DxfVersion::kR2000) return {};
     const OdDbUndoScope step(database, L"DICTIONARY");
     NewObject dictionary(database, "ACDBDICTIONARYWDFLT", root.handle());
     if (dictionary.status() != Tavo::eOk) return {};

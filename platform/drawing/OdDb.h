@@ -10,7 +10,7 @@ enum OpenMode { kForRead = 0, kForWrite = 1 };
 
 // The file format versions a drawing can have, oldest first, so that they compare.
 enum class DxfVersion : std::uint8_t {
-    kUnknown, // no $ACADVER, or one nobody knows: nothing is refused for its sake
+    kUnknown, // no $ACADVER, or one nobody knows
     kR10,
     kR12,
     kR13,

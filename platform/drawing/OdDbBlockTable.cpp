@@ -3,6 +3,7 @@
 #include "platform/drawing/NameReferences.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/VersionLimits.h"
+#include "platform/drawing/dxf/BlockRecords.h"
 #include "platform/drawing/dxf/NewRecord.h"
 #include "platform/drawing/dxf/OwnTags.h"
 #include "platform/drawing/dxf/RecordStore.h"
@@ -21,10 +22,6 @@ namespace {
 constexpr int kXref = 4;
 constexpr int kOverlay = 8;
 constexpr int kResolved = 32;
-
-bool olderThan(const OdDbDatabase& database, DxfVersion version) {
-    return database.version() != DxfVersion::kUnknown && database.version() < version;
-}
 
 bool isSpaceName(std::wstring_view name) {
     const std::wstring folded = tv::text::foldCase(name);
@@ -127,7 +124,55 @@ Tavo::ErrorStatus OdDbBlockTableRecord::setIsXrefResolved(bool resolved) {
     return setBlockFlags(kResolved, resolved ? kResolved : 0);
 }
 
+bool OdDbBlockTableRecord::isBareDefinition() const {
+    return database()->store().record(objectId().record()).type == kTypeBlock &&
+           database()->form() >= DxfVersion::kR13;
+}
+
+std::shared_ptr<OdDbBlockTableRecord> OdDbBlockTableRecord::record(bool make) const {
+    if (!isBareDefinition()) return nullptr;
+    OdDbDatabase& drawing = *database();
+    const RecordId table = drawing.store().table("BLOCK_RECORD");
+    RecordId known = table == kNoRecord ? kNoRecord : drawing.tableNames().find(table, getName().view());
+    if (known == kNoRecord && make) known = needBlockRecord(drawing, objectId().record());
+    const auto opened = known == kNoRecord ? nullptr
+                                           : OdDbObjectId(&drawing, known)
+                                                 .open<OdDbBlockTableRecord>(isWriteEnabled() ? OdDb::kForWrite
+                                                                                              : OdDb::kForRead);
+    // Another definition of the name may be what the record is for.
+    return opened && opened->blockBeginId() == objectId() ? opened : nullptr;
+}
+
+template <class Set>
+Tavo::ErrorStatus OdDbBlockTableRecord::onRecord(Set&& set) {
+    if (const auto status = checkWrite(); status != Tavo::eOk) return status;
+    const OdDbUndoScope step(*database(), L"BLOCK");
+    const auto kept = record(true);
+    return kept ? set(*kept) : Tavo::eKeyNotFound;
+}
+
+bool OdDbBlockTableRecord::explodable() const {
+    const auto kept = record();
+    return (kept ? *kept : *this).integerAt(280, 1) != 0;
+}
+
+bool OdDbBlockTableRecord::blockScalingUniform() const {
+    const auto kept = record();
+    return (kept ? *kept : *this).integerAt(281) != 0;
+}
+
+bool OdDbBlockTableRecord::annotative() const {
+    const auto kept = record();
+    return kept ? kept->annotativeFlag() : annotativeFlag();
+}
+
+bool OdDbBlockTableRecord::paperOrientation() const {
+    const auto kept = record();
+    return kept ? kept->paperOrientationFlag() : paperOrientationFlag();
+}
+
 int OdDbBlockTableRecord::blockInsertUnits() const {
+    if (const auto kept = record()) return kept->blockInsertUnits();
     if (database()->store().record(objectId().record()).type == kTypeBlock) return 0;
     if (find(70)) return integerAt(70);
     const RecordEditor record(format(), database()->store().text(objectId().record()));
@@ -140,9 +185,10 @@ int OdDbBlockTableRecord::blockInsertUnits() const {
 
 Tavo::ErrorStatus OdDbBlockTableRecord::setBlockInsertUnits(int units) {
     if (units < 0 || units > 24) return Tavo::eOutOfRange;
-    if (olderThan(*database(), DxfVersion::kR2000)) return Tavo::eNotHandled;
+    if (database()->form() < DxfVersion::kR2000) return Tavo::eNotHandled;
     if (units == blockInsertUnits()) return checkWrite();
-    if (!olderThan(*database(), DxfVersion::kR2007)) return setAt(70, std::int64_t{units}, {340, 2});
+    if (isBareDefinition()) return onRecord([&](auto& kept) { return kept.setBlockInsertUnits(units); });
+    if (database()->form() >= DxfVersion::kR2007) return setAt(70, std::int64_t{units}, {340, 2});
     return editXData(L"ACAD", [&](RecordEditor& record) {
         if (const std::size_t i = findOldUnits(record); i != RecordEditor::npos)
             return record.set(i, std::int64_t{units});
@@ -156,7 +202,20 @@ Tavo::ErrorStatus OdDbBlockTableRecord::setBlockInsertUnits(int units) {
 Tavo::ErrorStatus OdDbBlockTableRecord::setModern(int code, int value, std::initializer_list<int> behind) {
     if (const auto status = database()->require(OdDb::Feature::kBlockSettings); status != Tavo::eOk)
         return status;
+    if (isBareDefinition()) return onRecord([&](auto& kept) { return kept.setModern(code, value, behind); });
     return setAt(code, std::int64_t{value}, behind);
+}
+
+Tavo::ErrorStatus OdDbBlockTableRecord::setAnnotative(bool annotative) {
+    if (annotative == this->annotative()) return checkWrite();
+    if (isBareDefinition()) return onRecord([&](auto& kept) { return kept.setAnnotativeFlag(annotative); });
+    return setAnnotativeFlag(annotative);
+}
+
+Tavo::ErrorStatus OdDbBlockTableRecord::setPaperOrientation(bool matches) {
+    if (matches == paperOrientation()) return checkWrite();
+    if (isBareDefinition()) return onRecord([&](auto& kept) { return kept.setPaperOrientationFlag(matches); });
+    return setPaperOrientationFlag(matches);
 }
 
 Tavo::ErrorStatus OdDbBlockTableRecord::setExplodable(bool explodable) {
@@ -169,13 +228,20 @@ Tavo::ErrorStatus OdDbBlockTableRecord::setBlockScalingUniform(bool uniform) {
 
 bool OdDbBlockTableRecord::isLayout() const { return isSpaceName(getName().view()); }
 
-Tavo::ErrorStatus OdDbBlockTableRecord::setName(std::wstring_view name) {
+Tavo::ErrorStatus OdDbBlockTableRecord::setName(std::wstring_view given) {
     if (const auto status = checkWrite(); status != Tavo::eOk) return status;
+    if (const auto kept = record()) return kept->setName(given);
+    const OdString stored = nameAsRead(format(), given);
+    const std::wstring_view name = stored.view();
     if (isLayout() && getName().view() != name) return Tavo::eNotHandled;
     if (isSpaceName(name) && !isLayout()) return Tavo::eInvalidInput;
-    const RecordId known = database()->tableNames().findBlock(name);
-    if (known != kNoRecord && known != blockBeginId().record()) return Tavo::eDuplicate;
     const OdDbObjectId begin = blockBeginId();
+    const RecordId known = database()->tableNames().findBlock(name);
+    if (known != kNoRecord && known != begin.record()) return Tavo::eDuplicate;
+    if (const auto blocks = database()->getBlockTableId().open<OdDbBlockTable>())
+        if (const OdDbObjectId other = blocks->getAt(name);
+            !other.isNull() && other != objectId() && other != begin)
+            return Tavo::eDuplicate;
     const bool reference = isFromExternalReference();
     const OdString old = getName();
     if (const auto status = checkName(name); status != Tavo::eOk) return status;
@@ -197,6 +263,7 @@ Tavo::ErrorStatus OdDbBlockTableRecord::setName(std::wstring_view name) {
 Tavo::ErrorStatus OdDbBlockTableRecord::erase() {
     if (const auto status = checkWrite(); status != Tavo::eOk) return status;
     if (isLayout()) return Tavo::eNotHandled;
+    if (const auto kept = record()) return kept->erase();
     const OdDbUndoScope step(*database(), L"ERASE");
     RecordStore& store = database()->store();
     const OdDbObjectId begin = blockBeginId();
@@ -224,27 +291,36 @@ OdDbEntityRange OdDbBlockTableRecord::entities() const {
 
 OdDbObjectId OdDbBlockTable::getAt(std::wstring_view name) const {
     if (database()->store().record(objectId().record()).type != kTypeSection)
-        return OdDbSymbolTable::getAt(name);
+        if (const OdDbObjectId record = OdDbSymbolTable::getAt(name); !record.isNull()) return record;
     const RecordId id = database()->tableNames().findBlock(name);
     return id == kNoRecord ? OdDbObjectId() : OdDbObjectId(database(), id);
 }
 
 OdDbObjectId OdDbBlockTable::next(OdDbObjectId record) const {
     const RecordStore& store = database()->store();
-    if (store.record(objectId().record()).type != kTypeSection) return OdDbSymbolTable::next(record);
-    for (RecordId id = store.next(record.record()); id != kNoRecord; id = store.next(id)) {
+    const RecordId table = objectId().record();
+    const bool recorded = store.record(table).type != kTypeSection;
+    RecordId id = record.record();
+    if (recorded && store.record(id).type != kTypeBlock) {
+        if (const OdDbObjectId next = OdDbSymbolTable::next(record); !next.isNull()) return next;
+        id = store.section(Section::kBlocks);
+        if (id == kNoRecord) return {};
+    }
+    for (id = store.next(id); id != kNoRecord; id = store.next(id)) {
         const Record& r = store.record(id);
         if (r.section != Section::kBlocks) break;
-        if (r.type == kTypeBlock) return {database(), id};
+        if (r.type != kTypeBlock) continue;
+        if (!recorded || database()->tableNames().find(table, tableRecordName(store, id).view()) == kNoRecord)
+            return {database(), id};
     }
     return {};
 }
 
-OdDbObjectId OdDbBlockTable::add(std::wstring_view name) {
+OdDbObjectId OdDbBlockTable::add(std::wstring_view given) {
     if (checkWrite() != Tavo::eOk) return {};
-    const auto status = checkTableName(format(), name);
+    const OdString stored = nameAsRead(format(), given);
+    const auto status = checkTableName(format(), stored.view());
     if (status == Tavo::eNotHandled) database()->require(OdDb::Feature::kLongNames);
-    if (status != Tavo::eOk) return {};
-    if (has(name) || database()->tableNames().findBlock(name) != kNoRecord) return {};
-    return addBlock(*database(), objectId().record(), name);
+    if (status != Tavo::eOk || has(stored.view())) return {};
+    return addBlock(*database(), objectId().record(), stored.view());
 }

@@ -5,8 +5,8 @@
 #include "platform/drawing/OdDbEntity.h"
 #include "platform/drawing/OdDbSymbolTable.h"
 
-// A block definition. Its id is the block record's; in drawings before R13, which have none, the definition's
-// own.
+// A block definition. Its id is the block record's; in drawings before R13, which have none, and of definitions
+// that lack theirs the definition's own. What only the record can keep makes the missing record first.
 class KXPLATFORM_EXPORT OdDbBlockTableRecord : public OdDbSymbolTableRecord {
   public:
     using OdDbSymbolTableRecord::OdDbSymbolTableRecord;
@@ -51,14 +51,14 @@ class KXPLATFORM_EXPORT OdDbBlockTableRecord : public OdDbSymbolTableRecord {
     int blockInsertUnits() const;
     Tavo::ErrorStatus setBlockInsertUnits(int units);
     // R2007 on.
-    bool explodable() const { return integerAt(280, 1) != 0; }
+    bool explodable() const;
     Tavo::ErrorStatus setExplodable(bool explodable);
-    bool blockScalingUniform() const { return integerAt(281) != 0; }
+    bool blockScalingUniform() const;
     Tavo::ErrorStatus setBlockScalingUniform(bool uniform);
-    bool annotative() const { return annotativeFlag(); }
-    Tavo::ErrorStatus setAnnotative(bool annotative) { return setAnnotativeFlag(annotative); }
-    bool paperOrientation() const { return paperOrientationFlag(); }
-    Tavo::ErrorStatus setPaperOrientation(bool matches) { return setPaperOrientationFlag(matches); }
+    bool annotative() const;
+    Tavo::ErrorStatus setAnnotative(bool annotative);
+    bool paperOrientation() const;
+    Tavo::ErrorStatus setPaperOrientation(bool matches);
 
     // Names of spaces can't change (eNotHandled), nor can a name be taken that marks a space. What came with an
     // external reference ("NAME|Walls") is renamed with it.
@@ -68,6 +68,13 @@ class KXPLATFORM_EXPORT OdDbBlockTableRecord : public OdDbSymbolTableRecord {
     Tavo::ErrorStatus erase() override;
 
   private:
+    // Of an object opened on a definition in a drawing from R13 on: its record, when it has one or `make` gives
+    // it one, opened as this object is. Null for others.
+    std::shared_ptr<OdDbBlockTableRecord> record(bool make = false) const;
+    bool isBareDefinition() const;
+    // Hands a setter of what only records keep on to that record.
+    template <class Set>
+    Tavo::ErrorStatus onRecord(Set&& set);
     Tavo::ErrorStatus setBlockFlags(int clear, int set);
     // A tag of the definition's begin, in its block subclass.
     Tavo::ErrorStatus setAtBegin(int code, const tv::dwg::Value& value, std::initializer_list<int> behind);
@@ -75,12 +82,15 @@ class KXPLATFORM_EXPORT OdDbBlockTableRecord : public OdDbSymbolTableRecord {
 };
 using OdDbBlockTableRecordPtr = std::shared_ptr<OdDbBlockTableRecord>;
 
+// The block records in file order and behind them the definitions without a record; in drawings without the
+// table the definitions alone.
 class KXPLATFORM_EXPORT OdDbBlockTable : public OdDbSymbolTable {
   public:
     using OdDbSymbolTable::OdDbSymbolTable;
     OdDbObjectId getAt(std::wstring_view name) const override;
     OdDbObjectId next(OdDbObjectId record) const override;
-    // With an empty definition at the end of the section of blocks.
+    // With an empty definition at the end of the section of blocks. Makes the table first where the version has
+    // one and the drawing lacks it.
     OdDbObjectId add(std::wstring_view name) override;
     OdDbObjectId getModelSpaceId() const { return getAt(L"*Model_Space"); }
     OdDbObjectId getPaperSpaceId() const { return getAt(L"*Paper_Space"); }

@@ -206,6 +206,7 @@ std::string OdDbDatabase::bytes() const {
 }
 
 OdDb::DxfVersion OdDbDatabase::version() const { return m_store->format().version; }
+OdDb::DxfVersion OdDbDatabase::form() const { return m_store->format().form; }
 
 OdString OdDbDatabase::versionText() const {
     const auto value = headerVar(L"ACADVER");
@@ -220,9 +221,7 @@ OdString OdDbDatabase::codePage() const {
 
 bool OdDbDatabase::isBinary() const { return m_store->format().encoding != Encoding::kText; }
 
-bool OdDbDatabase::canHold(OdDb::Feature feature) const {
-    return version() == OdDb::DxfVersion::kUnknown || version() >= firstVersionOf(feature);
-}
+bool OdDbDatabase::canHold(OdDb::Feature feature) const { return form() >= firstVersionOf(feature); }
 
 Tavo::ErrorStatus OdDbDatabase::require(OdDb::Feature feature) {
     if (canHold(feature)) return Tavo::eOk;

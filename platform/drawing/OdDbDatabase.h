@@ -76,11 +76,15 @@ class KXPLATFORM_EXPORT OdDbDatabase {
     // The version by $ACADVER, and its text ("AC1032", empty when the file says nothing).
     OdDb::DxfVersion version() const;
     OdString versionText() const;
+    // The version in whose form everything new is written, and which therefore decides what the drawing can
+    // hold: version(), or of a drawing that names none the newest when its records have subclass marks and R12
+    // when they have none.
+    OdDb::DxfVersion form() const;
     // The code page texts are written in: $DWGCODEPAGE before R2007 ("ANSI_1252" when missing), "UTF-8" from
     // then on.
     OdString codePage() const;
     bool isBinary() const;
-    // False when files of the drawing's version have no place for it; true for an unknown version.
+    // False when files of the drawing's form() have no place for it.
     bool canHold(OdDb::Feature feature) const;
     // eOk or, when it can't be held, eNotHandled, of which reactors are told the first time.
     Tavo::ErrorStatus require(OdDb::Feature feature);

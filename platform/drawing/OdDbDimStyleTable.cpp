@@ -57,14 +57,13 @@ int keptCode(const Variable& variable) {
 // Whether styles of that version have a tag of their own for the variable.
 bool hasTag(DxfVersion version, const Variable& variable) {
     if (variable.first == DxfVersion::kUnknown) return false;
-    return version == DxfVersion::kUnknown || (version >= variable.first && version <= variable.last);
+    return version >= variable.first && version <= variable.last;
 }
 
 } // namespace
 
 bool OdDbDimStyleTableRecord::namesBlocks(const OdDbDatabase& database) {
-    const DxfVersion version = database.version();
-    return version != DxfVersion::kUnknown && version < DxfVersion::kR2000;
+    return database.form() < DxfVersion::kR2000;
 }
 
 std::optional<Value> OdDbDimStyleTableRecord::variable(std::wstring_view name) const {
@@ -101,7 +100,7 @@ Tavo::ErrorStatus OdDbDimStyleTableRecord::setVariable(const Variable& variable,
     if (const auto status = checkWrite(); status != Tavo::eOk) return status;
     // A variable the version doesn't know may still be changed where the style has it.
     const bool own =
-        hasTag(database()->version(), variable) || (variable.code != kFillColor && find(variable.code));
+        hasTag(database()->form(), variable) || (variable.code != kFillColor && find(variable.code));
     if (!own && (!variable.application || namesBlocks(*database()))) {
         database()->require(OdDb::Feature::kDimVariables);
         return Tavo::eNotHandled;

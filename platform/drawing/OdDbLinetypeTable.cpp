@@ -97,8 +97,7 @@ std::vector<double> OdDbLinetypeTableRecord::dashes() const {
 
 Tavo::ErrorStatus OdDbLinetypeTableRecord::setPattern(std::span<const Element> elements) {
     if (const auto status = checkWrite(); status != Tavo::eOk) return status;
-    const OdDb::DxfVersion version = database()->version();
-    const bool plainOnly = version != OdDb::DxfVersion::kUnknown && version < OdDb::DxfVersion::kR13;
+    const bool plainOnly = database()->form() < OdDb::DxfVersion::kR13;
     if (elements.size() > kMostElements) return Tavo::eInvalidInput;
     double length = 0;
     for (const Element& e : elements) {

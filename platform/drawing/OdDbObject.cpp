@@ -2,6 +2,7 @@
 
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbDictionary.h"
+#include "platform/drawing/VersionLimits.h"
 #include "platform/drawing/dxf/NewObject.h"
 #include "platform/drawing/dxf/ObjectGroups.h"
 #include "platform/drawing/dxf/OwnTags.h"
@@ -68,6 +69,8 @@ Tavo::ErrorStatus OdDbObject::setXData(const OdResBuf* chain) {
     RecordEditor record(format(), store.text(m_id.record()));
     if (const auto status = replaceXData(record, chain); status != Tavo::eOk) return status;
     if (!record.edited()) return Tavo::eOk;
+    if (const auto status = database()->require(OdDb::Feature::kExtendedData); status != Tavo::eOk)
+        return status;
     const OdDbUndoScope step(*database(), L"XDATA");
     // A drawing without a table of applications does without.
     const bool registers = !database()->getRegAppTableId().isNull();

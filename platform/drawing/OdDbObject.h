@@ -43,7 +43,7 @@ class KXPLATFORM_EXPORT OdDbObject {
     // Replaces the data of every application whose 1001 stands in the chain; a 1001 alone takes its data away.
     // Applications that aren't registered yet are, where the drawing has a table of them. A chunk longer than a
     // line holds becomes several. eOutOfRange when the object's extended data would take more than the 16,383
-    // bytes the format allows.
+    // bytes the format allows, eNotHandled in drawings before R12.
     Tavo::ErrorStatus setXData(const OdResBuf* chain);
     OdDbObjectId extensionDictionary() const;
     // Makes one where the object has none; it owns what is named in it. eNotHandled for objects without a

@@ -125,8 +125,7 @@ Tavo::ErrorStatus OdDbPlotSettings::setPlotType(PlotType type) {
 
 Tavo::ErrorStatus OdDbPlotSettings::setShadePlot(ShadePlotType type, ShadePlotResLevel level, int customDpi) {
     if (type > kRendered || level > kCustom || customDpi < 100 || customDpi > 32767) return Tavo::eOutOfRange;
-    const DxfVersion version = database()->version();
-    if (version != DxfVersion::kUnknown && version < DxfVersion::kR2004) return Tavo::eNotHandled;
+    if (database()->form() < DxfVersion::kR2004) return Tavo::eNotHandled;
     return setInOrder(*this, kPart,
                       {{76, std::int64_t{type}}, {77, std::int64_t{level}}, {78, std::int64_t{customDpi}}});
 }
@@ -138,8 +137,7 @@ Tavo::ErrorStatus OdDbPlotSettings::setPlotFlag(PlotFlag flag, bool on) {
 
 Tavo::ErrorStatus OdDbPlotSettings::copyFrom(const OdDbPlotSettings& other) {
     std::vector<TagValue> values;
-    const DxfVersion version = database()->version();
-    const bool shades = version == DxfVersion::kUnknown || version >= DxfVersion::kR2004;
+    const bool shades = database()->form() >= DxfVersion::kR2004;
     for (const int code : kOrder) {
         // What only this drawing's versions and handles make sense of stays behind.
         if (code == 1 || code == 333 || (!shades && code >= 76 && code <= 78)) continue;
@@ -158,8 +156,7 @@ Tavo::ErrorStatus OdDbPlotSettings::copyFrom(const OdDbPlotSettings& other) {
 }
 
 OdDbObjectId tv::dwg::addPlotSettings(OdDbDatabase& database, std::wstring_view name, bool modelType) {
-    const DxfVersion version = database.version();
-    if (name.empty() || (version != DxfVersion::kUnknown && version < DxfVersion::kR2000)) return {};
+    if (name.empty() || database.form() < DxfVersion::kR2000) return {};
     const OdDbUndoScope step(database, L"PAGESETUP");
     const auto setups = database.getPlotSettingsDictionaryId(true).open<OdDbDictionary>(OdDb::kForWrite);
     if (!setups || setups->has(name)) return {};
@@ -173,8 +170,7 @@ OdDbObjectId tv::dwg::addPlotSettings(OdDbDatabase& database, std::wstring_view 
                      OdDbPlotSettings::kPrintLineweights | OdDbPlotSettings::kDrawViewportsFirst |
                      (modelType ? OdDbPlotSettings::kModelType : 0));
     tags.tag(72, 1).tag(73, 0).tag(74, modelType ? 0 : 5).name(7, "").tag(75, 16).tag(147, Value(1.0));
-    if (version == DxfVersion::kUnknown || version >= DxfVersion::kR2004)
-        tags.tag(76, 0).tag(77, 2).tag(78, 300);
+    if (database.form() >= DxfVersion::kR2004) tags.tag(76, 0).tag(77, 2).tag(78, 300);
     tags.tag(148, Value(0.0)).tag(149, Value(0.0));
     const OdDbObjectId id = made.add(setups->objectId());
     if (!id.isNull()) setups->setAt(name, id);

@@ -59,10 +59,7 @@ std::vector<OdDbObjectId> tv::dwg::scalesOf(const OdDbDatabase& database) {
 }
 
 OdDbObjectId tv::dwg::addScale(OdDbDatabase& database, std::wstring_view name, double paper, double drawing) {
-    const DxfVersion version = database.version();
-    if (name.empty() || !makesScale(paper, drawing) ||
-        (version != DxfVersion::kUnknown && version < DxfVersion::kR2000))
-        return {};
+    if (name.empty() || !makesScale(paper, drawing) || database.form() < DxfVersion::kR2000) return {};
     for (const OdDbObjectId id : scalesOf(database))
         if (tv::text::equalNoCase(id.open<OdDbScale>()->scaleName().view(), name)) return {};
     const OdDbUndoScope step(database, L"SCALELIST");

@@ -27,17 +27,6 @@ std::size_t integerAtIn(const RecordEditor& record, XDataTags data, int n) {
     return RecordEditor::npos;
 }
 
-// The name as it will be read back: a text may spell a character as the file would.
-OdString asRead(const DxfFormat& format, std::wstring_view name) {
-    OdString out(name);
-    for (int round = 0; round < 8; ++round) {
-        OdString read = decodeText(format, encodeText(format, out.view()));
-        if (read == out) break;
-        out = std::move(read);
-    }
-    return out;
-}
-
 // Says once that names are too long for the drawing's version.
 Tavo::ErrorStatus refuse(OdDbDatabase& database, Tavo::ErrorStatus status) {
     if (status == Tavo::eNotHandled) database.require(OdDb::Feature::kLongNames);
@@ -50,15 +39,15 @@ Tavo::ErrorStatus tv::dwg::checkTableName(const DxfFormat& format, std::wstring_
     if (name.empty()) return Tavo::eInvalidInput;
     if (std::any_of(name.begin(), name.end(), [](wchar_t c) { return c < L' ' || c == 0x7F; }))
         return Tavo::eInvalidInput;
-    const bool old = format.version != OdDb::DxfVersion::kUnknown && format.version < OdDb::DxfVersion::kR2000;
-    return name.size() > (old ? 31U : 255U) ? Tavo::eNotHandled : Tavo::eOk;
+    const std::size_t most = format.form < OdDb::DxfVersion::kR2000 ? 31 : 255;
+    return name.size() > most ? Tavo::eNotHandled : Tavo::eOk;
 }
 
 OdString OdDbSymbolTableRecord::getName() const { return textAt(2); }
 
 Tavo::ErrorStatus OdDbSymbolTableRecord::checkName(std::wstring_view given) const {
     if (const auto status = checkWrite(); status != Tavo::eOk) return status;
-    const OdString stored = asRead(format(), given);
+    const OdString stored = nameAsRead(format(), given);
     const std::wstring_view name = stored.view();
     if (const auto status = checkTableName(format(), name); status != Tavo::eOk)
         return refuse(*database(), status);
@@ -85,7 +74,7 @@ Tavo::ErrorStatus OdDbSymbolTableRecord::erase() {
 
 Tavo::ErrorStatus OdDbSymbolTableRecord::setName(std::wstring_view given) {
     if (const auto status = checkName(given); status != Tavo::eOk) return status;
-    const OdString stored = asRead(format(), given);
+    const OdString stored = nameAsRead(format(), given);
     const std::wstring_view name = stored.view();
     const OdString old = getName();
     if (old.view() != name && keepsName()) return Tavo::eInvalidInput;
@@ -115,6 +104,8 @@ Tavo::ErrorStatus OdDbSymbolTableRecord::edit(const std::function<bool(RecordEdi
 
 Tavo::ErrorStatus OdDbSymbolTableRecord::editXData(std::wstring_view app,
                                                    const std::function<bool(RecordEditor&)>& change) {
+    if (const auto status = database()->require(OdDb::Feature::kExtendedData); status != Tavo::eOk)
+        return status;
     const OdDbUndoScope step(*database(), app);
     const bool there = xData(app) != nullptr;
     const auto status = edit(change);
@@ -174,10 +165,13 @@ OdDbObjectId OdDbSymbolTable::first() const { return next(objectId()); }
 
 OdDbObjectId OdDbSymbolTable::next(OdDbObjectId record) const {
     const RecordStore& store = database()->store();
-    const RecordId id = store.next(record.record());
-    if (id == kNoRecord || store.record(id).owner != objectId().record() ||
-        store.record(id).type == kTypeEndTab)
-        return {};
+    RecordId table = record == objectId() ? record.record() : store.record(record.record()).owner;
+    RecordId id = store.next(record.record());
+    while (id == kNoRecord || store.record(id).owner != table || store.record(id).type == kTypeEndTab) {
+        table = store.nextTableLike(table);
+        if (table == kNoRecord) return {};
+        id = store.next(table);
+    }
     return {database(), id};
 }
 
@@ -192,7 +186,7 @@ OdString OdDbSymbolTable::nameOf(OdDbObjectId record) const {
 }
 
 OdDbObjectId OdDbSymbolTable::add(std::wstring_view given) {
-    const OdString stored = asRead(format(), given);
+    const OdString stored = nameAsRead(format(), given);
     const std::wstring_view name = stored.view();
     if (checkWrite() != Tavo::eOk || has(name)) return {};
     if (refuse(*database(), checkTableName(format(), name)) != Tavo::eOk) return {};

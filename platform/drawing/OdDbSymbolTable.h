@@ -54,7 +54,8 @@ class KXPLATFORM_EXPORT OdDbSymbolTableRecord : public OdDbObject {
 };
 using OdDbSymbolTableRecordPtr = std::shared_ptr<OdDbSymbolTableRecord>;
 
-// A table of named records. Names are compared without regard to case.
+// A table of named records. Names are compared without regard to case, and as what they read back as. Where a
+// file has several tables of one name, the first one opened shows the records of all, and new ones go into it.
 class KXPLATFORM_EXPORT OdDbSymbolTable : public OdDbObject {
   public:
     using OdDbObject::OdDbObject;

@@ -91,8 +91,7 @@ DataRange walkData(const DxfFormat& format, std::string_view record, Visit&& vis
     TagCursor cursor(format, record);
     bool inside = false;
     bool fresh = false; // right behind the mark, where the merge style stands from R2000 on
-    const bool styled =
-        format.version == OdDb::DxfVersion::kUnknown || format.version >= OdDb::DxfVersion::kR2000;
+    const bool styled = format.form >= OdDb::DxfVersion::kR2000;
     for (Tag tag; cursor.next(tag) && tag.code != 1001;) {
         if (!inside) {
             inside = tag.code == 100 && trimmed(tag.value) == "AcDbXrecord";
@@ -148,8 +147,7 @@ OdDbObjectId tv::dwg::addXrecord(OdDbObjectId dictionary, std::wstring_view name
     const OdDbUndoScope step(database, L"XRECORD");
     NewObject made(database, "XRECORD", dictionary.handle());
     made.tags().name(100, "AcDbXrecord");
-    const OdDb::DxfVersion version = database.version();
-    if (version == OdDb::DxfVersion::kUnknown || version >= OdDb::DxfVersion::kR2000) made.tags().tag(280, 1);
+    if (database.form() >= OdDb::DxfVersion::kR2000) made.tags().tag(280, 1);
     made.tags().append(data.take());
     const OdDbObjectId id = made.add(dictionary);
     if (!id.isNull()) names->setAt(name, id);

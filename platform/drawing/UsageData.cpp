@@ -35,8 +35,9 @@ class Collector {
 
   private:
     RecordId find(std::wstring_view name) {
-        if (m_table != kNoRecord) return m_database.tableNames().find(m_table, name);
-        return m_kind == NamedKind::kBlock ? m_database.tableNames().findBlock(name) : kNoRecord;
+        TableNames& names = m_database.tableNames();
+        const RecordId record = m_table == kNoRecord ? kNoRecord : names.find(m_table, name);
+        return record == kNoRecord && m_kind == NamedKind::kBlock ? names.findBlock(name) : record;
     }
     // By the spelling in the file.
     RecordId findRaw(std::string_view raw) {
@@ -138,7 +139,8 @@ class Collector {
         const auto handle = handleOf(m_store.format(), tag);
         if (!handle || handle->isNull() || m_table == kNoRecord) return;
         const RecordId to = m_store.findHandle(handle->value());
-        if (to != kNoRecord && to != from && m_store.record(to).owner == m_table) useFrom(from, to);
+        if (to != kNoRecord && to != from && m_store.firstTableLike(m_store.record(to).owner) == m_table)
+            useFrom(from, to);
     }
 
     void useFrom(RecordId from, RecordId to) {
@@ -152,16 +154,16 @@ class Collector {
     }
 
     void children() {
-        if (m_table == kNoRecord) return;
-        const RecordId end = m_store.endOfTable(m_table);
-        for (RecordId id = m_store.next(m_table); id != end; id = m_store.next(id)) {
-            const OdString name = tableRecordName(m_store, id);
+        const auto table = OdDbObjectId(&m_database, m_table).open<OdDbSymbolTable>();
+        if (!table) return;
+        table->forEach([&](OdDbObjectId id) {
+            const OdString name = table->nameOf(id);
             const std::size_t dollar = name.view().rfind(L'$');
-            if (dollar == std::wstring_view::npos || dollar + 2 != name.view().size()) continue;
+            if (dollar == std::wstring_view::npos || dollar + 2 != name.view().size()) return;
             if (const RecordId parent = find(name.view().substr(0, dollar));
                 parent != kNoRecord && m_used[parent])
-                use(id);
-        }
+                use(id.record());
+        });
     }
 
     OdDbDatabase& m_database;

@@ -52,6 +52,8 @@ std::wstring nameOf(Feature feature) {
         return VORD_ResourceString("IDS_TAVO_DXF_HOLD_COMPLEX_LTYPES", L"문자나 쉐이프가 든 선종류").c_str();
     case Feature::kLayerFilters:
         return VORD_ResourceString("IDS_TAVO_DXF_HOLD_LAYER_FILTERS", L"도면층 특성 필터와 그룹 필터").c_str();
+    case Feature::kExtendedData:
+        return VORD_ResourceString("IDS_TAVO_DXF_HOLD_XDATA", L"하이퍼링크와 확장 데이터").c_str();
     }
     return {};
 }
@@ -61,6 +63,8 @@ std::wstring nameOf(Feature feature) {
 OdDb::DxfVersion firstVersionOf(Feature feature) {
     using enum OdDb::DxfVersion;
     switch (feature) {
+    case Feature::kExtendedData:
+        return kR12;
     case Feature::kLinetypeScale:
     case Feature::kVisibility:
     case Feature::kDictionaries:

@@ -32,6 +32,7 @@ enum class Feature : std::uint8_t {
     kDimVariables,     // newer dimension variables than the oldest versions have
     kComplexLinetypes, // with texts and shapes
     kLayerFilters,     // by expression and by group
+    kExtendedData,     // and what is kept in them: hyperlinks, descriptions
 };
 
 } // namespace OdDb

@@ -66,7 +66,7 @@ int units(TavoSession& session, TavoEdCommandContext& context) {
         return RTERROR;
     }
     if (const auto* insunits = tv::dwg::headerVarInfo(L"INSUNITS");
-        database->version() != OdDb::DxfVersion::kUnknown && insunits && database->version() < insunits->first)
+        insunits && database->form() < insunits->first)
         session.host().commandLine()->print(
             VORD_ResourceString("IDS_TAVO_UNITS_NO_INSUNITS",
                                 L"이 버전의 도면에는 삽입 단위(INSUNITS)가 없습니다. 삽입 단위를 바꾸어도 "

@@ -23,6 +23,9 @@ struct DxfFormat {
     bool padCodes = true;         // group codes right-aligned in three columns
     bool padIntegers = false;     // whole numbers right-aligned in six columns
     OdDb::DxfVersion version = OdDb::DxfVersion::kUnknown;
+    // The version in whose form everything new is written: `version`, or where that is unknown R12 or the
+    // newest, as the file looks.
+    OdDb::DxfVersion form = OdDb::DxfVersion::kR2018;
     std::string codePage = "ANSI_1252"; // as declared by the file
     bool utf8 = false;                  // texts are UTF-8 (R2007 and later)
     // Of the declared name; nothing when nobody knows that name.

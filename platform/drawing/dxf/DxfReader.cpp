@@ -375,12 +375,30 @@ bool oneByteCodes(std::string_view bytes) {
     return first == 255 || second >= 5;
 }
 
+// Of a file whose version isn't known. A name nobody knows yet is of a version to come; without any name the
+// first records of the sections tell.
+OdDb::DxfVersion formOf(const RecordStore& store, std::string_view named) {
+    using enum OdDb::DxfVersion;
+    if (named.size() == 6 && named.starts_with("AC1") && named > "AC1009") return kR2018;
+    constexpr int kLookedAt = 32;
+    for (const Section kind : {Section::kTables, Section::kBlocks, Section::kEntities, Section::kObjects}) {
+        RecordId id = store.section(kind);
+        for (int looked = 0; id != kNoRecord && looked < kLookedAt; ++looked, id = store.next(id)) {
+            if (store.record(id).section != kind) break;
+            TagCursor cursor = store.tags(id);
+            for (Tag tag; cursor.next(tag) && tag.code < 1000;)
+                if (tag.code == 100) return kR2018;
+        }
+    }
+    return kR12;
+}
+
 } // namespace
 
 void learnVersion(RecordStore& store) {
     DxfFormat& format = store.format();
-    format.version = OdDb::DxfVersion::kUnknown;
     format.codePage = "ANSI_1252";
+    std::string_view named;
     const RecordId header = store.section(Section::kHeader);
     if (header != kNoRecord)
         for (RecordId id = store.next(header); id != kNoRecord && store.record(id).section == Section::kHeader;
@@ -391,12 +409,14 @@ void learnVersion(RecordStore& store) {
             if (!cursor.next(name) || name.code != 9 || !cursor.next(value)) continue;
             const std::string_view variable = trimmed(name.value);
             if (variable == "$ACADVER")
-                format.version = versionOf(trimmed(value.value));
+                named = trimmed(value.value);
             else if (variable == "$DWGCODEPAGE")
                 format.codePage = trimmed(value.value);
             else if (valueKind(value.code) == ValueKind::kInt16 && value.value.starts_with(' '))
                 format.padIntegers = true;
         }
+    format.version = versionOf(named);
+    format.form = format.version == OdDb::DxfVersion::kUnknown ? formOf(store, named) : format.version;
     format.page = tv::text::CodePage::find(format.codePage);
     format.utf8 = format.version >= OdDb::DxfVersion::kR2007;
 }

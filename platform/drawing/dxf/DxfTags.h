@@ -115,6 +115,8 @@ KXPLATFORM_EXPORT Value valueOf(const DxfFormat& format, const Tag& tag);
 KXPLATFORM_EXPORT std::optional<std::string> rawValue(const DxfFormat& format, int code, const Value& value,
                                                       std::string_view old = {});
 KXPLATFORM_EXPORT std::string encodeText(const DxfFormat& format, std::wstring_view text);
+// A name as it will be read back: it may spell a character as a file would ("\\U+0041").
+OdString nameAsRead(const DxfFormat& format, std::wstring_view name);
 // A whole tag from group code and raw value.
 KXPLATFORM_EXPORT std::string tagBytes(const DxfFormat& format, int code, std::string_view raw);
 

@@ -8,8 +8,8 @@ namespace tv::dwg {
 
 void HandleIndex::clear() { *this = HandleIndex(); }
 
-// Handles are mostly consecutive, so their low bits serve as they are and neighbours stay neighbours in memory; the
-// bits above them are spread by Fibonacci hashing, lest handles that differ there only should meet.
+// Handles are mostly consecutive, so their low bits serve as they are and neighbours stay neighbours in memory;
+// the bits above them are spread by Fibonacci hashing, lest handles that differ there only should meet.
 std::size_t HandleIndex::slotOf(std::uint64_t handle) const {
     const std::size_t mask = m_slots.size() - 1;
     const std::uint64_t above = handle >> std::popcount(mask);

@@ -181,14 +181,13 @@ tv::Problem HeaderSection::add(std::string_view name, const HeaderValue& value) 
                                                             L"도면 변수 %s은(는) 없는 변수입니다."),
                                         wide(name)));
     DxfFormat& format = m_store.format();
-    if (format.version != OdDb::DxfVersion::kUnknown &&
-        (format.version < info->first || format.version > info->last))
+    if (format.form < info->first || (format.form > info->last && format.version == format.form))
         return problem(Tavo::eNotHandled,
                        tv::text::format(
                            VORD_ResourceString(
                                "IDS_TAVO_DXF_HEADER_VERSION",
                                L"도면 변수 %s을(를) 저장할 수 없습니다: 도면 버전 %s에는 이 변수가 없습니다."),
-                           wide(name), wide(versionText(format.version))));
+                           wide(name), wide(versionText(format.form))));
     std::string bytes = tagBytes(format, 9, "$" + std::string(name));
     if (info->coordinates > 0) {
         const auto points = coordinates(value.value, static_cast<std::size_t>(info->coordinates));

@@ -12,8 +12,7 @@ using enum OdDb::DxfVersion;
 
 // From R2000 on; before, as the root does, which programs of those days write either way.
 bool namesOwners(const OdDbDatabase& database) {
-    const OdDb::DxfVersion version = database.store().format().version;
-    if (version == kUnknown || version >= kR2000) return true;
+    if (database.form() >= kR2000) return true;
     const OdDbObjectPtr root = database.getNamedObjectsDictionaryId().openObject();
     return root && root->find(330);
 }
@@ -28,7 +27,7 @@ void writeHead(TagWriter& tags, const OdDbDatabase& database, std::string_view t
 
 void writeDictionaryTags(TagWriter& tags, const DxfFormat& format, bool hard) {
     tags.name(100, "AcDbDictionary");
-    if (format.version != kUnknown && format.version < kR2000) return;
+    if (format.form < kR2000) return;
     if (hard) tags.tag(280, 1);
     tags.tag(281, 1);
 }
@@ -103,7 +102,7 @@ void ensureClass(OdDbDatabase& database, std::string_view type) {
         TagWriter tags(format);
         tags.name(0, "CLASS").name(1, known.type).name(2, known.name).name(3, known.application);
         tags.tag(90, known.proxyFlags);
-        if (format.version >= kR2004) tags.tag(91, 1);
+        if (format.form >= kR2004) tags.tag(91, 1);
         tags.tag(280, 0).tag(281, 0);
         store.insertAfter(last, tags.take(), Section::kClasses, kNoRecord);
         return;

@@ -2,6 +2,7 @@
 
 #include "platform/drawing/DimVariables.h"
 #include "platform/drawing/OdDbDatabase.h"
+#include "platform/drawing/dxf/BlockRecords.h"
 #include "platform/drawing/dxf/OwnTags.h"
 #include "platform/drawing/dxf/RecordStore.h"
 #include "platform/drawing/dxf/TableNames.h"
@@ -163,8 +164,8 @@ OdDbHandle takeHandle(OdDbDatabase& database) {
     if (!named && store.highestHandle() == 0) return {};
     std::uint64_t handle = named ? named->value() : 0;
     const std::uint64_t last = std::numeric_limits<std::uint64_t>::max();
-    // A seed that lies is corrected, also one below handles in use: what is free there may still be referred to.
-    // Where the highest handle leaves no room, the first gap is taken.
+    // A seed that lies is corrected, also one below handles in use: what is free there may still be referred
+    // to. Where the highest handle leaves no room, the first gap is taken.
     if ((handle == 0 || handle <= store.highestHandle()) && store.highestHandle() < last - 1)
         handle = store.highestHandle() + 1;
     if (handle == 0 || handle == last) handle = 1;
@@ -175,15 +176,6 @@ OdDbHandle takeHandle(OdDbDatabase& database) {
 }
 
 namespace {
-
-// Whether the tables of this file have handles and subclasses, by its version or, when it says none, by what
-// its tables look like.
-bool isModern(const RecordStore& store) {
-    if (store.format().version != kUnknown) return store.format().version >= kR13;
-    for (const Kind& kind : kKinds)
-        if (const RecordId table = store.table(kind.type); table != kNoRecord) return hasTag(store, table, 100);
-    return false;
-}
 
 // The last record of the section, which a new one is put behind.
 RecordId lastOf(const RecordStore& store, RecordId section) {
@@ -218,7 +210,7 @@ std::string spelled(OdDbDatabase& database, const char* table, std::wstring_view
 std::string dimStyleTags(OdDbDatabase& database) {
     const DxfFormat& format = database.store().format();
     TagWriter writer(format);
-    if (format.version != kUnknown && format.version < kR13) {
+    if (format.form < kR13) {
         for (const int code : {3, 4, 5, 6, 7})
             writer.name(code, "");
         for (const DimVariable& variable : dimVariables())
@@ -233,12 +225,13 @@ std::string dimStyleTags(OdDbDatabase& database) {
 
 // Begins an entity of the BLOCKS section that belongs to the definition itself.
 void blockEntity(TagWriter& writer, const DxfFormat& format, const char* type, OdDbHandle handle,
-                 OdDbHandle owner, bool modern, const char* subclass, bool paper) {
+                 OdDbHandle owner, const char* subclass, bool paper) {
+    const bool modern = format.form >= kR13;
     writer.name(0, type);
     if (!handle.isNull()) writer.name(5, handle.ascii());
-    if (modern && !owner.isNull() && format.version >= kR2000) writer.name(330, owner.ascii());
+    if (!owner.isNull() && format.form >= kR2000) writer.name(330, owner.ascii());
     if (modern) writer.name(100, "AcDbEntity");
-    if (paper) writer.tag(67, 1);
+    if (paper && modern) writer.tag(67, 1);
     writer.name(8, "0");
     if (modern) writer.name(100, subclass);
 }
@@ -270,9 +263,9 @@ RecordId needTable(OdDbDatabase& database, std::string_view name) {
     RecordStore& store = database.store();
     if (const RecordId there = store.table(name); there != kNoRecord) return there;
     const Kind* kind = kindOf(name);
-    const bool modern = isModern(store);
-    if (!kind || !store.writable() || (!modern && name == "BLOCK_RECORD")) return kNoRecord;
     const DxfFormat& format = store.format();
+    const bool modern = format.form >= kR13;
+    if (!kind || !store.writable() || (!modern && name == "BLOCK_RECORD")) return kNoRecord;
     const OdDbUndoScope step(database, std::wstring(name.begin(), name.end()));
     const RecordId section = needSection(database, Section::kTables);
     RecordId after = section;
@@ -286,17 +279,23 @@ RecordId needTable(OdDbDatabase& database, std::string_view name) {
     if (modern)
         if (const OdDbHandle handle = takeHandle(database); !handle.isNull()) {
             writer.name(5, handle.ascii());
-            if (format.version >= kR2000) writer.name(330, "0");
+            if (format.form >= kR2000) writer.name(330, "0");
         }
     if (modern) writer.name(100, "AcDbSymbolTable");
     writer.tag(70, 1);
-    if (format.version >= kR2000 && name == "DIMSTYLE") writer.name(100, "AcDbDimStyleTable").tag(71, 0);
+    if (format.form >= kR2000 && name == "DIMSTYLE") writer.name(100, "AcDbDimStyleTable").tag(71, 0);
     const RecordId table = store.insertAfter(after, writer.take(), Section::kTables, kNoRecord);
     store.insertAfter(table, tagBytes(format, 0, "ENDTAB"), Section::kTables, table);
+    if (name == "BLOCK_RECORD") recordDefinitions(database, table);
     return table;
 }
 
 OdDbObjectId addTableRecord(OdDbDatabase& database, RecordId table, std::wstring_view name) {
+    return addTableRecord(database, table, encodeText(database.store().format(), name), {});
+}
+
+OdDbObjectId addTableRecord(OdDbDatabase& database, RecordId table, std::string_view spelledName,
+                            OdDbHandle handle) {
     RecordStore& store = database.store();
     const std::string_view tableName = rawAt(store, table, 2);
     const Kind* kind = kindOf(tableName);
@@ -305,24 +304,26 @@ OdDbObjectId addTableRecord(OdDbDatabase& database, RecordId table, std::wstring
 
     const std::wstring stepName(tableName.begin(), tableName.end());
     const OdDbUndoScope step(database, stepName);
-    // A neighbour shows whether this file's records have handles, owners and subclasses.
+    // A neighbour shows whether this file's records have handles and, where its version doesn't say it,
+    // subclasses.
     const RecordId end = store.endOfTable(table);
     const RecordId last = end == kNoRecord ? table : store.prev(end);
-    const bool subclasses = hasTag(store, table, 100) || (last != table && hasTag(store, last, 100));
+    const bool subclasses = format.version == kUnknown ? format.form >= kR13
+                                                       : hasTag(store, table, 100) || hasTag(store, last, 100);
     std::string bytes = tagBytes(format, 0, kind->type);
     const bool handles = subclasses || store.record(table).handle != 0 || store.record(last).handle != 0;
-    if (handles)
-        if (const OdDbHandle handle = takeHandle(database); !handle.isNull())
-            bytes += tagBytes(format, std::string_view(kind->type) == "DIMSTYLE" ? 105 : 5, handle.ascii());
+    if (handle.isNull() && handles) handle = takeHandle(database);
+    if (!handle.isNull())
+        bytes += tagBytes(format, std::string_view(kind->type) == "DIMSTYLE" ? 105 : 5, handle.ascii());
     if (subclasses) {
-        if (store.record(table).handle != 0 && format.version >= kR2000)
+        if (store.record(table).handle != 0 && format.form >= kR2000)
             bytes += tagBytes(format, 330, OdDbHandle(store.record(table).handle).ascii());
         bytes += tagBytes(format, 100, "AcDbSymbolTableRecord");
         bytes += tagBytes(format, 100, kind->subclass);
     }
-    bytes += tagBytes(format, 2, encodeText(format, name));
+    bytes += tagBytes(format, 2, spelledName);
     for (const Usual& usual : kind->tags) {
-        if (format.version < usual.first) continue;
+        if (format.form < usual.first) continue;
         bytes += tableName == "LAYER" && usual.code == 6
                      ? tagBytes(format, 6, spelled(database, "LTYPE", L"Continuous", usual.value))
                      : usualTag(format, usual);
@@ -338,20 +339,20 @@ OdDbObjectId addBlock(OdDbDatabase& database, RecordId table, std::wstring_view 
     if (!store.writable()) return {};
     const DxfFormat& format = store.format();
     const OdDbUndoScope step(database, L"BLOCK");
+    if (const RecordId made = needTable(database, "BLOCK_RECORD"); made != kNoRecord) table = made;
     const bool recorded = store.record(table).type == kTypeTable;
     const OdDbObjectId record = recorded ? addTableRecord(database, table, name) : OdDbObjectId();
     if (recorded && record.isNull()) return {};
     const OdDbHandle owner = record.handle();
     const RecordId section = needSection(database, Section::kBlocks);
-    const bool modern = isModern(store);
     const bool paper = text::foldCase(name).starts_with(L"*paper_space");
 
     TagWriter begin(format);
-    blockEntity(begin, format, "BLOCK", takeHandle(database), owner, modern, "AcDbBlockBegin", paper && modern);
+    blockEntity(begin, format, "BLOCK", takeHandle(database), owner, "AcDbBlockBegin", paper);
     begin.tag(2, name).tag(70, name.front() == L'*' && !paper ? 1 : 0).point(10, {}).tag(3, name).name(1, "");
     const RecordId block = store.insertAfter(lastOf(store, section), begin.take(), Section::kBlocks, kNoRecord);
     TagWriter end(format);
-    blockEntity(end, format, "ENDBLK", takeHandle(database), owner, modern, "AcDbBlockEnd", paper && modern);
+    blockEntity(end, format, "ENDBLK", takeHandle(database), owner, "AcDbBlockEnd", paper);
     store.insertAfter(block, end.take(), Section::kBlocks, block);
     return recorded ? record : OdDbObjectId(&database, block);
 }

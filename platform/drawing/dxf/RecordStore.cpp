@@ -1,5 +1,7 @@
 #include "platform/drawing/dxf/RecordStore.h"
 
+#include <string_view>
+#include <unordered_map>
 #include <utility>
 
 namespace tv::dwg {
@@ -44,13 +46,17 @@ std::uint64_t RecordStore::highestHandle() const {
 }
 
 void RecordStore::noteSection(Section section, RecordId id) { m_sections.emplace_back(section, id); }
-void RecordStore::noteTable(std::string_view name, RecordId id) { m_tables.emplace_back(name, id); }
+void RecordStore::noteTable(std::string_view name, RecordId id) {
+    m_tables.emplace_back(name, id);
+    m_tablesLinked = false;
+}
 
 void RecordStore::forgetStructure() {
     m_structureKnown = false;
     m_sectionEnds = noEnds();
     m_sections.clear();
     m_tables.clear();
+    m_tablesLinked = false;
 }
 
 // Only after a section or table mark was inserted or removed; then the marks are few steps apart in none but
@@ -83,6 +89,39 @@ RecordId RecordStore::table(std::string_view name) const {
     for (const auto& [known, id] : m_tables)
         if (known == name) return id;
     return kNoRecord;
+}
+
+void RecordStore::linkTables() const {
+    findStructure();
+    if (m_tablesLinked) return;
+    m_tablesLinked = true;
+    m_likeTables.clear();
+    struct Ends {
+        RecordId first;
+        RecordId last;
+    };
+    std::unordered_map<std::string_view, Ends> known;
+    for (const auto& [name, id] : m_tables) {
+        const auto [there, fresh] = known.try_emplace(name, Ends{id, id});
+        if (fresh) continue;
+        Ends& ends = there->second;
+        m_likeTables.try_emplace(ends.first, LikeTable{ends.first, id});
+        m_likeTables[ends.last].next = id;
+        m_likeTables[id] = {ends.first, kNoRecord};
+        ends.last = id;
+    }
+}
+
+RecordId RecordStore::firstTableLike(RecordId table) const {
+    linkTables();
+    const auto like = m_likeTables.find(table);
+    return like == m_likeTables.end() ? table : like->second.first;
+}
+
+RecordId RecordStore::nextTableLike(RecordId table) const {
+    linkTables();
+    const auto like = m_likeTables.find(table);
+    return like == m_likeTables.end() ? kNoRecord : like->second.next;
 }
 
 RecordId RecordStore::endOfSection(RecordId section) const {

@@ -13,6 +13,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -83,6 +84,9 @@ class KXPLATFORM_EXPORT RecordStore {
     // First SECTION record of that kind and the first TABLE record of that name, or kNoRecord.
     RecordId section(Section section) const;
     RecordId table(std::string_view name) const;
+    // A file may have several tables of one name: the first of those a table is one of, and the one behind it.
+    RecordId firstTableLike(RecordId table) const;
+    RecordId nextTableLike(RecordId table) const;
     // The ENDSEC or ENDTAB that closes it, or the record the group ends before; kNoRecord at the file's end.
     RecordId endOfSection(RecordId section) const;
     RecordId endOfTable(RecordId table) const;
@@ -140,6 +144,7 @@ class KXPLATFORM_EXPORT RecordStore {
     void notify(ChangeKind kind, RecordId id);
     void forgetStructure();
     void findStructure() const;
+    void linkTables() const;
 
     std::string m_bytes;
     DxfFormat m_format;
@@ -151,6 +156,12 @@ class KXPLATFORM_EXPORT RecordStore {
     mutable std::vector<std::pair<Section, RecordId>> m_sections;
     mutable std::vector<std::pair<std::string, RecordId>> m_tables;
     mutable bool m_structureKnown = true;
+    struct LikeTable {
+        RecordId first;
+        RecordId next;
+    };
+    mutable std::unordered_map<RecordId, LikeTable> m_likeTables; // of those that aren't alone with their name
+    mutable bool m_tablesLinked = false;
     // The table whose end was asked for last, and its ENDTAB: adding ten thousand layers asks as often.
     mutable std::pair<RecordId, RecordId> m_tableEnd{kNoRecord, kNoRecord};
     mutable std::pair<RecordId, RecordId> m_blockEnd{kNoRecord, kNoRecord};

@@ -23,20 +23,21 @@ void TableNames::Names::remove(std::unordered_map<std::wstring, RecordId>::itera
     records.erase(named);
 }
 
-RecordId TableNames::Names::find(std::wstring_view name) const {
-    const auto found = records.find(text::foldCase(name));
+RecordId TableNames::Names::find(const DxfFormat& format, std::wstring_view name) const {
+    const auto found = records.find(text::foldCase(nameAsRead(format, name).view()));
     return found == records.end() ? kNoRecord : found->second;
 }
 
 RecordId TableNames::find(RecordId table, std::wstring_view name) {
+    table = m_store.firstTableLike(table);
     const auto [entry, fresh] = m_tables.try_emplace(table);
     Names& names = entry->second;
-    if (fresh) {
+    for (; fresh && table != kNoRecord; table = m_store.nextTableLike(table)) {
         const RecordId end = m_store.endOfTable(table);
         for (RecordId id = m_store.next(table); id != end; id = m_store.next(id))
             names.add(text::foldCase(tableRecordName(m_store, id).view()), id);
     }
-    return names.find(name);
+    return names.find(m_store.format(), name);
 }
 
 RecordId TableNames::findBlock(std::wstring_view name) {
@@ -49,13 +50,14 @@ RecordId TableNames::findBlock(std::wstring_view name) {
             if (m_store.record(id).type == kTypeBlock)
                 names.add(text::foldCase(tableRecordName(m_store, id).view()), id);
     }
-    return names.find(name);
+    return names.find(m_store.format(), name);
 }
 
 void TableNames::recordChanged(ChangeKind kind, RecordId record) {
     const Record& r = m_store.record(record);
+    if (r.type == kTypeTable) m_tables.clear();
     if (r.section == Section::kBlocks ? r.type != kTypeBlock : r.owner == kNoRecord) return;
-    const auto entry = m_tables.find(r.section == Section::kBlocks ? kBlocks : r.owner);
+    const auto entry = m_tables.find(r.section == Section::kBlocks ? kBlocks : m_store.firstTableLike(r.owner));
     if (entry == m_tables.end()) return;
     // Most changes leave the name alone, and new records bring new names; then the others stay good, which
     // matters when ten thousand layers change.

@@ -13,8 +13,8 @@ namespace tv::dwg {
 // The value of the first group code 2, decoded.
 OdString tableRecordName(const RecordStore& store, RecordId id);
 
-// Record by name in each table, ignoring case; built per table when first asked and
-// kept when its records change. Of several records with one name the first counts.
+// Record by name in each table, ignoring case, tables of one name as one table; built per table when first
+// asked and kept when its records change. Of several records with one name the first counts.
 class TableNames {
   public:
     explicit TableNames(const RecordStore& store) : m_store(store) {}
@@ -32,7 +32,7 @@ class TableNames {
         std::unordered_map<RecordId, const std::wstring*> nameOf; // of those found by name
         void add(std::wstring name, RecordId id);
         void remove(std::unordered_map<std::wstring, RecordId>::iterator named);
-        RecordId find(std::wstring_view name) const;
+        RecordId find(const DxfFormat& format, std::wstring_view name) const;
     };
     static constexpr RecordId kBlocks = kNoRecord; // stands for the table that BLOCK records form
     const RecordStore& m_store;

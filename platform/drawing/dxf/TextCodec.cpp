@@ -71,4 +71,15 @@ std::string encodeText(const DxfFormat& format, std::wstring_view text) {
     return toPage(format, plain);
 }
 
+OdString nameAsRead(const DxfFormat& format, std::wstring_view name) {
+    OdString out(name);
+    if (name.find(L'\\') == std::wstring_view::npos) return out;
+    for (int round = 0; round < 8; ++round) {
+        OdString read = decodeText(format, encodeText(format, out.view()));
+        if (read == out) break;
+        out = std::move(read);
+    }
+    return out;
+}
+
 } // namespace tv::dwg

@@ -124,8 +124,7 @@ AppendResult copyEntity(OdDbObjectId entity, const EntityHome& home) {
         if (place.handles) handle = takeHandle(database);
         setCommon(record, 5, handle.isNull() ? std::nullopt : std::optional<Value>(handle), {});
         const OdDbHandle owner = made.isNull() ? place.ownerHandle : main;
-        if (database.version() >= OdDb::DxfVersion::kR2000 && !owner.isNull())
-            setCommon(record, 330, owner, {5});
+        if (database.form() >= OdDb::DxfVersion::kR2000 && !owner.isNull()) setCommon(record, 330, owner, {5});
         setCommon(record, 67, place.paper ? std::optional<Value>(std::int64_t{1}) : std::nullopt,
                   {5, 330, 100});
         setCommon(record, 410, std::nullopt, {});

@@ -42,7 +42,7 @@ std::shared_ptr<OdDbBlockTableRecord> spaceRecord(OdDbDatabase& database, bool p
 
 // A drawing of the oldest versions may have entities without handles.
 bool carriesHandles(OdDbDatabase& database) {
-    if (database.version() >= kR13) return true;
+    if (database.form() >= kR13) return true;
     const auto handling = database.headerVar(L"HANDLING");
     if (handling) return handling->asInteger() == 1;
     return database.store().highestHandle() != 0;
@@ -93,7 +93,7 @@ HomePlace findPlace(const EntityHome& home) {
         record = spaceRecord(database, out.paper);
     }
     if (out.last == kNoRecord) out.status = Tavo::eBadFile;
-    if (record && database.version() >= kR13) out.ownerHandle = record->handle();
+    if (record && database.form() >= kR13) out.ownerHandle = record->handle();
     return out;
 }
 

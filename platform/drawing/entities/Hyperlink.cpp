@@ -3,6 +3,7 @@
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbEntity.h"
 #include "platform/drawing/OdDbSymbolTable.h"
+#include "platform/drawing/VersionLimits.h"
 #include "platform/drawing/dxf/RecordEditor.h"
 #include "platform/drawing/dxf/RecordStore.h"
 #include "platform/text/Unicode.h"
@@ -96,7 +97,7 @@ std::optional<Hyperlink> hyperlinkOf(OdDbObjectId entity) {
 Tavo::ErrorStatus setHyperlink(OdDbObjectId entity, const Hyperlink& link) {
     if (const auto status = writable(entity); status != Tavo::eOk) return status;
     OdDbDatabase& database = *entity.database();
-    if (database.version() == OdDb::DxfVersion::kR10) return Tavo::eNotHandled;
+    if (const auto status = database.require(OdDb::Feature::kExtendedData); status != Tavo::eOk) return status;
     const OdDbUndoScope step(database, L"HYPERLINK");
     RecordStore& store = database.store();
     RecordEditor record(store.format(), store.text(entity.record()));

@@ -66,10 +66,10 @@ class Writer {
     using TakeHandle = std::function<OdDbHandle()>;
     Writer(OdDbDatabase& database, const Current& current, const HomePlace& place, TakeHandle take)
         : m_database(database), m_format(database.store().format()), m_current(current), m_place(place),
-          m_take(std::move(take)), m_version(database.version()), m_tags(m_format) {}
+          m_take(std::move(take)), m_version(database.form()), m_tags(m_format) {}
 
     OdDb::DxfVersion version() const { return m_version; }
-    bool modern() const { return m_version >= kR13 || m_version == kUnknown; }
+    bool modern() const { return m_version >= kR13; }
     OdDbDatabase& database() { return m_database; }
 
     // Begins a main entity.
@@ -257,7 +257,7 @@ class Write {
         w.real(40, e.ratio).real(41, e.startParameter).real(42, e.endParameter);
     }
     void operator()(const PolylineGeometry& p) {
-        const bool light = !p.is3d && (w.version() >= kR14 || w.version() == kUnknown);
+        const bool light = !p.is3d && w.version() >= kR14;
         if (light)
             lightPolyline(p);
         else
