@@ -4,6 +4,7 @@
 #include "platform/drawing/OdDbLayerTable.h"
 #include "platform/drawing/UsageData.h"
 #include "platform/drawing/dxf/DxfReader.h"
+#include "platform/drawing/dxf/GroupMembers.h"
 #include "platform/drawing/dxf/HeaderSection.h"
 #include "platform/drawing/dxf/NewRecord.h"
 #include "platform/drawing/dxf/RecordStore.h"
@@ -43,7 +44,7 @@ OdDbEntityRange entitiesOf(const OdDbDatabase& database, bool paper) {
 } // namespace
 
 struct OdDbDatabase::Impl {
-    explicit Impl(RecordStore& store) : header(store), names(store) {}
+    explicit Impl(RecordStore& store) : header(store), names(store), groups(store) {}
 
     // Reactors may come and go while they are being told.
     template <class Tell>
@@ -55,6 +56,7 @@ struct OdDbDatabase::Impl {
 
     HeaderSection header;
     TableNames names;
+    GroupMembers groups;
     std::set<OdDb::Feature> refused; // told already
     UsageData usage;
     std::vector<OdDbDatabaseReactor*> reactors;
@@ -126,6 +128,7 @@ void OdDbDatabase::recordChanged(int kind, RecordId id) {
         m_impl->names.clear();
         return;
     }
+    m_impl->groups.recordChanged(static_cast<ChangeKind>(kind), id);
     if (record.section == Section::kTables || record.section == Section::kBlocks)
         m_impl->names.recordChanged(static_cast<ChangeKind>(kind), id);
     m_impl->tell([&](OdDbDatabaseReactor& reactor) {
@@ -332,7 +335,9 @@ void OdDbDatabase::startUndoRecord(std::wstring_view name) {
 }
 
 void OdDbDatabase::endUndoRecord() {
-    if (!m_store->replaying()) m_store->undoLog().end();
+    if (m_store->replaying()) return;
+    if (m_store->undoLog().outermost()) m_impl->groups.dropErased();
+    m_store->undoLog().end();
 }
 
 bool OdDbDatabase::isUndoRecording() const { return m_store->undoLog().recording(); }

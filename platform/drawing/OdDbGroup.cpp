@@ -3,6 +3,7 @@
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbDictionary.h"
 #include "platform/drawing/OdDbEntity.h"
+#include "platform/drawing/dxf/GroupMembers.h"
 #include "platform/drawing/dxf/NewObject.h"
 #include "platform/drawing/dxf/OwnTags.h"
 #include "platform/drawing/dxf/RecordStore.h"
@@ -91,21 +92,12 @@ Tavo::ErrorStatus OdDbGroup::dropMembers(std::span<const OdDbObjectId> gone, boo
         if (id.database() == database()) handles.insert(id.handle().value());
     const OdDbUndoScope step(*database(), L"GROUP");
     RecordStore& store = database()->store();
-    const std::string_view before = store.text(objectId().record());
-    std::string bytes;
-    std::size_t done = 0;
     std::vector<OdDbHandle> freed;
-    OwnTags own(format(), before);
-    for (Tag tag; own.next(tag);) {
-        if (tag.code != kMember) continue;
+    const auto drops = [&](const Tag& tag) {
         const auto handle = handleOf(format(), tag);
-        if (!all && (!handle || !handles.contains(handle->value()))) continue;
-        bytes += before.substr(done, tag.begin - done);
-        done = tag.end;
-        if (handle) freed.push_back(*handle);
-    }
-    bytes += before.substr(done);
-    store.replace(objectId().record(), std::move(bytes));
+        return all || (handle && handles.contains(handle->value()));
+    };
+    store.replace(objectId().record(), withoutMembers(format(), store.text(objectId().record()), drops, freed));
     for (const OdDbHandle handle : freed)
         if (const OdDbObjectPtr member = database()->getOdDbObjectId(handle).openObject(OdDb::kForWrite))
             member->removePersistentReactor(objectId());

@@ -9,7 +9,7 @@
 #include <vector>
 
 // A named set of entities, in an order. Its name is its entry in the dictionary of groups; its members name it
-// as a reactor.
+// as a reactor. What is erased leaves its groups in the same step.
 class KXPLATFORM_EXPORT OdDbGroup : public OdDbObject {
   public:
     using OdDbObject::OdDbObject;

@@ -4,6 +4,9 @@
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbDictionary.h"
 #include "platform/drawing/OdDbViewport.h"
+#include "platform/drawing/dxf/OwnTags.h"
+#include "platform/drawing/dxf/RecordEditor.h"
+#include "platform/drawing/dxf/RecordStore.h"
 #include "platform/drawing/dxf/Subclass.h"
 #include "platform/text/Unicode.h"
 
@@ -14,6 +17,7 @@ using namespace tv::dwg;
 namespace {
 
 constexpr const char* kPart = "AcDbLayout";
+constexpr int kLayoutOfEntity = 410;
 
 OdGePoint2d flat(const OdGePoint3d& p) { return {p.x, p.y}; }
 
@@ -39,7 +43,31 @@ Tavo::ErrorStatus OdDbLayout::setLayoutName(std::wstring_view name) {
         if (!known.isEmpty())
             if (const auto status = layouts->setName(known.view(), name); status != Tavo::eOk) return status;
     }
-    return setIn(*this, kPart, {{1, OdString(name)}}, {100});
+    const OdString old = getLayoutName();
+    if (const auto status = setIn(*this, kPart, {{1, OdString(name)}}, {100}); status != Tavo::eOk)
+        return status;
+    renameInEntities(old, OdString(name));
+    return Tavo::eOk;
+}
+
+void OdDbLayout::renameInEntities(const OdString& from, const OdString& to) {
+    RecordStore& store = database()->store();
+    const auto rename = [&](OdDbObjectId id) {
+        const auto tag = id.openObject()->find(kLayoutOfEntity, Part::kCommon);
+        if (!tag || !tv::text::equalNoCase(textOf(format(), *tag).view(), from.view())) return;
+        RecordEditor record(format(), store.text(id.record()));
+        for (const std::size_t i : ownTags(record))
+            if (record.code(i) == kLayoutOfEntity) {
+                record.set(i, to);
+                break;
+            }
+        if (record.edited()) store.replace(id.record(), record.bytes());
+    };
+    for (const OdDbObjectId id : entities()) {
+        rename(id);
+        for (const OdDbObjectId sub : subEntities(id))
+            rename(sub);
+    }
 }
 
 int OdDbLayout::getTabOrder() const { return integerIn(*this, kPart, 71); }

@@ -14,8 +14,8 @@ class KXPLATFORM_EXPORT OdDbLayout : public OdDbPlotSettings {
     using OdDbPlotSettings::OdDbPlotSettings;
 
     OdString getLayoutName() const;
-    // In the record and in the dictionary of layouts. eDuplicate for a name another layout has, eInvalidInput
-    // for an empty one and for the model's layout.
+    // In the record, in the dictionary of layouts and in the layout's entities that say it. eDuplicate for a
+    // name another layout has, eInvalidInput for an empty one and for the model's layout.
     Tavo::ErrorStatus setLayoutName(std::wstring_view name);
     // The model's is 0.
     int getTabOrder() const;
@@ -50,5 +50,8 @@ class KXPLATFORM_EXPORT OdDbLayout : public OdDbPlotSettings {
     Tavo::ErrorStatus setLastActiveViewportId(OdDbObjectId viewport);
     // The viewports that lie on the sheet, in file order; the first stands for the sheet itself.
     std::vector<OdDbObjectId> viewports() const;
+
+  private:
+    void renameInEntities(const OdString& from, const OdString& to);
 };
 using OdDbLayoutPtr = std::shared_ptr<OdDbLayout>;

@@ -1,6 +1,6 @@
 // Drawings without a table of block records, with a part of it, without a version, and with tables in pieces.
 
-#include "Drawings.h"
+#include "tests/drawing/Drawings.h"
 
 #include "platform/drawing/OdDbBlockTable.h"
 #include "platform/drawing/OdDbDictionary.h"

@@ -252,6 +252,58 @@ TEST(Groups, MembersAndTheirGroupKnowEachOther) {
     EXPECT_EQ(db->bytes(), first);
 }
 
+TEST(Groups, LoseWhatIsErasedInTheSameStep) {
+    const auto db = openText(sheets());
+    const auto at = [&](std::uint64_t handle) { return db->getOdDbObjectId(handle); };
+    const auto erase = [&](std::uint64_t handle) { return at(handle).openObject(OdDb::kForWrite)->erase(); };
+    const auto group = [&](const wchar_t* name, std::vector<OdDbObjectId> members) {
+        const auto made = tv::dwg::addGroup(*db, name).open<OdDbGroup>(OdDb::kForWrite);
+        made->append(members);
+        return made;
+    };
+    const auto both = group(L"Both", {at(0x42), at(0x45)});
+    const auto one = group(L"One", {at(0x45), at(0x43)});
+    const std::string first = db->bytes();
+    EXPECT_EQ(erase(0x45), Tavo::eOk);
+    EXPECT_EQ(both->entities(), std::vector{at(0x42)});
+    EXPECT_THAT(db->bytes(), testing::Not(testing::HasSubstr("340\n45\n")));
+    EXPECT_TRUE(db->undo());
+    EXPECT_EQ(db->bytes(), first);
+    EXPECT_TRUE(one->has(at(0x45)));
+    {
+        const OdDbUndoScope step(*db, L"ERASE");
+        EXPECT_EQ(erase(0x42), Tavo::eOk);
+        EXPECT_EQ(erase(0x45), Tavo::eOk);
+        EXPECT_EQ(both->append(std::vector{at(0x44)}), Tavo::eOk) << "what joins meanwhile stays";
+    }
+    EXPECT_EQ(both->entities(), std::vector{at(0x44)});
+    EXPECT_EQ(one->entities(), std::vector{at(0x43)});
+    EXPECT_THAT(db->bytes(), testing::Not(testing::ContainsRegex("340\n4[25]\n")));
+    EXPECT_TRUE(db->undo());
+    EXPECT_EQ(db->bytes(), first);
+    EXPECT_TRUE(db->redo());
+    EXPECT_EQ(one->entities(), std::vector{at(0x43)});
+}
+
+TEST(Layouts, RenamingReachesTheEntitiesThatSayWhoseTheyAre) {
+    std::string text = sheets();
+    // Viewport 40 says its sheet, 41 another one, and one of the other sheet says this one.
+    for (const auto& [handle, name] : {std::pair("40", "SECOND"), {"41", "First"}, {"44", "Second"}}) {
+        const std::string mark = std::string("VIEWPORT\n5\n") + handle + "\n";
+        text.insert(text.find("67\n1\n", text.find(mark)) + 5, std::string("410\n") + name + "\n");
+    }
+    const auto db = openText(text);
+    ASSERT_EQ(db->getOdDbObjectId(0x62).open<OdDbLayout>(OdDb::kForWrite)->setLayoutName(L"Plan"), Tavo::eOk);
+    const auto said = [&](std::uint64_t handle) {
+        return db->getOdDbObjectId(handle).openObject()->textAt(410);
+    };
+    EXPECT_EQ(said(0x40), L"Plan");
+    EXPECT_EQ(said(0x41), L"First");
+    EXPECT_EQ(said(0x44), L"Second");
+    EXPECT_TRUE(db->undo());
+    EXPECT_EQ(db->bytes(), text);
+}
+
 TEST(Scales, KeepTheListsOrder) {
     const auto db = OdDbDatabase::create();
     const std::string first = db->bytes();

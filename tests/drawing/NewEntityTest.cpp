@@ -220,7 +220,9 @@ TEST(NewEntities, CopiesLeaveTheirTiesBehind) {
         "8|Wall|62|7|100|AcDbBlockReference|66|1|2|DOOR|10|0.50|1001|TIES|1005|1|1001|ACAD|1000|kept|"
         "0|ATTRIB|5|2|330|1|100|AcDbEntity|8|0|100|AcDbText|1|v|100|AcDbAttribute|2|T|0|SEQEND|5|3|330|1|8|0|"
         "0|HATCH|5|4|330|1F|100|AcDbEntity|8|0|100|AcDbHatch|2|SOLID|71|1|91|1|97|1|330|1|75|0|"
-        "0|VIEWPORT|5|5|8|0|0|ENDSEC|0|EOF"));
+        "0|VIEWPORT|5|5|8|0|0|3DSOLID|5|6|100|AcDbEntity|8|0|100|AcDbModelerGeometry|290|1|2|{1}|100|"
+        "AcDb3dSolid|"
+        "350|0|0|REGION|5|7|100|AcDbEntity|8|0|100|AcDbModelerGeometry|70|1|1|nonsense|0|ENDSEC|0|EOF"));
     const std::string first = db->bytes();
     const auto model = EntityHome::modelSpace(*db);
     const AppendResult copy = copyEntity(db->getOdDbObjectId(1), model);
@@ -234,6 +236,8 @@ TEST(NewEntities, CopiesLeaveTheirTiesBehind) {
     EXPECT_THAT(db->bytes(), HasSubstr(lines("67|1|8|0|100|AcDbHatch|2|SOLID|71|0|91|1|97|0|75|0")));
     EXPECT_EQ(copyEntity(db->getOdDbObjectId(5), model).status, Tavo::eNotHandled);
     EXPECT_EQ(copyEntity(db->getOdDbObjectId(2), model).status, Tavo::eNotHandled);
+    EXPECT_EQ(copyEntity(db->getOdDbObjectId(6), model).status, Tavo::eNotHandled) << "its shape is elsewhere";
+    EXPECT_EQ(copyEntity(db->getOdDbObjectId(7), model).status, Tavo::eOk);
     while (db->undo()) {
     }
     EXPECT_EQ(db->bytes(), first);

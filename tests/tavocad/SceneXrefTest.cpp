@@ -19,9 +19,10 @@ class SceneXref : public testing::Test {
     ~SceneXref() override { fs::remove_all(m_folder); }
     fs::path write(const std::string& name, const std::string& layers, const std::string& blocks,
                    const std::string& entities) {
-        std::string text = "0|SECTION|2|TABLES|0|TABLE|2|LAYER|70|9|" + layers +
-                           "0|ENDTAB|0|ENDSEC|0|SECTION|2|BLOCKS|" + blocks + "0|ENDSEC|0|SECTION|2|ENTITIES|" +
-                           entities + "0|ENDSEC|0|EOF|";
+        std::string text = "0|SECTION|2|HEADER|9|$ACADVER|1|AC1015|0|ENDSEC|"
+                           "0|SECTION|2|TABLES|0|TABLE|2|LAYER|70|9|" +
+                           layers + "0|ENDTAB|0|ENDSEC|0|SECTION|2|BLOCKS|" + blocks +
+                           "0|ENDSEC|0|SECTION|2|ENTITIES|" + entities + "0|ENDSEC|0|EOF|";
         std::ranges::replace(text, '|', '\n');
         std::ranges::replace(text, '&', '|');
         fs::create_directories(m_folder);

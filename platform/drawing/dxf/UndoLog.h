@@ -35,6 +35,8 @@ class KXPLATFORM_EXPORT UndoLog {
     void start(std::wstring_view name);
     void end();
     bool recording() const { return m_depth > 0; }
+    // The next end() ends the step.
+    bool outermost() const { return m_depth == 1; }
     // Outside a record the change is a step of its own.
     void push(Change change);
 

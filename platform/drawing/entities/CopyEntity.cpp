@@ -90,6 +90,18 @@ void setCommon(RecordEditor& record, int code, std::optional<Value> value, std::
     if (value) record.insert(place, code, *value);
 }
 
+// From R2013 on the shape of solids, regions and bodies stands in a section of its own, by handle; it would be
+// missing in a copy. Where the entity says it itself, it does so as text.
+bool shapeStandsElsewhere(const RecordStore& store, RecordId id) {
+    OwnTags own(store.format(), store.text(id));
+    bool modeler = false;
+    for (Tag tag; own.next(tag);) {
+        if (tag.code == 100) modeler |= trimmed(tag.value) == "AcDbModelerGeometry";
+        if (modeler && (tag.code == 1 || tag.code == 310)) return false;
+    }
+    return modeler;
+}
+
 } // namespace
 
 AppendResult copyEntity(OdDbObjectId entity, const EntityHome& home) {
@@ -99,7 +111,8 @@ AppendResult copyEntity(OdDbObjectId entity, const EntityHome& home) {
     OdDbDatabase& database = *home.database();
     if (entity.database() != &database) return {Tavo::eInvalidInput, {}};
     RecordStore& store = database.store();
-    if ((store.record(entity.record()).flags & kSubEntity) || store.typeName(entity.record()) == "VIEWPORT")
+    if ((store.record(entity.record()).flags & kSubEntity) || store.typeName(entity.record()) == "VIEWPORT" ||
+        shapeStandsElsewhere(store, entity.record()))
         return {Tavo::eNotHandled, {}};
     if (const auto insert = entity.open<OdDbBlockReference>();
         insert && holdsHome(home, insert->blockName().view()))

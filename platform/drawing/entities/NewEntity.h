@@ -82,7 +82,8 @@ KXPLATFORM_EXPORT AppendResult appendEntity(const EntityHome& home, const NewEnt
 
 // The same entity once more, with its sub-entities: the same tags under new handles. What ties the original to
 // other objects is left behind: reactors, the extension dictionary, extended data that name objects,
-// associations of hatches and leaders. eNotHandled for viewports, which can't be twice, and for sub-entities.
+// associations of hatches and leaders. eNotHandled for viewports, which can't be twice, for sub-entities,
+// and for solids, regions and bodies whose shape the file keeps apart from them.
 KXPLATFORM_EXPORT AppendResult copyEntity(OdDbObjectId entity, const EntityHome& home);
 
 } // namespace tv::dwg
