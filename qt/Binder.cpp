@@ -71,7 +71,8 @@ void Binder::bindChildren(CWnd& container, Scope& scope) {
         Bridge& tied = *bridge;
         m_bridges.push_back(std::move(bridge));
         if (wnd->kind() == ui::ControlKind::tab) bindTabs(static_cast<CTabCtrl&>(*wnd), tied);
-        bindChildren(*wnd, scope);
+        // A list's children are its editors, which it shows itself.
+        if (wnd->kind() != ui::ControlKind::list) bindChildren(*wnd, scope);
     }
 }
 

@@ -36,8 +36,7 @@ DialogWindow::DialogWindow(CDialog& dialog, const TemplateLoader& loader, QWidge
         std::fprintf(stderr, "%s\n", text::toUtf8(problem).c_str());
 
     installEventFilter(this);
-    for (QWidget* widget : findChildren<QWidget*>())
-        widget->installEventFilter(this);
+    watch(*this);
     if (m_embedded) showAll();
 }
 
@@ -86,16 +85,26 @@ void DialogWindow::build(const TemplateLoader& loader) {
         m_problems.push_back(std::move(problem));
 }
 
+void DialogWindow::watch(QWidget& part) {
+    if (&part != this) part.installEventFilter(this);
+    for (QWidget* widget : part.findChildren<QWidget*>())
+        widget->installEventFilter(this);
+}
+
 Bridge* DialogWindow::bridgeOf(const CWnd& wnd) const {
-    for (const auto& bridge : m_bridges)
+    for (const auto& bridge : m_bridges) {
         if (&bridge->wnd() == &wnd) return bridge.get();
+        if (Bridge* inner = bridge->inner(); inner && &inner->wnd() == &wnd) return inner;
+    }
     return nullptr;
 }
 
 Bridge* DialogWindow::bridgeOfWidget(const QObject* object) const {
     for (; object && object != this; object = object->parent())
-        for (const auto& bridge : m_bridges)
+        for (const auto& bridge : m_bridges) {
             if (&bridge->widget() == object) return bridge.get();
+            if (Bridge* inner = bridge->inner(); inner && &inner->widget() == object) return inner;
+        }
     return nullptr;
 }
 
@@ -123,7 +132,12 @@ void DialogWindow::showAll() {
 
 void DialogWindow::changed(CWnd& wnd, ui::Change change) {
     if (static_cast<CWnd*>(&m_dialog) != &wnd) {
-        if (Bridge* bridge = bridgeOf(wnd)) bridge->changed(change);
+        if (Bridge* bridge = bridgeOf(wnd)) {
+            bridge->changed(change);
+            if (change == ui::Change::editor && bridge->inner()) watch(bridge->inner()->widget());
+        }
+        if (change == ui::Change::rect)
+            if (Bridge* around = wnd.GetParent() ? bridgeOf(*wnd.GetParent()) : nullptr) around->placeInner();
         if (change == ui::Change::label) linkLabels();
         if (change == ui::Change::text) showNamesLabelledBy(wnd);
         if (change == ui::Change::focus || change == ui::Change::enabled || change == ui::Change::visible)

@@ -51,6 +51,7 @@ class DialogWindow : public QDialog {
 
   private:
     void build(const TemplateLoader& loader);
+    void watch(QWidget& part); // the widget and all below it
     void linkLabels();
     void showAll();
     void showNamesLabelledBy(const CWnd& label);

@@ -178,6 +178,12 @@ void QtToolkit::changed(CWnd& wnd, tv::ui::Change change) {
     if (change == tv::ui::Change::visible && wnd.kind() == tv::ui::ControlKind::dialog) m->showWindows();
 }
 
+int QtToolkit::textWidth(const CWnd& wnd, std::wstring_view text) const {
+    const QWidget* widget = widgetOf(wnd);
+    const QFontMetrics metrics(widget ? widget->font() : QApplication::font());
+    return metrics.horizontalAdvance(tv::qt::toQt(text));
+}
+
 void QtToolkit::setClipboardText(const std::wstring& text) {
     QGuiApplication::clipboard()->setText(tv::qt::toQt(text));
 }

@@ -47,6 +47,7 @@ class KXGUIQT_EXPORT QtToolkit : public tv::ui::Toolkit {
     void changed(CWnd& wnd, tv::ui::Change change) override;
     void show(CDialog& dialog) override;
     void hide(CDialog& dialog) override;
+    int textWidth(const CWnd& wnd, std::wstring_view text) const override;
     void setClipboardText(const std::wstring& text) override;
     std::wstring clipboardText() const override;
     const char* name() const override { return "qt"; }

@@ -7,6 +7,7 @@
 #include "qt/controls/CommandButton.h"
 #include "qt/controls/KxDrawArea.h"
 #include "qt/controls/KxSwatchGrid.h"
+#include "qt/controls/ListView.h"
 
 #include <QFile>
 #include <QUiLoader>
@@ -26,6 +27,8 @@ class Loader : public QUiLoader {
             widget = new QWidget(parent);
         else if (className == QLatin1String("QComboBox"))
             widget = new DropDownBox(parent);
+        else if (className == QLatin1String("QTableView"))
+            widget = new ListView(parent);
         else if (className == QLatin1String("QCommandLinkButton"))
             widget = new CommandButton(parent);
         else if (className == QLatin1String("KxSwatchGrid"))

@@ -23,7 +23,6 @@
 #include <QRadioButton>
 #include <QSlider>
 #include <QTabWidget>
-#include <QTableView>
 #include <QTreeWidget>
 
 namespace tv::qt {
@@ -33,6 +32,11 @@ template <class BridgeType, class Control, class Widget>
 std::unique_ptr<Bridge> tie(CWnd& wnd, QWidget& widget) {
     auto* typed = qobject_cast<Widget*>(&widget);
     return typed ? std::make_unique<BridgeType>(static_cast<Control&>(wnd), *typed) : nullptr;
+}
+
+std::unique_ptr<Bridge> tieList(CWnd& wnd, QWidget& widget) {
+    auto* view = dynamic_cast<ListView*>(&widget);
+    return view ? std::make_unique<ListBridge>(static_cast<CListCtrl&>(wnd), *view) : nullptr;
 }
 
 bool isMultiLine(const CWnd& wnd) { return static_cast<const CEdit&>(wnd).multiLine(); }
@@ -68,7 +72,7 @@ std::unique_ptr<Bridge> makeBridge(CWnd& wnd, QWidget& widget) {
     case listBox:
         return tie<ListBoxBridge, CListBox, QListWidget>(wnd, widget);
     case list:
-        return tie<ListBridge, CListCtrl, QTableView>(wnd, widget);
+        return tieList(wnd, widget);
     case tree:
         return tie<TreeBridge, CTreeCtrl, QTreeWidget>(wnd, widget);
     case tab:

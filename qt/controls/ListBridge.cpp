@@ -1,117 +1,242 @@
 #include "qt/controls/ListBridge.h"
 
+#include "platform/text/ResourceString.h"
+#include "qt/TemplateLoader.h"
+#include "qt/controls/BridgeFactory.h"
 #include "qt/controls/PictureIcon.h"
 
 #include <QApplication>
+#include <QFocusEvent>
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QLineEdit>
-#include <QPersistentModelIndex>
+#include <QMenu>
+#include <QScopedValueRollback>
 #include <QScrollBar>
-#include <QTableView>
+#include <QSignalBlocker>
+
+#include <algorithm>
 
 namespace tv::qt {
 
-QWidget* CellEditor::createEditor(QWidget* parent, const QStyleOptionViewItem&,
-                                  const QModelIndex& index) const {
-    auto* editor = new QLineEdit(parent);
-    editor->setFrame(false);
-    editor->setProperty("cell", QVariant::fromValue(QPersistentModelIndex(index)));
-    return editor;
-}
-
-// Reached when the focus leaves the editor; a refused text is given up then.
-void CellEditor::setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const {
-    commit(*editor, index);
-}
-
-bool CellEditor::commit(QWidget& editor, const QModelIndex& index) const {
-    auto& line = static_cast<QLineEdit&>(editor);
-    if (line.property("done").toBool()) return true;
-    const QString text = line.text();
-    const bool accepted =
-        text == index.data(Qt::EditRole).toString() || (accept && accept(index, text.toStdWString()));
-    if (accepted) line.setProperty("done", true);
-    return accepted;
-}
-
-bool CellEditor::eventFilter(QObject* object, QEvent* event) {
-    if (event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        auto* editor = static_cast<QWidget*>(object);
-        if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Tab || key == Qt::Key_Backtab) {
-            const auto index = editor->property("cell").value<QPersistentModelIndex>();
-            if (!index.isValid() || commit(*editor, index)) emit closeEditor(editor, NoHint);
-            return true;
-        }
-        if (key == Qt::Key_Escape) editor->setProperty("done", true);
-    }
-    return QStyledItemDelegate::eventFilter(object, event);
-}
-
-ListBridge::ListBridge(CListCtrl& list, QTableView& widget)
-    : Bridge(list, widget), m_list(list), m_view(widget), m_rows(list) {
+ListBridge::ListBridge(CListCtrl& list, ListView& widget)
+    : Bridge(list, widget), m_list(list), m_view(widget), m_rows(list), m_painter(list, m_rows) {
     m_view.setModel(&m_rows);
-    m_view.setItemDelegate(&m_editor);
+    m_view.setItemDelegate(&m_painter);
     m_view.setSelectionBehavior(QAbstractItemView::SelectRows);
     m_view.setSelectionMode(list.multiSelect() ? QAbstractItemView::ExtendedSelection
                                                : QAbstractItemView::SingleSelection);
-    m_view.setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
+    m_view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_view.setAutoScroll(false);
+    m_view.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    m_view.setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
     m_view.setTabKeyNavigation(false);
     m_view.setIconSize(largestPicture);
     m_view.setShowGrid(false);
     m_view.setWordWrap(false);
+    m_view.setAttribute(Qt::WA_InputMethodEnabled);
     m_view.verticalHeader()->hide();
     m_view.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_view.verticalHeader()->setDefaultSectionSize(std::max(20, m_view.fontMetrics().height() + 6));
-    m_view.horizontalHeader()->setSectionsClickable(true);
-    m_view.horizontalHeader()->setHighlightSections(false);
-    m_view.horizontalHeader()->setStretchLastSection(true);
+    QHeaderView& header = *m_view.horizontalHeader();
+    header.setSectionsClickable(true);
+    header.setSectionsMovable(true);
+    header.setHighlightSections(false);
+    header.setMinimumSectionSize(0);
+    header.setContextMenuPolicy(Qt::CustomContextMenu);
+    m_view.serve(this);
 
-    m_editor.accept = [this](const QModelIndex& index, const std::wstring& text) {
-        return static_cast<bool>(m_list.userEdit(index.row(), index.column(), text));
-    };
-    connect(m_view.selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            &ListBridge::selectionByUser);
-    connect(m_view.horizontalHeader(), &QHeaderView::sectionClicked, this,
+    connect(&header, &QHeaderView::sectionClicked, this,
             [this](int column) { user([&] { return m_list.userHeader(column); }); });
-    connect(&m_view, &QTableView::clicked, this, [this](const QModelIndex& index) {
-        // With Ctrl or Shift a click changes the selection only, which has been reported.
-        if (QApplication::keyboardModifiers() & (Qt::ControlModifier | Qt::ShiftModifier)) return;
-        user([&] { return m_list.userClick(index.row(), index.column()); });
+    connect(&header, &QHeaderView::sectionMoved, this,
+            [this](int column, int, int place) { user([&] { return m_list.userMoveColumn(column, place); }); });
+    connect(&header, &QHeaderView::sectionResized, this, [this](int column, int, int width) {
+        if (width != m_list.columnWidth(column)) user([&] { return m_list.userResizeColumn(column, width); });
     });
-    connect(&m_view, &QTableView::doubleClicked, this, [this](const QModelIndex& index) {
-        user([&] { return m_list.userDoubleClick(index.row(), index.column()); });
+    connect(&header, &QHeaderView::sectionHandleDoubleClicked, this,
+            [this](int column) { user([&] { return m_list.userFitColumn(column); }); });
+    connect(&header, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
+        showHeaderMenu(m_view.horizontalHeader()->viewport()->mapToGlobal(at));
+    });
+    const auto scrolled = [this] {
+        if (showing() || m_placing) return;
+        (void)m_list.userScroll(m_view.verticalScrollBar()->value(), m_view.horizontalScrollBar()->value());
+    };
+    connect(m_view.verticalScrollBar(), &QScrollBar::valueChanged, this, scrolled);
+    connect(m_view.horizontalScrollBar(), &QScrollBar::valueChanged, this, scrolled);
+    m_openSoon.setSingleShot(true);
+    m_openSoon.callOnTimeout(this, [this] {
+        if (m_list.GetCurSel() == m_pressedRow && !m_list.editor())
+            user([&] { return m_list.userOpenEditor(m_pressedRow, m_pressedColumn); });
     });
 }
 
-void ListBridge::selectionByUser() {
-    if (showing()) return;
-    std::vector<int> rows;
-    for (const QModelIndex& index : m_view.selectionModel()->selectedRows())
-        rows.push_back(index.row());
-    user([&] { return m_list.userSelect(std::move(rows)); });
+ListBridge::~ListBridge() { m_view.serve(nullptr); }
+
+// --- what a person does --------------------------------------------------------------------------------------
+
+bool ListBridge::key(const ui::KeyEvent& key) {
+    m_openSoon.stop();
+    if ((key.key == ui::Key::menu || (key.key == ui::Key::f10 && key.shift)) && key.ctrl) {
+        const QWidget& header = *m_view.horizontalHeader()->viewport();
+        const int column = std::max(0, m_list.focusColumn());
+        showHeaderMenu(header.mapToGlobal(QPoint(m_view.columnViewportPosition(column), header.height())));
+        return true;
+    }
+    bool used = false;
+    user([&] {
+        used = m_list.controlKey(key);
+        return used;
+    });
+    return used;
+}
+
+void ListBridge::typed(const QString& text) {
+    for (const wchar_t ch : text.toStdWString()) {
+        ui::KeyEvent event;
+        event.key = ch == L' ' ? ui::Key::space : ui::Key::character;
+        event.ch = ch;
+        (void)key(event);
+    }
+}
+
+bool ListBridge::onCheckBox(const QModelIndex& index, QPoint at) const {
+    return m_painter.checkBox(m_view, m_view.visualRect(index), index).contains(at);
+}
+
+bool ListBridge::toggleAt(const QModelIndex& index, QPoint at) {
+    if (!onCheckBox(index, at)) return false;
+    const bool checked = m_list.cell(index.row(), index.column()).checked == 0;
+    user([&] { return m_list.userCheck(index.row(), index.column(), checked); });
+    return true;
+}
+
+void ListBridge::press(const QModelIndex& index, QPoint at, Qt::KeyboardModifiers with) {
+    m_openSoon.stop();
+    m_pressedRow = -1;
+    if (!index.isValid()) {
+        if (m_list.multiSelect()) user([&] { return m_list.userSelect({}); });
+        return;
+    }
+    if (toggleAt(index, at)) return;
+    const bool ctrl = with.testFlag(Qt::ControlModifier), shift = with.testFlag(Qt::ShiftModifier);
+    m_again = !ctrl && !shift && m_list.selection() == ui::RowSet{index.row()} &&
+              m_list.focusColumn() == index.column();
+    if (!ctrl && !shift) {
+        m_pressedRow = index.row();
+        m_pressedColumn = index.column();
+    }
+    user([&] { return m_list.userPress(index.row(), index.column(), ctrl, shift); });
+}
+
+void ListBridge::drag(const QModelIndex& index) {
+    if (m_pressedRow < 0 || index.row() == m_list.focusRow()) return;
+    m_again = false;
+    user([&] { return m_list.userPress(index.row(), m_pressedColumn, false, m_list.multiSelect()); });
+    m_list.EnsureVisible(index.row());
+    if (m_list.multiSelect()) m_pressedColumn = -1; // no click any more
+}
+
+void ListBridge::release(const QModelIndex& index) {
+    const bool click = m_pressedRow >= 0 && index.row() == m_pressedRow && index.column() == m_pressedColumn;
+    if (!click) {
+        m_pressedRow = -1;
+        return;
+    }
+    user([&] { return m_list.userClick(index.row(), index.column()); });
+    if (m_again && !m_list.editor() && m_list.hasEditor(index.row(), index.column()))
+        m_openSoon.start(QApplication::doubleClickInterval());
+    else
+        m_pressedRow = -1;
+}
+
+void ListBridge::doubleClick(const QModelIndex& index, QPoint at) {
+    m_openSoon.stop();
+    m_pressedRow = -1;
+    if (index.isValid() && !toggleAt(index, at))
+        user([&] { return m_list.userDoubleClick(index.row(), index.column()); });
+}
+
+void ListBridge::contextMenu(const QModelIndex& index) {
+    m_openSoon.stop();
+    user([&] { return m_list.userContextMenu(index.row(), index.column()); });
+}
+
+QString ListBridge::toolTipFor(const QModelIndex& index) {
+    constexpr qsizetype most = 1000;
+    if (!index.isValid() || !m_painter.isCutOff(m_view, m_view.visualRect(index), index)) return {};
+    QString text = index.data(Qt::DisplayRole).toString();
+    if (text.size() > most) text = text.left(most) + QChar(0x2026);
+    return QLatin1String("<span>%1</span>").arg(text.toHtmlEscaped());
+}
+
+void ListBridge::showHeaderMenu(QPoint at) {
+    auto* menu = new QMenu(&m_view);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto entry = [&](const std::wstring& text, std::function<void()> work) {
+        QAction* action = menu->addAction(toQt(text));
+        connect(action, &QAction::triggered, this, std::move(work));
+        return action;
+    };
+    const int at0 =
+        m_view.horizontalHeader()->logicalIndexAt(m_view.horizontalHeader()->viewport()->mapFromGlobal(at));
+    const int column = at0 >= 0 ? at0 : m_list.focusColumn();
+    if (m_list.layout().valid(column))
+        entry(VORD_ResourceString("IDS_TAVO_QT_FIT_COLUMN", L"열 너비 맞춤(&F)").c_str(),
+              [this, column] { user([&] { return m_list.userFitColumn(column); }); });
+    entry(VORD_ResourceString("IDS_TAVO_QT_FIT_COLUMNS", L"모든 열 너비 맞춤(&A)").c_str(), [this] {
+        for (const int one : m_list.layout().visible())
+            user([&] { return m_list.userFitColumn(one); });
+    });
+    menu->addSeparator();
+    for (const int one : m_list.layout().order()) {
+        const ui::ListColumn& what = m_list.layout().at(one);
+        QAction* action = menu->addAction(literal(what.title));
+        action->setCheckable(true);
+        action->setChecked(what.visible);
+        action->setEnabled(!what.visible || m_list.layout().visible().size() > 1);
+        connect(action, &QAction::triggered, this,
+                [this, one](bool shown) { user([&] { return m_list.userShowColumn(one, shown); }); });
+    }
+    menu->popup(at);
+}
+
+// --- showing it ----------------------------------------------------------------------------------------------
+
+void ListBridge::geometryChanged() {
+    if (m_placing || !m_view.isVisible()) return;
+    const QScopedValueRollback placing(m_placing, true);
+    const CSize room{m_view.viewport()->width(), m_view.viewport()->height()};
+    m_list.faceGeometry(room, m_view.verticalHeader()->defaultSectionSize());
+    showColumns();
+    showScroll();
+    placeInner();
 }
 
 void ListBridge::show(ui::Change change) {
     switch (change) {
     case ui::Change::items:
         showRows();
+        showScroll();
+        showSelection();
+        break;
+    case ui::Change::selection:
         showSelection();
         break;
     case ui::Change::columns:
         showColumns();
+        m_view.viewport()->update();
         break;
     case ui::Change::scroll:
-        m_view.verticalScrollBar()->setValue(m_list.topRow());
+        showScroll();
         break;
-    case ui::Change::selection:
-        showSelection();
+    case ui::Change::editor:
+        showEditor();
         break;
     case ui::Change::look:
         m_view.horizontalHeader()->setSortIndicatorShown(m_list.sortColumn() >= 0);
         m_view.horizontalHeader()->setSortIndicator(
             m_list.sortColumn(), m_list.sortAscending() ? Qt::AscendingOrder : Qt::DescendingOrder);
+        m_view.viewport()->update();
         break;
     default:
         break;
@@ -128,35 +253,124 @@ void ListBridge::showRows() {
     } else {
         m_rows.reset();
         m_titles = std::move(titles);
+        for (int column = 0; column < m_rows.columnCount(); ++column)
+            m_list.faceTitleWidth(column, m_view.horizontalHeader()->sectionSizeHint(column));
     }
     showColumns();
 }
 
 void ListBridge::showColumns() {
-    const auto& columns = m_list.columns();
-    m_widths.resize(columns.size());
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-        const int at = static_cast<int>(i);
-        if (m_view.isColumnHidden(at) == columns[i].visible) m_view.setColumnHidden(at, !columns[i].visible);
-        // A width the person dragged stays until the dialog asks for another one.
-        if (!columns[i].visible || m_widths[i] == columns[i].width) continue;
-        m_widths[i] = columns[i].width;
-        // At least as wide as the title in the current language.
-        m_view.setColumnWidth(at, std::max(m_widths[i], m_view.horizontalHeader()->sectionSizeHint(at)));
+    QHeaderView& header = *m_view.horizontalHeader();
+    const QSignalBlocker quiet(header);
+    const ui::ListColumns& columns = m_list.layout();
+    if (columns.count() != header.count()) return; // the rows are yet to be shown
+    bool moved = false;
+    for (int place = 0; place < columns.count(); ++place) {
+        const int column = columns.order()[static_cast<std::size_t>(place)];
+        if (header.visualIndex(column) != place) {
+            header.moveSection(header.visualIndex(column), place);
+            moved = true;
+        }
+        const bool visible = columns.at(column).visible;
+        if (m_view.isColumnHidden(column) == visible) {
+            m_view.setColumnHidden(column, !visible);
+            moved = true;
+        }
+        if (visible && header.sectionSize(column) != m_list.columnWidth(column)) {
+            header.resizeSection(column, m_list.columnWidth(column));
+            moved = true;
+        }
     }
+    if (!moved) return;
+    const QScopedValueRollback placing(m_placing, true);
+    m_view.updateGeometries(); // the header told nobody
+    m_view.viewport()->update();
 }
 
+void ListBridge::showScroll() {
+    const QScopedValueRollback placing(m_placing, true);
+    if (m_view.verticalScrollBar()->maximum() < m_list.topRow() ||
+        m_view.horizontalScrollBar()->maximum() < m_list.scrollX())
+        m_view.updateGeometries();
+    m_view.verticalScrollBar()->setValue(m_list.topRow());
+    m_view.horizontalScrollBar()->setValue(m_list.scrollX());
+}
+
+// The table's own selection is what a screen reader asks for; a long list's many single rows are known to it
+// only around those in view.
 void ListBridge::showSelection() {
-    QItemSelection selection;
+    constexpr std::size_t most = 200;
     const ui::RowSet& rows = m_list.selection();
-    const int lastColumn = m_rows.columnCount() - 1;
+    ui::RowSet near = rows;
+    if (rows.ranges().size() > most) {
+        near.clip(m_list.topRow() + static_cast<int>(most));
+        if (m_list.topRow() > 0) near.erase(0, m_list.topRow() - 1);
+    }
+    QItemSelection selection;
+    const int lastColumn = m_rows.columnCount() - 1, lastRow = m_rows.rowCount() - 1;
     if (lastColumn >= 0)
-        for (const ui::RowSet::Range& range : rows.ranges())
-            selection.select(m_rows.index(range.first, 0), m_rows.index(range.last, lastColumn));
+        for (const ui::RowSet::Range& range : near.ranges())
+            if (range.first <= lastRow)
+                selection.select(m_rows.index(range.first, 0),
+                                 m_rows.index(std::min(range.last, lastRow), lastColumn));
     QItemSelectionModel& model = *m_view.selectionModel();
     if (model.selection() != selection) model.select(selection, QItemSelectionModel::ClearAndSelect);
-    if (!rows.empty() && !model.isRowSelected(model.currentIndex().row()))
-        model.setCurrentIndex(m_rows.index(rows.first(), 0), QItemSelectionModel::NoUpdate);
+    const QModelIndex focus = m_rows.index(m_list.focusRow(), std::max(0, m_list.focusColumn()));
+    if (focus.isValid() && model.currentIndex() != focus)
+        model.setCurrentIndex(focus, QItemSelectionModel::NoUpdate);
+    m_view.viewport()->update();
+}
+
+void ListBridge::showEditor() {
+    CWnd* wnd = m_list.editor();
+    if (m_editor && wnd == &m_editor->wnd()) return placeInner();
+    dropEditor();
+    if (!wnd) return;
+    QWidget* widget = TemplateLoader::create(widgetClassFor(*wnd), m_view.viewport());
+    widget->setObjectName(QString::fromStdString(wnd->name()));
+    if (auto* line = qobject_cast<QLineEdit*>(widget)) line->setFrame(false);
+    widget->setAutoFillBackground(true);
+    m_editor = makeBridge(*wnd, *widget);
+    if (!m_editor) {
+        delete widget;
+        return;
+    }
+    widget->installEventFilter(this);
+    m_editor->changed(ui::Change::items);
+    m_editor->refresh();
+    placeInner();
+    widget->show();
+}
+
+void ListBridge::placeInner() {
+    if (!m_editor) return;
+    const CRect& rect = m_editor->wnd().GetWindowRect();
+    const QRect place(rect.left, rect.top, rect.Width(), rect.Height());
+    if (m_editor->widget().geometry() != place) m_editor->widget().setGeometry(place);
+}
+
+void ListBridge::dropEditor() {
+    if (!m_editor) return;
+    // What they are doing just now they may finish.
+    QWidget& widget = m_editor->widget();
+    widget.disconnect(m_editor.get());
+    widget.removeEventFilter(this);
+    if (&widget == QApplication::focusWidget() || widget.isAncestorOf(QApplication::focusWidget()))
+        m_view.setFocus(Qt::OtherFocusReason);
+    widget.hide();
+    widget.deleteLater();
+    m_editor.release()->deleteLater();
+}
+
+bool ListBridge::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() != QEvent::FocusOut || !m_editor || object != &m_editor->widget()) return false;
+    // Another program comes to the front; another window of this one is no reason yet.
+    const ui::Toolkit* toolkit = ui::Toolkit::current();
+    if (static_cast<QFocusEvent*>(event)->reason() == Qt::ActiveWindowFocusReason &&
+        !QApplication::activeWindow() && !QApplication::activePopupWidget() && toolkit &&
+        toolkit->topmost() == m_list.dialog())
+        m_list.LeaveEditor();
+    return false;
 }
 
 } // namespace tv::qt

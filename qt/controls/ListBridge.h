@@ -1,52 +1,56 @@
 #pragma once
 
 #include "qt/controls/Bridge.h"
+#include "qt/controls/ListCellPainter.h"
 #include "qt/controls/ListRows.h"
+#include "qt/controls/ListView.h"
 
-#include <QStyledItemDelegate>
-
-#include <functional>
-
-class QTableView;
+#include <QTimer>
 
 namespace tv::qt {
 
-// The editor of a cell. It closes when the entered text was accepted or given up, and stays open on a refusal.
-class CellEditor : public QStyledItemDelegate {
+class ListBridge : public Bridge, private ListHand {
   public:
-    // Takes the text; false refuses it.
-    std::function<bool(const QModelIndex& index, const std::wstring& text)> accept;
-
-    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
-                          const QModelIndex& index) const override;
-    void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
-
-  protected:
-    bool eventFilter(QObject* editor, QEvent* event) override;
-
-  private:
-    bool commit(QWidget& editor, const QModelIndex& index) const;
-};
-
-class ListBridge : public Bridge {
-  public:
-    ListBridge(CListCtrl& list, QTableView& widget);
+    ListBridge(CListCtrl& list, ListView& widget);
+    ~ListBridge() override;
+    bool key(const ui::KeyEvent& key) override;
+    Bridge* inner() const override { return m_editor.get(); }
+    void placeInner() override;
 
   protected:
     void show(ui::Change change) override;
+    bool eventFilter(QObject* object, QEvent* event) override;
 
   private:
+    void press(const QModelIndex& index, QPoint at, Qt::KeyboardModifiers with) override;
+    void drag(const QModelIndex& index) override;
+    void release(const QModelIndex& index) override;
+    void doubleClick(const QModelIndex& index, QPoint at) override;
+    void contextMenu(const QModelIndex& index) override;
+    void typed(const QString& text) override;
+    QString toolTipFor(const QModelIndex& index) override;
+    void geometryChanged() override;
+
+    bool onCheckBox(const QModelIndex& index, QPoint at) const;
+    bool toggleAt(const QModelIndex& index, QPoint at);
     void showRows();
     void showColumns();
+    void showScroll();
     void showSelection();
-    void selectionByUser();
+    void showEditor();
+    void dropEditor();
+    void showHeaderMenu(QPoint at);
+
     CListCtrl& m_list;
-    QTableView& m_view;
+    ListView& m_view;
     ListRows m_rows;
-    CellEditor m_editor;
+    ListCellPainter m_painter;
     std::vector<std::wstring> m_titles; // of the columns as shown
-    std::vector<int> m_widths;          // as the dialog asked for them
-    int m_ensured = -1;
+    std::unique_ptr<Bridge> m_editor;
+    int m_pressedRow = -1, m_pressedColumn = -1;
+    bool m_again = false; // the cell that is pressed was the selected one
+    QTimer m_openSoon;    // the editor of a cell clicked again, unless it is a double click
+    bool m_placing = false;
 };
 
 } // namespace tv::qt

@@ -54,9 +54,8 @@ QVariant ListRows::headerData(int section, Qt::Orientation orientation, int role
 }
 
 Qt::ItemFlags ListRows::flags(const QModelIndex& index) const {
-    Qt::ItemFlags out = Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren;
-    if (index.isValid() && cell(index).editable) out |= Qt::ItemIsEditable;
-    return out;
+    return index.isValid() ? Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren
+                           : Qt::ItemFlags();
 }
 
 void ListRows::reset() {

@@ -20,13 +20,13 @@ class ListRows : public QAbstractTableModel {
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
+    const ui::ListCell& cell(const QModelIndex& index) const;
     // The control's model or columns are others than before.
     void reset();
     // Rows [first, last] have new contents; -1: to the last.
     void rowsChanged(int first, int last);
 
   private:
-    const ui::ListCell& cell(const QModelIndex& index) const;
     CListCtrl& m_list;
     int m_rows = 0, m_columns = 0; // as the views know them
     // A view asks for several roles of a cell one after the other.

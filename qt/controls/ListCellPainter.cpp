@@ -1,0 +1,56 @@
+#include "qt/controls/ListCellPainter.h"
+
+#include "qt/controls/ListRows.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QPainter>
+
+namespace tv::qt {
+
+void ListCellPainter::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    const QWidget* view = option->widget;
+    const bool focused = view && (view->hasFocus() || view->isAncestorOf(QApplication::focusWidget()));
+    const ui::RowHighlight how = m_list.rowHighlight();
+    const bool selected =
+        m_list.selection().contains(index.row()) && (how != ui::RowHighlight::whileFocused || focused) &&
+        (how != ui::RowHighlight::firstColumn || index.column() == m_list.layout().neighbour(-1, 0));
+    option->state.setFlag(QStyle::State_Selected, selected);
+    option->state.setFlag(QStyle::State_HasFocus, focused && index.row() == m_list.focusRow() &&
+                                                      index.column() == m_list.focusColumn());
+    const ui::ListCell& cell = m_rows.cell(index);
+    if (cell.bold) option->font.setBold(true);
+    if (cell.textColor)
+        option->palette.setColor(QPalette::Text, QColor::fromRgb(0xff000000U | *cell.textColor));
+    if (cell.background && !selected) option->backgroundBrush = QColor::fromRgb(0xff000000U | *cell.background);
+    // More than any cell has room for would only have to be measured.
+    constexpr qsizetype most = 1000;
+    if (option->text.size() > most) option->text.truncate(most);
+}
+
+QStyleOptionViewItem ListCellPainter::optionFor(const QWidget& view, const QRect& cell,
+                                                const QModelIndex& index) const {
+    QStyleOptionViewItem option;
+    option.initFrom(&view);
+    option.widget = &view;
+    option.rect = cell;
+    option.decorationSize = static_cast<const QAbstractItemView&>(view).iconSize();
+    option.decorationPosition = QStyleOptionViewItem::Left;
+    initStyleOption(&option, index);
+    return option;
+}
+
+QRect ListCellPainter::checkBox(const QWidget& view, const QRect& cell, const QModelIndex& index) const {
+    if (m_rows.cell(index).checked < 0) return {};
+    const QStyleOptionViewItem option = optionFor(view, cell, index);
+    return view.style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, &view);
+}
+
+bool ListCellPainter::isCutOff(const QWidget& view, const QRect& cell, const QModelIndex& index) const {
+    const QStyleOptionViewItem option = optionFor(view, cell, index);
+    const QRect room = view.style()->subElementRect(QStyle::SE_ItemViewItemText, &option, &view);
+    return QFontMetrics(option.font).horizontalAdvance(option.text) > room.width();
+}
+
+} // namespace tv::qt
