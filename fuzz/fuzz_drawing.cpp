@@ -1,6 +1,7 @@
 // Any bytes through both readers: whatever opens must come back byte for byte, survive a few edits, and give
 // its first bytes after undoing them.
 
+#include "fuzz/Require.h"
 #include "platform/drawing/EntityGeometry.h"
 #include "platform/drawing/LayerOverrides.h"
 #include "platform/drawing/OdDbDatabase.h"
@@ -21,17 +22,9 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 
 namespace {
-
-void require(bool good, const char* what) {
-    if (good) return;
-    std::fprintf(stderr, "broken: %s\n", what);
-    std::abort();
-}
 
 void look(OdDbDatabase& database) {
     for (const OdString& name : database.headerVarNames())

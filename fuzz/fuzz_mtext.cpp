@@ -1,26 +1,15 @@
 // Any text as the contents of a multiline text: the runs lie one behind the other inside of it, plain text goes
 // there and back, and replacing a stretch of it changes nothing else that can be read.
 
+#include "fuzz/Require.h"
 #include "platform/drawing/entities/MTextRuns.h"
 #include "platform/text/Unicode.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <string_view>
-
-namespace {
-
-void require(bool good, const char* what) {
-    if (good) return;
-    std::fprintf(stderr, "broken: %s\n", what);
-    std::abort();
-}
-
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size < 3) return 0;

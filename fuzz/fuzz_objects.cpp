@@ -2,6 +2,7 @@
 // filters and overrides are read, made and changed; undoing gives the first bytes back, and what was written
 // reads again.
 
+#include "fuzz/Require.h"
 #include "platform/drawing/LayerFilters.h"
 #include "platform/drawing/LayerOverrides.h"
 #include "platform/drawing/LayerStates.h"
@@ -17,8 +18,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <vector>
@@ -26,12 +25,6 @@
 namespace {
 
 using namespace tv::dwg;
-
-void require(bool good, const char* what) {
-    if (good) return;
-    std::fprintf(stderr, "broken: %s\n", what);
-    std::abort();
-}
 
 // The first objects of the drawing; hostile ones may have millions.
 std::vector<OdDbObjectId> someObjects(OdDbDatabase& database) {

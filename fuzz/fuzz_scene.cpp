@@ -1,6 +1,7 @@
 // Any drawing as a picture: whatever opens can be flattened into a scene whose tables refer to each other
 // within their bounds, that can be looked at and picked from.
 
+#include "fuzz/Require.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "tavocad/scene/Scene.h"
 #include "tavocad/scene/SceneBuilder.h"
@@ -8,19 +9,11 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 
 namespace {
 
 using namespace tv::scene;
-
-void require(bool good, const char* what) {
-    if (good) return;
-    std::fprintf(stderr, "broken: %s\n", what);
-    std::abort();
-}
 
 void check(const Scene& scene) {
     for (const Item& item : scene.items) {

@@ -1,6 +1,7 @@
 // Any tables: every record's values are asked for and set, records are added and renamed, references carried
 // along. Undoing all of it must give the first bytes.
 
+#include "fuzz/Require.h"
 #include "platform/drawing/DimVariables.h"
 #include "platform/drawing/NameReferences.h"
 #include "platform/drawing/OdDbBlockTable.h"
@@ -11,20 +12,12 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
 namespace {
 
 using namespace tv::dwg;
-
-void require(bool good, const char* what) {
-    if (good) return;
-    std::fprintf(stderr, "broken: %s\n", what);
-    std::abort();
-}
 
 template <class Record, class Work>
 void with(OdDbObjectId id, Work&& work) {

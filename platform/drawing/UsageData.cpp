@@ -8,10 +8,53 @@
 #include "platform/drawing/dxf/TableNames.h"
 #include "platform/text/Unicode.h"
 
+#include <bit>
+#include <cstdint>
+#include <cstring>
+#include <optional>
 #include <string_view>
 
 namespace tv::dwg {
 namespace {
+
+// The first line feed of [p, end), or null. Most lines of an entity are shorter than what a call takes.
+const char* findLineFeed(const char* p, const char* end) {
+    constexpr bool lowFirst = std::endian::native == std::endian::little;
+    for (; lowFirst && end - p >= 8; p += 8) {
+        std::uint64_t bytes = 0;
+        std::memcpy(&bytes, p, 8);
+        const std::uint64_t other = bytes ^ 0x0A0A0A0A0A0A0A0AULL; // a line feed is zero here
+        const std::uint64_t zero = (other - 0x0101010101010101ULL) & ~other & 0x8080808080808080ULL;
+        if (zero != 0) return p + std::countr_zero(zero) / 8;
+    }
+    return static_cast<const char*>(std::memchr(p, '\n', static_cast<std::size_t>(end - p)));
+}
+
+// The first tag of code 8 of a text record whose lines up to there are as most programs write them: group codes
+// of up to two digits or 100, ended by line feeds. Nothing where the record has to be read tag by tag.
+std::optional<std::string_view> plainLayer(std::string_view record) {
+    const char* p = record.data();
+    const char* const end = p + record.size();
+    while (end - p >= 6) {
+        int code = 0;
+        while (*p == ' ' && end - p > 5)
+            ++p;
+        if (static_cast<unsigned char>(*p - '0') >= 10) return std::nullopt;
+        for (int digits = 0; digits < 3 && static_cast<unsigned char>(*p - '0') < 10; ++digits)
+            code = code * 10 + (*p++ - '0');
+        if (code > 100) return std::nullopt;
+        if (*p == '\r') ++p;
+        if (*p++ != '\n') return std::nullopt;
+        const char* const stop = findLineFeed(p, end);
+        if (!stop) return std::nullopt;
+        if (code == 8) {
+            const bool pair = stop != p && stop[-1] == '\r';
+            return std::string_view(p, static_cast<std::size_t>(stop - p) - pair);
+        }
+        p = stop + 1;
+    }
+    return std::nullopt;
+}
 
 constexpr const char* kTables[kNamedKinds] = {"LAYER",        "LTYPE", "STYLE", "DIMSTYLE",
                                               "BLOCK_RECORD", "APPID", "VIEW",  "UCS"};
@@ -83,21 +126,32 @@ class Collector {
     // A million entities name a layer each: only that tag is read of them.
     void layers() {
         const DxfFormat& format = m_store.format();
-        if (format.encoding == Encoding::kText)
-            layersBy([&](std::string_view bytes) { return TextScanner(bytes, format.lineBreak); });
+        const auto none = [](std::string_view) { return std::optional<std::string_view>(); };
+        const auto text = [&](std::string_view bytes) { return TextScanner(bytes, format.lineBreak); };
+        const auto binary = [&](std::string_view bytes) {
+            return BinaryScanner(bytes, format.encoding == Encoding::kBinaryR12);
+        };
+        if (format.encoding != Encoding::kText)
+            layersBy(none, binary);
+        else if (format.lineBreak == '\n')
+            layersBy(plainLayer, text);
         else
-            layersBy([&](std::string_view bytes) {
-                return BinaryScanner(bytes, format.encoding == Encoding::kBinaryR12);
-            });
+            layersBy(none, text);
         m_spellings.flush(counting());
     }
 
-    template <class Scan>
-    void layersBy(Scan&& scan) {
+    // `plain` gives the layer of the records it can, `scan` the tags of the others.
+    template <class Plain, class Scan>
+    void layersBy(Plain&& plain, Scan&& scan) {
         for (RecordId id = m_store.next(RecordStore::kHead); id != kNoRecord; id = m_store.next(id)) {
             const Record& record = m_store.record(id);
             if ((record.section == Section::kEntities || record.section == Section::kBlocks) &&
                 !(record.flags & kStructure)) {
+                if (const auto layer = plain(m_store.text(id))) {
+                    m_spellings.ask(*layer, counting());
+                    if (record.flags & kLayerInData) otherLayers(id);
+                    continue;
+                }
                 auto scanner = scan(m_store.text(id));
                 bool group = false;
                 for (Tag tag; scanner.next(tag) == ScanResult::kTag;) {

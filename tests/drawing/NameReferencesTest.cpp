@@ -239,3 +239,33 @@ TEST(UsageData, RecordsAreInUseWhenSomethingRefersToThem) {
     EXPECT_TRUE(db->undo());
     EXPECT_EQ(used(NamedKind::kLayer, {0x23}), "0");
 }
+
+// However the lines of an entity look, the layer it is on is the first tag 8 of its own.
+TEST(UsageData, ReadsTheLayerOfOddlyWrittenEntities) {
+    const char* const entities[] = {
+        "0|LINE|8|A|62|8",                       // as usual
+        "  0|LINE|  8|A|100|8",                  // padded
+        "0|LINE|\t8 |A|62|1",                    // otherwise
+        "0|LINE|5|8|6|8|8|A",                    // as the last, behind values that look like it
+        "0|LINE|102|{X|8|B|102|}|8|A",           // behind a group
+        "0|LINE|5|1|8|A|1001|KX|1003|A|1003|A",  // with data that name it again
+        "0|LINE|100|AcDbEntity with a name|8|A", // behind a long line
+        "0|LINE|8||8|B|5|2",                     // of no name
+        "0|LINE|1001|X|8|B",                     // in data
+    };
+    for (const char* const entity : entities)
+        for (const char* const lineEnd : {"\n", "\r\n", "\r"}) {
+            const auto db = openText(lines(
+                std::string(
+                    "0|SECTION|2|TABLES|0|TABLE|2|LAYER|70|2|0|LAYER|2|0|70|0|0|LAYER|2|A|70|0|0|LAYER|2|B|") +
+                    "70|0|0|ENDTAB|0|ENDSEC|0|SECTION|2|ENTITIES|" + entity + "|0|ENDSEC|0|EOF",
+                lineEnd));
+            db->layers()->generateUsageData();
+            const auto used = [&](const wchar_t* name) {
+                return db->layers()->getAt(name).open<OdDbSymbolTableRecord>()->isInUse();
+            };
+            const bool names = std::string_view(entity).find('A') != std::string_view::npos;
+            EXPECT_EQ(used(L"A"), names) << entity;
+            EXPECT_FALSE(used(L"B")) << entity;
+        }
+}

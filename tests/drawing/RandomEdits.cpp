@@ -154,6 +154,9 @@ class Editor {
         record->setComments(name());
         if (maybe()) record->setXrefKind(OdDbBlockTableRecord::XrefKind::kOverlaid);
         record->setPathName(name());
+        record->setExplodable(maybe());
+        record->setBlockInsertUnits(static_cast<int>(m_random(5)));
+        record->setAnnotative(maybe());
     }
     void entity() {
         const auto entity = someEntity().open<OdDbEntity>(OdDb::kForWrite);

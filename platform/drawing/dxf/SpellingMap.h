@@ -62,9 +62,12 @@ class SpellingMap {
     void ask(std::string_view spelling, Find&& find) {
         Asked& place = m_asked[m_next++ % kAhead];
         if (place.key.data) get(place.key, place.hash, find);
-        place.key = Key(spelling);
-        place.hash = place.key.hash();
-        __builtin_prefetch(&m_slots[place.hash & (m_slots.size() - 1)]);
+        // Hashed before it is stored: reading back what was just written in other pieces would wait for it.
+        const Key key(spelling);
+        const std::size_t hash = key.hash();
+        __builtin_prefetch(&m_slots[hash & (m_slots.size() - 1)]);
+        place.key = key;
+        place.hash = hash;
     }
     template <class Find>
     void flush(Find&& find) {
@@ -76,12 +79,13 @@ class SpellingMap {
 
   private:
     template <class Find>
-    RecordId get(Key key, std::size_t hash, Find&& find) {
+    RecordId get(const Key& key, std::size_t hash, Find&& find) {
         std::size_t i = hash & (m_slots.size() - 1);
         for (; m_slots[i].data; i = (i + 1) & (m_slots.size() - 1))
             if (m_slots[i] == key) return m_slots[i].record;
-        const RecordId record = key.record = find(std::string_view(key.data, key.size));
+        const RecordId record = find(std::string_view(key.data, key.size));
         m_slots[i] = key;
+        m_slots[i].record = record;
         if (++m_count * 4 > m_slots.size() * 3) grow();
         return record;
     }
