@@ -27,7 +27,7 @@ EXPORTS = {"platform/Export.h", "kxgui/Export.h", "qt/Export.h"}  # made by the 
 # library: how its headers are named, and the only rooms that know it
 LIBRARIES = {
     "Qt": (r"Q[A-Z]\w*(?:/.*)?|Qt\w+/.*", ["qt", "tavocad/window", "tests", "examples", "bench"]),
-    "ICU": (r"unicode/.*", ["platform/text"]),
+    "ICU": (r"unicode/.*", ["platform/text", "bench"]),
     "fmt": (r"fmt/.*", ["platform/text"]),
     "SimpleIni": (r"SimpleIni\.h", ["platform/text"]),
     "nlohmann-json": (r"nlohmann/.*", ["tavocad", "tests"]),

@@ -11,7 +11,7 @@
 using namespace kx::frame;
 
 CLineWeightDlg::CLineWeightDlg(const OdDbDatabasePtr& database, CWnd* parent, bool special)
-    : VORDRunDlg(IDD_LINEWEIGHT, parent), m_rows(lineWeights(special)), m_search(m_list, 0) {
+    : VORDRunDlg(IDD_LINEWEIGHT, parent), m_rows(lineWeights(special)) {
     int current = 0;
     if (database && tvedGetVar(L"CELWEIGHT", current, database) == Tavo::eOk)
         m_weight = static_cast<OdDb::LineWeight>(current);
@@ -50,10 +50,6 @@ void CLineWeightDlg::Data2Dlg() {
         m_list.EnsureVisible(row);
     }
     m_list.SetFocus();
-}
-
-bool CLineWeightDlg::PreTranslateMessage(const tv::ui::KeyEvent& key) {
-    return m_search.OnKey(key) || VORDRunDlg::PreTranslateMessage(key);
 }
 
 int CLineWeightDlg::Dlg2Data() {

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "kxgui/frame/LineWeightNames.h"
-#include "kxgui/frame/TypedSearch.h"
 #include "kxgui/frame/VORDBaseDlg.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/toolkit/Button.h"
+#include "platform/toolkit/ListCtrl.h"
 #include "platform/toolkit/Static.h"
 
 #include <optional>
@@ -25,7 +25,6 @@ class KXGUI_EXPORT CLineWeightDlg : public VORDRunDlg {
     void InitCtrl() override;
     void Data2Dlg() override;
     int Dlg2Data() override;
-    bool PreTranslateMessage(const tv::ui::KeyEvent& key) override;
 
   private:
     std::optional<OdDb::LineWeight> m_weight;
@@ -35,5 +34,4 @@ class KXGUI_EXPORT CLineWeightDlg : public VORDRunDlg {
     CListCtrl m_list{*this, "IDC_LINEWEIGHT_LIST"};
     CButton m_ok{*this, "IDOK"};
     CButton m_cancel{*this, "IDCANCEL"};
-    TypedSearch m_search;
 };

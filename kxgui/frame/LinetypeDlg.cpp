@@ -14,7 +14,7 @@ enum Column { kName, kSample, kDescription };
 } // namespace
 
 CLinetypeDlg::CLinetypeDlg(const OdDbDatabasePtr& database, bool special, CWnd* parent)
-    : VORDRunDlg(IDD_LINETYPE, parent), m_database(database), m_special(special), m_search(m_list, kName) {
+    : VORDRunDlg(IDD_LINETYPE, parent), m_database(database), m_special(special) {
     m_list.LabelledBy(m_label);
     m_list.onDoubleClick = [this](int, int) { OnOK(); };
     m_list.onHeaderClick = [this](int column) { sortBy(column); };
@@ -82,10 +82,6 @@ void CLinetypeDlg::sortBy(int column) {
         m_list.EnsureVisible(row);
     }
     m_chosen = before;
-}
-
-bool CLinetypeDlg::PreTranslateMessage(const tv::ui::KeyEvent& key) {
-    return m_search.OnKey(key) || VORDRunDlg::PreTranslateMessage(key);
 }
 
 int CLinetypeDlg::Dlg2Data() {

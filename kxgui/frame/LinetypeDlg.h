@@ -1,10 +1,10 @@
 #pragma once
 
 #include "kxgui/frame/LinetypeRows.h"
-#include "kxgui/frame/TypedSearch.h"
 #include "kxgui/frame/VORDBaseDlg.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/toolkit/Button.h"
+#include "platform/toolkit/ListCtrl.h"
 #include "platform/toolkit/Static.h"
 
 // Chooses one of the linetypes of a drawing.
@@ -29,7 +29,6 @@ class KXGUI_EXPORT CLinetypeDlg : public VORDRunDlg {
     void InitCtrl() override;
     void Data2Dlg() override;
     int Dlg2Data() override;
-    bool PreTranslateMessage(const tv::ui::KeyEvent& key) override;
 
   private:
     void sortBy(int column);
@@ -45,5 +44,4 @@ class KXGUI_EXPORT CLinetypeDlg : public VORDRunDlg {
     CListCtrl m_list{*this, "IDC_LINETYPE_LIST"};
     CButton m_ok{*this, "IDOK"};
     CButton m_cancel{*this, "IDCANCEL"};
-    TypedSearch m_search;
 };

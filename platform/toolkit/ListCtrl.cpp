@@ -73,6 +73,7 @@ void CListCtrl::ShowColumn(int column, bool show) {
 void CListCtrl::SetModel(std::shared_ptr<tv::ui::ListModel> model) {
     CloseEditor();
     m_searching.cancel();
+    m_typed.clear();
     m_model = std::move(model);
     m_selection = {};
     m_focusRow = m_anchor = m_ensured = -1;
@@ -100,12 +101,18 @@ std::wstring CListCtrl::cellText(int row, int column) const {
     return m_model && row >= 0 && row < m_model->rowCount() ? m_model->text(row, column) : std::wstring();
 }
 
-void CListCtrl::SetSelection(RowSet rows) {
+void CListCtrl::setSelection(RowSet rows) {
     rows.clip(GetItemCount());
     if (!m_multiSelect && rows.count() > 1) rows = {rows.first()};
     m_selection = std::move(rows);
-    if (!m_selection.empty() && !m_selection.contains(m_focusRow)) m_focusRow = m_anchor = m_selection.first();
     tell(Change::selection);
+}
+
+void CListCtrl::SetSelection(RowSet rows) {
+    setSelection(std::move(rows));
+    if (m_selection.empty() || m_selection.contains(m_focusRow)) return;
+    m_anchor = m_selection.first();
+    SetFocusCell(m_anchor, m_focusColumn);
 }
 
 void CListCtrl::SetFocusCell(int row, int column) {
@@ -170,7 +177,7 @@ UserResult CListCtrl::acceptsCell(int row, int column) const {
 
 void CListCtrl::selectByUser(RowSet rows) {
     const RowSet before = m_selection;
-    SetSelection(std::move(rows));
+    setSelection(std::move(rows));
     if (m_selection != before && onSelChange) onSelChange();
 }
 
@@ -182,6 +189,7 @@ UserResult CListCtrl::userSelect(RowSet rows) {
         return refuse(VORD_ResourceString("IDS_TAVO_UI_NO_SUCH_CELL", L"그런 행이나 열이 없습니다."));
     takeFocus();
     if (auto r = acceptsUser(); !r) return r;
+    if (!rows.empty() && !rows.contains(m_focusRow)) m_focusRow = m_anchor = rows.first();
     selectByUser(std::move(rows));
     return UserResult::done();
 }

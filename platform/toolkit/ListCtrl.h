@@ -161,6 +161,7 @@ class KXPLATFORM_EXPORT CListCtrl : public CWnd {
   private:
     tv::ui::UserResult acceptsCell(int row, int column) const;
     tv::ui::UserResult acceptsColumn(int column) const;
+    void setSelection(tv::ui::RowSet rows);
     void selectByUser(tv::ui::RowSet rows);
     void scroll(int topRow, int scrollX);
     void columnsChanged(bool byUser);

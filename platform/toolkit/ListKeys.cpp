@@ -120,13 +120,13 @@ bool CListCtrl::command(const KeyEvent& key) {
     switch (key.ch) {
     case L'A':
         if (!m_multiSelect) return false;
-        (void)userSelect(RowSet::range(0, GetItemCount() - 1));
+        selectByUser(RowSet::range(0, GetItemCount() - 1));
         return true;
     case L'I': {
         if (!m_multiSelect || !key.shift) return false;
         RowSet rows = m_selection;
         rows.invert(GetItemCount());
-        (void)userSelect(std::move(rows));
+        selectByUser(std::move(rows));
         return true;
     }
     case L'C':

@@ -7,6 +7,8 @@
 #include "tavocad/NearNames.h"
 #include "tavocad/automation/Fields.h"
 
+#include <algorithm>
+
 using tv::text::format;
 using tv::text::fromUtf8;
 using tv::ui::UserAction;
@@ -61,10 +63,49 @@ UserAction cellAction(const Fields& fields) {
     else if (what == L"edit") {
         action.cell = UserAction::Cell::edit;
         action.text = fields.text("text");
-    } else if (what == L"cancel")
+    } else if (what == L"check") {
+        action.cell = UserAction::Cell::check;
+        action.checked = fields.optionalBool("checked").value_or(true);
+    } else if (what == L"open")
+        action.cell = UserAction::Cell::open;
+    else if (what == L"cancel")
         action.cell = UserAction::Cell::cancel;
     else
-        badValue("action", what, L"click, doubleClick, edit, cancel");
+        badValue("action", what, L"click, doubleClick, edit, open, check, cancel");
+    return action;
+}
+
+// Rows one by one, or ranges of them with both ends.
+UserAction rowsAction(const Fields& fields) {
+    UserAction action;
+    action.kind = Kind::selectRows;
+    if (!fields.find("ranges")) {
+        action.rows = fields.integers("rows");
+        return action;
+    }
+    for (const auto& [first, last] : fields.integerPairs("ranges"))
+        action.rows.insert(first, last);
+    return action;
+}
+
+UserAction columnAction(const Fields& fields) {
+    UserAction action;
+    action.column = fields.integer("column");
+    const std::wstring what = fields.text("action");
+    if (what == L"move") {
+        action.kind = Kind::moveColumn;
+        action.index = fields.integer("place");
+    } else if (what == L"resize") {
+        action.kind = Kind::resizeColumn;
+        action.index = std::max(0, fields.integer("width"));
+    } else if (what == L"fit") {
+        action.kind = Kind::resizeColumn;
+    } else if (what == L"show" || what == L"hide") {
+        action.kind = Kind::showColumn;
+        action.checked = what == L"show";
+    } else {
+        badValue("action", what, L"move, resize, fit, show, hide");
+    }
     return action;
 }
 
@@ -110,15 +151,14 @@ UserAction actionOf(std::wstring_view name, const Fields& fields) {
     if (name == L"choose") return chooseAction(fields);
     if (name == L"check") return checkAction(fields);
     if (name == L"cell") return cellAction(fields);
+    if (name == L"column") return columnAction(fields);
+    if (name == L"selectRows") return rowsAction(fields);
     if (name == L"tree") return treeAction(fields);
     if (name == L"key") return keyAction(fields);
     UserAction action;
     if (name == L"type" || name == L"menu") {
         action.kind = name == L"type" ? Kind::type : Kind::menu;
         action.text = fields.text("text");
-    } else if (name == L"selectRows") {
-        action.kind = Kind::selectRows;
-        action.rows = fields.integers("rows");
     } else if (name == L"header") {
         action.kind = Kind::header;
         action.column = fields.integer("column");

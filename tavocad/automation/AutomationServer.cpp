@@ -54,6 +54,7 @@ AutomationServer::Handler AutomationServer::handler(std::wstring_view request) {
                                         {L"selectRows", &AutomationServer::doAction},
                                         {L"cell", &AutomationServer::doAction},
                                         {L"header", &AutomationServer::doAction},
+                                        {L"column", &AutomationServer::doAction},
                                         {L"tree", &AutomationServer::doAction},
                                         {L"menu", &AutomationServer::doAction},
                                         {L"key", &AutomationServer::doAction},

@@ -121,6 +121,17 @@ std::vector<int> Fields::integers(const char* name) const {
     return array<int>(*this, name, VORD_ResourceString("IDS_TAVO_AUTO_TYPE_INTEGERS", L"정수 배열"), toInteger);
 }
 
+std::vector<std::pair<int, int>> Fields::integerPairs(const char* name) const {
+    return array<std::pair<int, int>>(
+        *this, name, VORD_ResourceString("IDS_TAVO_AUTO_TYPE_PAIRS", L"[정수, 정수]의 배열"),
+        [](const json& value) {
+            using Pair = std::pair<int, int>;
+            if (!value.is_array() || value.size() != 2) return std::optional<Pair>();
+            const auto first = toInteger(value[0]), second = toInteger(value[1]);
+            return first && second ? std::optional(Pair(*first, *second)) : std::nullopt;
+        });
+}
+
 std::vector<std::wstring> Fields::texts(const char* name) const {
     return array<std::wstring>(*this, name, VORD_ResourceString("IDS_TAVO_AUTO_TYPE_TEXTS", L"문자열 배열"),
                                toText);

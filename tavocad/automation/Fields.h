@@ -27,6 +27,7 @@ class Fields {
     double number(const char* name) const;
     std::vector<double> numbers(const char* name) const;
     std::vector<int> integers(const char* name) const;
+    std::vector<std::pair<int, int>> integerPairs(const char* name) const;
     std::vector<std::wstring> texts(const char* name) const;
     // The field as it stands, null when it is missing.
     const nlohmann::json* find(const char* name) const;

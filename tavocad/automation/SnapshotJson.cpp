@@ -22,7 +22,16 @@ Json control(const tv::ui::ControlSnapshot& from) {
     if (from.icon) to["icon"] = *from.icon;
     if (from.items) to["items"] = texts(*from.items);
     if (from.selection) to["selection"] = *from.selection;
+    if (from.selectedCount) {
+        to["selectedCount"] = *from.selectedCount;
+        to["selectedRanges"] = Json::array();
+        for (const auto& range : from.selectedRanges)
+            to["selectedRanges"].push_back({range.first, range.last});
+    }
     if (from.columns) to["columns"] = texts(*from.columns);
+    if (from.columnsShown) to["columnsShown"] = *from.columnsShown;
+    if (from.sorted) to["sorted"] = {{"column", from.sorted->first}, {"ascending", from.sorted->second}};
+    if (from.focusCell) to["focusCell"] = {from.focusCell->first, from.focusCell->second};
     if (from.rowCount) {
         to["rowCount"] = *from.rowCount;
         to["first"] = from.firstRow;

@@ -204,8 +204,15 @@ bool actOnTable(CListCtrl& control, QTableView& table, const UserAction& action)
             clickItem(table, at(row, 0), false, row != action.rows.first());
         return true;
     case UserAction::Kind::cell:
-        if (!at(action.row, action.column).isValid()) return false;
+        if (!at(action.row, action.column).isValid() || action.cell == UserAction::Cell::cancel ||
+            action.cell == UserAction::Cell::check)
+            return false;
         clickItem(table, at(action.row, action.column));
+        if (action.cell == UserAction::Cell::open) {
+            if (!control.hasEditor(action.row, action.column)) return false;
+            press(*table.window(), Key::f2);
+            return true;
+        }
         if (action.cell == UserAction::Cell::doubleClick) clickItem(table, at(action.row, action.column), true);
         if (action.cell != UserAction::Cell::edit) return true;
         if (!control.cell(action.row, action.column).editable) return false;
