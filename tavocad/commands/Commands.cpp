@@ -9,5 +9,6 @@ void registerCommands(TavoSession& session) {
     registerSetVarCommand(session);
     registerViewCommands(session);
     registerXrefCommand(session);
+    registerGalleryCommand(session);
     registerHelpCommands(session);
 }

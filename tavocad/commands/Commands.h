@@ -13,4 +13,5 @@ void registerUndoCommands(TavoSession& session);     // U, UNDO, REDO
 void registerSetVarCommand(TavoSession& session);
 void registerHelpCommands(TavoSession& session); // HELP, LANGUAGE
 void registerXrefCommand(TavoSession& session);
+void registerGalleryCommand(TavoSession& session);
 void registerViewCommands(TavoSession& session); // ZOOM, LAYOUT, REDRAW, REGEN

@@ -6,6 +6,7 @@
 #include "tavocad/window/FileQuestions.h"
 #include "tavocad/window/MainWindow.h"
 #include "tavocad/window/QtText.h"
+#include "tavocad/window/Templates.h"
 #include "tavocad/window/WatchedChannel.h"
 
 #include "platform/host/TavoInterfaces.h"
@@ -91,6 +92,7 @@ int runWindow(const Options& options, int argc, char** argv) {
     application.setApplicationName(QStringLiteral("TavoCAD"));
     application.setQuitOnLastWindowClosed(false); // the QUIT command ends the program
     QtToolkit toolkit;
+    addProgramTemplates(toolkit);
     TavoSession session(settingsOf(options));
     startSession(session, options);
     MainWindow window(session);

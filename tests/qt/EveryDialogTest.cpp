@@ -1,4 +1,4 @@
-// What holds for every dialog of the library without a line of its own: its Designer file fits its controls, it
+// What holds for every dialog of the library and the host program without a line of its own: its Designer file fits its controls, it
 // can be read aloud and walked through with Tab, and it has room for its texts in every language.
 #include "platform/host/embedded/EmbeddedHost.h"
 #include "platform/text/MessageManager.h"
@@ -7,6 +7,8 @@
 #include "platform/toolkit/ModuleChain.h"
 #include "platform/toolkit/TabCtrl.h"
 #include "qt/Theme.h"
+#include "tavocad/gallery/GalleryTemplates.h"
+#include "tavocad/window/Templates.h"
 #include "tests/qt/CutOffText.h"
 #include "tests/support/AllDialogs.h"
 #include "tests/support/NativeHand.h"
@@ -40,7 +42,11 @@ class Inspector : public tv::ui::Driver {
 
 class EveryDialog : public testing::Test {
   protected:
-    EveryDialog() { tv::qt::applyTheme(tv::qt::Theme::light); }
+    EveryDialog() {
+        tv::qt::applyTheme(tv::qt::Theme::light);
+        EXPECT_TRUE(registerGalleryTemplates());
+        addProgramTemplates(toolkit);
+    }
 
     void forEach(const std::function<void(CDialog&)>& look) {
         for (const SampleDialog& sample : allDialogs()) {

@@ -10,6 +10,9 @@
 #include "kxgui/frame/UnitsDlg.h"
 #include "kxgui/frame/WindowXbuttonMessageDlg.h"
 #include "platform/frx/TaskDialog.h"
+#include "platform/host/TavoDocumentManager.h"
+#include "platform/host/TavoInterfaces.h"
+#include "tavocad/gallery/GalleryDlg.h"
 
 #include <functional>
 #include <string>
@@ -74,5 +77,11 @@ inline std::vector<SampleDialog> allDialogs() {
         {"IDD_COLOR_INDEX", "IDD_COLOR_TRUE"});
     add("IDD_LINETYPE", [] { CLinetypeDlg(OdDbDatabase::create(), true, nullptr).DoModal(); });
     add("IDD_LINEWEIGHT", [] { CLineWeightDlg(OdDbDatabase::create(), nullptr).DoModal(); });
+    add("IDD_GALLERY", [] {
+        TavoDocumentManager& documents = *getTavoInterfaces()->documentManager();
+        TavoDocument* const drawing = documents.newDocument();
+        CGalleryDlg(nullptr).DoModal();
+        documents.closeDocument(drawing);
+    }, {"IDD_GALLERY_UNITS"});
     return all;
 }
