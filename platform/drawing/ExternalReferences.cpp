@@ -100,45 +100,42 @@ tv::Problem problemOf(const ExternalReference& reference, const std::wstring& wh
     tv::Problem out;
     out.file = reference.file.empty() ? std::wstring(reference.path.view()) : wide(reference.file);
     const std::wstring name(reference.name.view());
+    const auto say = [&](Tavo::ErrorStatus status, const wchar_t* pattern, const auto&... more) {
+        out.status = status;
+        out.sentence = text::format(pattern, name, more...);
+    };
     switch (reference.status) {
     case XrefStatus::kResolved:
         return {};
     case XrefStatus::kUnloaded:
-        out.status = Tavo::eCancelled;
-        out.sentence = text::format(
-            VORD_ResourceString("IDS_TAVO_XREF_UNLOADED", L"외부 참조 \"%s\"은(는) 언로드된 상태입니다."),
-            name);
+        say(Tavo::eCancelled,
+            VORD_ResourceString("IDS_TAVO_XREF_UNLOADED", L"외부 참조 \"%s\"은(는) 언로드된 상태입니다."));
         break;
     case XrefStatus::kMissing:
-        out.status = Tavo::eFileNotFound;
-        out.sentence =
-            text::format(VORD_ResourceString(
-                             "IDS_TAVO_XREF_MISSING",
-                             L"외부 참조 \"%s\"을(를) 표시할 수 없습니다: 파일 \"%s\"을(를) 찾을 수 없습니다."),
-                         name, out.file);
+        say(Tavo::eFileNotFound,
+            VORD_ResourceString(
+                "IDS_TAVO_XREF_MISSING",
+                L"외부 참조 \"%s\"을(를) 표시할 수 없습니다: 파일 \"%s\"을(를) 찾을 수 없습니다."),
+            out.file);
         break;
     case XrefStatus::kNotADrawing:
-        out.status = Tavo::eBadFile;
-        out.sentence = text::format(
+        say(Tavo::eBadFile,
             VORD_ResourceString("IDS_TAVO_XREF_UNREADABLE", L"외부 참조 \"%s\"을(를) 표시할 수 없습니다: %s"),
-            name, why);
+            why);
         break;
     case XrefStatus::kCircular:
-        out.status = Tavo::eInvalidInput;
-        out.sentence =
-            text::format(VORD_ResourceString(
-                             "IDS_TAVO_XREF_CIRCULAR",
-                             L"외부 참조 \"%s\"을(를) 표시할 수 없습니다: 파일 \"%s\"이(가) 자기 자신을 다시 "
-                             L"참조합니다."),
-                         name, out.file);
+        say(Tavo::eInvalidInput,
+            VORD_ResourceString(
+                "IDS_TAVO_XREF_CIRCULAR",
+                L"외부 참조 \"%s\"을(를) 표시할 수 없습니다: 파일 \"%s\"이(가) 자기 자신을 다시 "
+                L"참조합니다."),
+            out.file);
         break;
     case XrefStatus::kTooDeep:
-        out.status = Tavo::eOutOfRange;
-        out.sentence =
-            text::format(VORD_ResourceString(
-                             "IDS_TAVO_XREF_TOO_DEEP",
-                             L"외부 참조 \"%s\"을(를) 표시할 수 없습니다: 외부 참조가 너무 깊게 이어집니다."),
-                         name);
+        say(Tavo::eOutOfRange,
+            VORD_ResourceString(
+                "IDS_TAVO_XREF_TOO_DEEP",
+                L"외부 참조 \"%s\"을(를) 표시할 수 없습니다: 외부 참조가 너무 깊게 이어집니다."));
         break;
     }
     return out;

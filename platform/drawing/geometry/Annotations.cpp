@@ -126,7 +126,9 @@ FrameGeometry image(Reader in, OdDbDatabase& database, bool mask) {
     int kind = 1;
     std::vector<OdGePoint2d> clip;
     while (in.next()) {
-        if (in.point(10, origin) || in.vector(11, u) || in.vector(12, v)) continue;
+        if (in.point(10, origin) || in.vector(11, u) || in.vector(12, v) || in.corner(14, clip) ||
+            in.file(database, out.file))
+            continue;
         switch (in.code()) {
         case 13:
             size.x = in.real();
@@ -136,15 +138,6 @@ FrameGeometry image(Reader in, OdDbDatabase& database, bool mask) {
             break;
         case 71:
             kind = in.integer();
-            break;
-        case 14:
-            clip.push_back({in.real(), 0});
-            break;
-        case 24:
-            if (!clip.empty()) clip.back().y = in.real();
-            break;
-        case 340:
-            if (const auto file = in.id(database).openObject()) out.file = file->textAt(1);
             break;
         default:
             break;
@@ -170,7 +163,9 @@ FrameGeometry underlay(Reader in, OdDbDatabase& database) {
     double angle = 0;
     std::vector<OdGePoint2d> clip;
     while (in.next()) {
-        if (in.point(10, origin) || in.vector(210, normal)) continue;
+        if (in.point(10, origin) || in.vector(210, normal) || in.corner(11, clip) ||
+            in.file(database, out.file))
+            continue;
         switch (in.code()) {
         case 41:
             scale.x = in.real();
@@ -180,15 +175,6 @@ FrameGeometry underlay(Reader in, OdDbDatabase& database) {
             break;
         case 50:
             angle = radians(in.real());
-            break;
-        case 11:
-            clip.push_back({in.real(), 0});
-            break;
-        case 21:
-            if (!clip.empty()) clip.back().y = in.real();
-            break;
-        case 340:
-            if (const auto file = in.id(database).openObject()) out.file = file->textAt(1);
             break;
         default:
             break;

@@ -10,6 +10,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <numbers>
+#include <vector>
 
 // Decoding of single kinds of entities; see geometryOf().
 namespace tv::dwg::geometry {
@@ -53,6 +54,22 @@ class Reader {
         OdGePoint3d as{into.x, into.y, into.z};
         if (!point(first, as)) return false;
         into = {as.x, as.y, as.z};
+        return true;
+    }
+    // The same for the next corner of a flat outline; a second coordinate belongs to the corner before it.
+    bool corner(int first, std::vector<OdGePoint2d>& into) const {
+        if (m_tag.code == first)
+            into.push_back({real(), 0});
+        else if (m_tag.code != first + 10)
+            return false;
+        else if (!into.empty())
+            into.back().y = real();
+        return true;
+    }
+    // The text of the file an image or underlay is defined by, when the tag names the definition.
+    bool file(const OdDbDatabase& database, OdString& into) const {
+        if (m_tag.code != 340) return false;
+        if (const auto definition = id(database).openObject()) into = definition->textAt(1);
         return true;
     }
 
