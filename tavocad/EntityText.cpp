@@ -9,22 +9,36 @@
 #include "platform/text/Format.h"
 #include "platform/text/ResourceString.h"
 #include "platform/text/Unicode.h"
+#include "tavocad/PropertyWords.h"
 
 using tv::text::format;
 
 namespace {
 
+OdString byLayer() { return VORD_ResourceString("IDS_TAVO_LIST_BYLAYER", L"ByLayer"); }
+OdString byBlock() { return VORD_ResourceString("IDS_TAVO_LIST_BYBLOCK", L"ByBlock"); }
+
 OdString lineWeightText(OdDb::LineWeight weight) {
     switch (weight) {
     case OdDb::kLnWtByLayer:
-        return L"BYLAYER";
+        return byLayer();
     case OdDb::kLnWtByBlock:
-        return L"BYBLOCK";
+        return byBlock();
     case OdDb::kLnWtByLwDefault:
         return VORD_ResourceString("IDS_TAVO_LIST_DEFAULT", L"기본값");
     default:
         return format(L"%.2f mm", static_cast<int>(weight) / 100.0);
     }
+}
+
+OdString shownColor(const OdCmColor& color) {
+    if (color.isByLayer()) return byLayer();
+    return color.isByBlock() ? byBlock() : colorText(color);
+}
+
+OdString linetypeText(const OdString& name) {
+    if (tv::text::equalNoCase(name.view(), L"BYLAYER")) return byLayer();
+    return tv::text::equalNoCase(name.view(), L"BYBLOCK") ? byBlock() : name;
 }
 
 int whole(const wchar_t* variable, int otherwise) {
@@ -50,7 +64,7 @@ OdString valueText(const tv::dwg::Value& value, const tv::dwg::EntityProperty& p
     using tv::dwg::PropertyKind;
     if (const auto* number = std::get_if<std::int64_t>(&value)) {
         for (const tv::dwg::PropertyChoice& choice : property.choices)
-            if (choice.value == *number) return choice.name;
+            if (choice.value == *number) return propertyWord(choice.name);
         if (property.kind == PropertyKind::kBoolean)
             return OdString(*number ? VORD_ResourceString("IDS_TAVO_LIST_YES", L"예")
                                     : VORD_ResourceString("IDS_TAVO_LIST_NO", L"아니요"));
@@ -80,7 +94,7 @@ OdString entityHint(const OdDbObjectId& id) {
     const auto entity = id.open<OdDbEntity>();
     if (!entity) return {};
     return format(VORD_ResourceString("IDS_TAVO_HINT", L"%s\n도면층: %s\n색상: %s"), entity->isA(),
-                  entity->layer(), colorText(entity->color()));
+                  entity->layer(), shownColor(entity->color()));
 }
 
 std::vector<OdString> describeEntity(const OdDbObjectId& id) {
@@ -95,8 +109,8 @@ std::vector<OdString> describeEntity(const OdDbObjectId& id) {
     add(VORD_ResourceString("IDS_TAVO_LIST_SPACE", L"공간"),
         OdString(entity->isInPaperSpace() ? VORD_ResourceString("IDS_TAVO_LIST_PAPER", L"도면 공간")
                                           : VORD_ResourceString("IDS_TAVO_LIST_MODEL", L"모형 공간")));
-    add(VORD_ResourceString("IDS_TAVO_LIST_COLOR", L"색상"), colorText(entity->color()));
-    add(VORD_ResourceString("IDS_TAVO_LIST_LINETYPE", L"선종류"), entity->linetype());
+    add(VORD_ResourceString("IDS_TAVO_LIST_COLOR", L"색상"), shownColor(entity->color()));
+    add(VORD_ResourceString("IDS_TAVO_LIST_LINETYPE", L"선종류"), linetypeText(entity->linetype()));
     if (const double scale = entity->linetypeScale(); scale != 1)
         add(VORD_ResourceString("IDS_TAVO_LIST_LTSCALE", L"선종류 축척"), format(L"%g", scale));
     add(VORD_ResourceString("IDS_TAVO_LIST_LWEIGHT", L"선가중치"), lineWeightText(entity->lineWeight()));
@@ -108,7 +122,7 @@ std::vector<OdString> describeEntity(const OdDbObjectId& id) {
         for (const tv::dwg::EntityProperty& property : part) {
             if (property.variable) continue; // a style's business, eighty of them
             const OdString text = valueText(tv::dwg::propertyValue(id, property), property);
-            if (!text.isEmpty()) add(property.name, text);
+            if (!text.isEmpty()) add(propertyWord(property.name).c_str(), text);
         }
     return lines;
 }

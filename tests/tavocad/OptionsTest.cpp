@@ -1,6 +1,8 @@
 #include "tavocad/Options.h"
+#include "platform/drawing/entities/EntityProperties.h"
 #include "platform/text/MessageManager.h"
 #include "tavocad/NearNames.h"
+#include "tavocad/PropertyWords.h"
 
 #include <gmock/gmock.h>
 
@@ -56,4 +58,18 @@ TEST(NearNames, OnlyWhatIsNear) {
     EXPECT_THAT(nearNames(L"selekt", names), ElementsAre(L"SELECT"));
     EXPECT_THAT(nearNames(L"xyz", names), IsEmpty());
     EXPECT_THAT(nearNames(std::wstring(100000, L'x'), names), IsEmpty());
+}
+
+// Every property and choice has words of its own in the language of the program.
+TEST(PropertyWords, KnowAllNames) {
+    for (const tv::dwg::EntityKind& kind : tv::dwg::entityKinds())
+        for (const auto& part : {kind.properties, kind.more})
+            for (const tv::dwg::EntityProperty& property : part) {
+                if (property.variable) continue;
+                EXPECT_NE(propertyWord(property.name), OdString(property.name));
+                for (const tv::dwg::PropertyChoice& choice : property.choices)
+                    EXPECT_NE(propertyWord(choice.name), OdString(choice.name));
+            }
+    EXPECT_EQ(propertyWord(L"StartX"), OdString(L"시작점 X"));
+    EXPECT_EQ(propertyWord(L"Other things"), OdString(L"Other things"));
 }

@@ -94,7 +94,7 @@ TEST_F(SelectionCommands, ListSaysWhatIsThere) {
     const std::wstring text = said();
     EXPECT_THAT(text, HasSubstr(L"LINE  핸들: A2  도면층: \"0\""));
     EXPECT_THAT(text, HasSubstr(L"색상: 1\n"));
-    EXPECT_THAT(text, HasSubstr(L"StartX: 8.0000\n")) << "lengths as the drawing's units have them";
+    EXPECT_THAT(text, HasSubstr(L"시작점 X: 8.0000\n")) << "lengths as the drawing's units have them";
     EXPECT_EQ(session.enterLine(L"LIST FFFF"), RTERROR);
     EXPECT_EQ(session.enterLine(L"LIST none"), RTCAN);
 }
