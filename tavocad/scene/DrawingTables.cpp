@@ -4,11 +4,15 @@
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbLayerTable.h"
 #include "platform/drawing/OdDbStyleTables.h"
+#include "platform/drawing/OdDbTextStyleTable.h"
 #include "platform/drawing/dxf/OwnTags.h"
 #include "platform/drawing/dxf/RecordStore.h"
 #include "platform/text/Unicode.h"
 
+#include "tavocad/scene/Box.h"
+
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <optional>
 #include <utility>
@@ -78,6 +82,27 @@ LayerState layerOf(const RecordStore& store, RecordId id, const DrawingTables& t
         if (!color.isByLayer() && !color.isByBlock()) state.paint = paintOf(color);
     }
     return state;
+}
+
+Linetype linetypeOf(const OdDbDatabase& database, const OdDbLinetypeTableRecord& record) {
+    Linetype linetype;
+    linetype.name = record.getName().wstr();
+    double way = 0;
+    for (const OdDbLinetypeTableRecord::Element& element : record.pattern()) {
+        linetype.dashes.push_back(element.length);
+        way += std::abs(element.length);
+        if (element.kind == OdDbLinetypeTableRecord::Element::kPlain) continue;
+        LineMark mark{way, element.scale, element.rotation, element.absoluteRotation, element.offset, {}};
+        if (element.kind == OdDbLinetypeTableRecord::Element::kText) {
+            mark.letters = element.text.wstr();
+            const auto style = database.getOdDbObjectId(element.style).open<OdDbTextStyleTableRecord>();
+            if (style && style->textSize() > 0) mark.height *= style->textSize();
+        }
+        if (mark.height > 0 && isSomewhere(mark.height) && isSomewhere(mark.offset) &&
+            std::isfinite(mark.rotation))
+            linetype.marks.push_back(std::move(mark));
+    }
+    return linetype;
 }
 
 // Eight bytes at a time.
@@ -244,7 +269,7 @@ DrawingTables readTables(const OdDbDatabase& database, StyleTable& styles) {
             const std::wstring name = tv::text::foldCase(record->getName().view());
             if (!tables.linetypes.try_emplace(name, static_cast<std::uint32_t>(linetypes.size())).second)
                 return;
-            linetypes.push_back({record->getName().wstr(), record->dashes()});
+            linetypes.push_back(linetypeOf(database, *record));
         });
     double scale = 1;
     if (const auto variable = database.headerVar(L"LTSCALE"))

@@ -7,9 +7,12 @@
 #include "platform/drawing/OdDbViewport.h"
 #include "platform/text/Unicode.h"
 #include "tavocad/scene/DrawingTables.h"
+#include "tavocad/scene/Flatten.h"
 #include "tavocad/scene/SceneBuilder.h"
 
 #include <cmath>
+#include <unordered_map>
+#include <utility>
 
 namespace tv::scene {
 
@@ -72,6 +75,61 @@ std::optional<ViewportPicture> pictureOf(const OdDbViewport& viewport) {
     return picture;
 }
 
+// The corners of the sheet of paper: the layout's origin is where its margins meet, moved by the plot's origin.
+std::vector<OdGePoint2d> paperOf(const OdDbLayout& layout) {
+    constexpr double millimetresPerInch = 25.4;
+    OdGePoint2d size = layout.getPlotPaperSize();
+    const OdDbPlotSettings::Margins margins = layout.getPlotPaperMargins();
+    OdGePoint2d corner;
+    switch (layout.plotRotation()) {
+    case OdDbPlotSettings::k0degrees:
+        corner = {margins.left, margins.bottom};
+        break;
+    case OdDbPlotSettings::k90degrees:
+        corner = {margins.top, margins.left};
+        break;
+    case OdDbPlotSettings::k180degrees:
+        corner = {margins.right, margins.top};
+        break;
+    case OdDbPlotSettings::k270degrees:
+        corner = {margins.bottom, margins.right};
+        break;
+    }
+    if (layout.plotRotation() == OdDbPlotSettings::k90degrees ||
+        layout.plotRotation() == OdDbPlotSettings::k270degrees)
+        std::swap(size.x, size.y);
+    const OdGePoint2d origin = layout.getPlotOrigin();
+    double scale = layout.customScaleDenominator() / layout.customScaleNumerator();
+    if (!(scale > 0) || !isSomewhere(scale)) scale = 1;
+    if (layout.plotPaperUnits() == OdDbPlotSettings::kInches) scale /= millimetresPerInch;
+    const OdGePoint2d low{-(corner.x + origin.x) * scale, -(corner.y + origin.y) * scale};
+    const OdGePoint2d high{low.x + size.x * scale, low.y + size.y * scale};
+    if (!(size.x > 0 && size.y > 0) || !isSomewhere(low) || !isSomewhere(high)) return {};
+    return {low, {high.x, low.y}, high, {low.x, high.y}};
+}
+
+// The polygon that the first line of the entity, or its arc, goes round; empty when that is none.
+std::vector<OdGePoint2d> outlineOf(const Scene& scene, const Entity& entity) {
+    std::vector<OdGePoint2d> outline;
+    if (entity.itemCount == 0) return outline;
+    const Item& item = scene.items[entity.firstItem];
+    if (item.kind == Item::Kind::arc) {
+        const OdGePoint2d* const arc = scene.points.data() + item.first;
+        std::vector<OdGePoint3d> points;
+        flattenArc(points, {arc[0].x, arc[0].y, 0}, {arc[1].x, arc[1].y, 0}, {arc[2].x, arc[2].y, 0}, arc[3].x,
+                   arc[3].y);
+        for (const OdGePoint3d& point : points)
+            outline.push_back({point.x, point.y});
+    } else if (item.kind == Item::Kind::stroke || item.kind == Item::Kind::area) {
+        for (const OdGePoint2d& point : scene.pointsOf(item)) {
+            if (isBreak(point)) break;
+            outline.push_back(point);
+        }
+    }
+    if (outline.size() < 3) outline.clear();
+    return outline;
+}
+
 } // namespace
 
 Scene buildScene(const OdDbDatabase& database, const OdDbObjectId& layout, std::shared_ptr<const Scene> model,
@@ -79,6 +137,18 @@ Scene buildScene(const OdDbDatabase& database, const OdDbObjectId& layout, std::
     const auto opened = layout.open<OdDbLayout>();
     if (!opened || opened->isModelLayout()) return buildScene(database, references);
     Scene scene = buildScene(database, opened->entities(), references);
+    scene.paper = paperOf(*opened);
+    std::unordered_map<tv::dwg::RecordId, std::uint32_t> numbers; // of the entities, when something is clipped
+    const auto outlineOfClip = [&](const OdDbViewport& viewport) -> std::vector<OdGePoint2d> {
+        const OdDbObjectId clip = viewport.nonRectClipEntityId();
+        if (!viewport.isNonRectClipOn() || clip.isNull()) return {};
+        if (numbers.empty())
+            for (std::uint32_t i = 0; i < scene.entities.size(); ++i)
+                numbers.try_emplace(scene.entities[i].record, i);
+        const auto found = numbers.find(clip.record());
+        return found == numbers.end() ? std::vector<OdGePoint2d>()
+                                      : outlineOf(scene, scene.entities[found->second]);
+    };
     const auto viewports = opened->viewports();
     for (std::size_t i = 1; i < viewports.size(); ++i) { // the first is the sheet itself
         const auto viewport = viewports[i].open<OdDbViewport>();
@@ -88,11 +158,12 @@ Scene buildScene(const OdDbDatabase& database, const OdDbObjectId& layout, std::
         if (!isSomewhere(center.x) || !isSomewhere(center.y) || !isSomewhere(wide) || !isSomewhere(high) ||
             !(wide > 0 && high > 0))
             continue;
-        const std::vector<OdGePoint2d> corners{{center.x - wide, center.y - high},
-                                               {center.x + wide, center.y - high},
-                                               {center.x + wide, center.y + high},
-                                               {center.x - wide, center.y + high}};
-        // The frame, on the viewport's layer.
+        std::vector<OdGePoint2d> corners{{center.x - wide, center.y - high},
+                                         {center.x + wide, center.y - high},
+                                         {center.x + wide, center.y + high},
+                                         {center.x - wide, center.y + high}};
+        std::vector<OdGePoint2d> clip = outlineOfClip(*viewport);
+        // The frame, on the viewport's layer; what clips it to another shape is there by itself.
         std::vector<LayerState> layers = scene.styles.layers();
         const LayerState* layer = layerNamed(layers, viewport->layer().view());
         StyleSource source;
@@ -100,18 +171,22 @@ Scene buildScene(const OdDbDatabase& database, const OdDbObjectId& layout, std::
         source.paintLayer = source.lineweightLayer = source.alphaLayer = source.layer;
         const auto entity = static_cast<std::uint32_t>(scene.entities.size());
         const auto first = static_cast<std::uint32_t>(scene.points.size());
-        scene.entities.push_back({viewports[i].record(), static_cast<std::uint32_t>(scene.items.size()), 1});
-        scene.items.push_back(
-            {first, 5, scene.styles.intern(source), entity, Item::Kind::stroke, Item::solidLine});
-        scene.points.insert(scene.points.end(), corners.begin(), corners.end());
-        scene.points.push_back(corners.front());
+        scene.entities.push_back(
+            {viewports[i].record(), static_cast<std::uint32_t>(scene.items.size()), clip.empty() ? 1U : 0U});
+        if (clip.empty()) {
+            scene.items.push_back(
+                {first, 5, scene.styles.intern(source), entity, Item::Kind::stroke, Item::solidLine});
+            scene.points.insert(scene.points.end(), corners.begin(), corners.end());
+            scene.points.push_back(corners.front());
+            clip = std::move(corners);
+        }
 
         auto picture = pictureOf(*viewport);
         if (!picture) continue;
         if (!model) model = std::make_shared<Scene>(buildScene(database, references));
         picture->model = model;
         picture->styles = stylesIn(database, *viewport, model->styles);
-        picture->clip = corners;
+        picture->clip = std::move(clip);
         picture->entity = entity;
         scene.viewports.push_back(std::move(*picture));
     }

@@ -93,6 +93,10 @@ void Scene::measure(Use&& use) {
             box.add(corner);
             extents.add(corner);
         }
+    for (const OdGePoint2d& corner : paper) {
+        box.add(corner);
+        extents.add(corner);
+    }
     if (extents.empty()) extents = box;
 }
 
@@ -103,7 +107,12 @@ void Scene::finish() {
         const Box first = boxOf(items[0]);
         if (first.isFinite()) origin = {first.left, first.bottom};
     }
-    measure([&](std::size_t i, const Box& own) { boxes[i] = SpatialIndex::smallOf(own, origin); });
+    const double around = pointShape.hasLines() ? std::max(pointShape.size, 0.0) / 2 : 0;
+    measure([&](std::size_t i, const Box& own) {
+        const double more = items[i].kind == Item::Kind::mark ? around : 0;
+        boxes[i] = SpatialIndex::smallOf({own.left - more, own.bottom - more, own.right + more, own.top + more},
+                                         origin);
+    });
     index.build(std::move(boxes), origin);
     loose.clear();
 }
@@ -123,7 +132,9 @@ void Scene::look(const Box& view, double pixel, Seen& seen, const StyleTable* th
         [&](OdGePoint2d at, const std::uint32_t* numbers, std::size_t count) {
             for (std::size_t i = 0; i < count; ++i)
                 if (shown(numbers[i])) {
-                    seen.dots.push_back({at, items[numbers[i]].style});
+                    const Item& item = items[numbers[i]];
+                    const bool mark = item.kind == Item::Kind::mark && pointShape.mode != 0;
+                    seen.dots.push_back({at, item.style, mark});
                     return;
                 }
         });

@@ -29,7 +29,7 @@ struct Item {
                 // parameters (from, to) in radians, from <= to
         area,   // outlines parted by breaks, filled
         text,   // texts[first]
-        mark,   // points[first]: a cross of constant size on the screen
+        mark,   // points[first]: a point, in the scene's pointShape
     };
     enum Flag : std::uint8_t {
         evenOdd = 1,   // of an area: what lies in an even number of outlines is no part of it
@@ -101,6 +101,14 @@ struct ViewportPicture {
     }
 };
 
+// How points look everywhere in a drawing.
+struct PointShape {
+    int mode = 0;    // 0 a dot, 1 nothing, 2 a cross, 3 one that leans, 4 a stroke upwards; more with 32 in a
+                     // circle, with 64 in a square
+    double size = 0; // drawing units; 0 or below: so many hundredths of the view's height, 5 for 0
+    bool hasLines() const { return mode != 0 && mode != 1; }
+};
+
 // What a scene leaves out because it would be too much.
 struct Cut {
     std::size_t entities = 0; // main ones
@@ -119,9 +127,11 @@ struct Scene {
     std::vector<Entity> entities; // in file order
     StyleTable styles;
     std::vector<ViewportPicture> viewports; // of a layout; painted below its items
-    Box box;                                // of everything that is shown
-    Box extents;                            // of that, but for endless lines if there is anything else
-    std::size_t drawn = 0;                  // entities drawn so far, those inside of blocks once per insert
+    PointShape pointShape;
+    std::vector<OdGePoint2d> paper; // of a layout: the sheet's corners
+    Box box;                        // of everything that is shown
+    Box extents;                    // of that, but for endless lines if there is anything else
+    std::size_t drawn = 0;          // entities drawn so far, those inside of blocks once per insert
     Cut cut;
     bool boundless = false; // has lines without end: how far they reach depends on everything else
 
@@ -129,6 +139,7 @@ struct Scene {
     struct Dot {
         OdGePoint2d at;
         std::uint32_t style;
+        bool mark = false; // a point that is not just a dot
     };
     // What a view of that box shows, hidden layers left out. Items are in painting order. What is smaller than
     // `pixel` (drawing units) in both directions is a dot; many such beside each other are one.

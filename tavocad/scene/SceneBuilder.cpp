@@ -94,6 +94,12 @@ class Builder {
     Builder(const OdDbDatabase& database, ExternalReferences* references) : m_pen(m_scene) {
         m_scene.database = &const_cast<OdDbDatabase&>(database);
         m_source = addSource(database, references, readTables(database, m_scene.styles), {});
+        const auto number = [&](std::wstring_view variable) {
+            const auto value = database.headerVar(variable);
+            const double found = value ? value->asReal().value_or(0) : 0;
+            return isSomewhere(found) ? found : 0;
+        };
+        m_scene.pointShape = {static_cast<int>(std::clamp(number(L"PDMODE"), 0.0, 127.0)), number(L"PDSIZE")};
     }
     // To go on with a scene.
     Builder(const OdDbDatabase& database, ExternalReferences* references, Scene&& scene)

@@ -98,6 +98,12 @@ std::uint32_t StyleTable::patternOf(std::uint32_t linetype, double scale) {
         pattern.dashes.push_back(dash * factor);
         pattern.length += std::abs(dash * factor);
     }
+    for (LineMark mark : m_linetypes[linetype].marks) {
+        mark.at *= factor;
+        mark.height *= factor;
+        mark.offset = {mark.offset.x * factor, mark.offset.y * factor};
+        if (mark.at <= pattern.length) pattern.marks.push_back(std::move(mark));
+    }
     if (!(pattern.length > 0) || !std::isfinite(pattern.length) || scales.size() >= mostScales) return 0;
     m_patterns.push_back(std::move(pattern));
     scales.emplace_back(scale, static_cast<std::uint32_t>(m_patterns.size() - 1));

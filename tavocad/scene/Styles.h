@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/drawing/Geometry.h"
+
 #include <cstdint>
 #include <string>
 #include <unordered_map>
@@ -32,16 +34,29 @@ struct LayerState {
     friend bool operator==(const LayerState&, const LayerState&) = default;
 };
 
+// What stands on a line again and again: a text, or without letters a shape, of which a tick is shown.
+struct LineMark {
+    double at = 0; // from the pattern's beginning, along the line
+    double height = 0;
+    double rotation = 0;   // radians, against the line or
+    bool absolute = false; // against the drawing
+    OdGePoint2d offset;    // along the line and to its left
+    std::wstring letters;
+    friend bool operator==(const LineMark&, const LineMark&) = default;
+};
+
 // Dashes positive, gaps negative, dots 0; empty for a continuous line.
 struct Linetype {
     std::wstring name;
     std::vector<double> dashes;
+    std::vector<LineMark> marks;
     friend bool operator==(const Linetype&, const Linetype&) = default;
 };
 
 // A linetype at a scale: lengths are drawing units.
 struct Pattern {
     std::vector<double> dashes;
+    std::vector<LineMark> marks;
     double length = 0; // of one repetition; 0 for a continuous line
 };
 

@@ -25,6 +25,8 @@ constexpr int hoverDelay = 15;           // milliseconds from the last move of t
 constexpr int oneMove = 700;             // milliseconds; what follows sooner is still the same move of the view
 constexpr std::size_t mostPlaces = 30;   // to go back to
 constexpr std::size_t manyItems = 20000; // more are not smoothed
+constexpr double smallItem = 6;          // pixels; what is smaller is marked by a square when it is selected
+constexpr int squareSize = 5;            // pixels
 constexpr double dragStart = 4;          // pixels; a shorter drag is a click
 constexpr QRgb insideColor = 0xFF2F7FE0; // of the window that takes what lies inside
 constexpr QRgb crossingColor = 0xFF2AA34A; // of the one that takes what it touches
@@ -195,8 +197,9 @@ void DrawingView::makePicture() {
         QPainter painter(&m_picture);
         painter.setRenderHint(QPainter::Antialiasing, seen.items.size() < manyItems);
         std::vector<std::uint32_t> items;
-        std::ranges::copy_if(seen.items, std::back_inserter(items),
-                             [this](std::uint32_t item) { return m_selected[m_scene->items[item].entity]; });
+        std::ranges::copy_if(seen.items, std::back_inserter(items), [this](std::uint32_t item) {
+            return m_selected[m_scene->items[item].entity] && !isSmall(m_scene->boxOf(m_scene->items[item]));
+        });
         // The background's colour first, so that the dashes show on lines of any colour; texts stay legible.
         std::vector<std::uint32_t> lines;
         std::ranges::copy_if(items, std::back_inserter(lines), [this](std::uint32_t item) {
@@ -209,8 +212,44 @@ void DrawingView::makePicture() {
         pen.setDashPattern({3, 2});
         painter.setPen(pen);
         view.outline(painter, *m_scene, items);
+        markSmall(painter, view);
     }
     m_stale = false;
+}
+
+bool DrawingView::isSmall(const Box& box) const {
+    return box.width() * m_scale < smallItem && box.height() * m_scale < smallItem;
+}
+
+// What is selected and too small for dashes to be seen, dots among it, gets a square of constant size; many
+// beside each other share one.
+void DrawingView::markSmall(QPainter& painter, const ScenePainter& view) const {
+    const int columns = width() / squareSize + 1, rows = height() / squareSize + 1;
+    std::vector<bool> marked(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows));
+    const QRectF area(rect());
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setPen(view.background);
+    painter.setBrush(markColor());
+    for (std::uint32_t number = 0; number < m_selected.size(); ++number) {
+        if (!m_selected[number]) continue;
+        const auto& entity = m_scene->entities[number];
+        for (std::uint32_t i = entity.firstItem; i < entity.firstItem + entity.itemCount; ++i) {
+            const auto& item = m_scene->items[i];
+            const Box box = m_scene->boxOf(item);
+            if (box.empty() || !isSmall(box) || !m_scene->styleOf(item).shown) continue;
+            const QPointF at = view.toScreen({box.left + box.width() / 2, box.bottom + box.height() / 2});
+            if (!area.contains(at)) continue;
+            const int column = static_cast<int>(at.x()) / squareSize,
+                      row = static_cast<int>(at.y()) / squareSize;
+            const auto cell = static_cast<std::size_t>(row) * static_cast<std::size_t>(columns) +
+                              static_cast<std::size_t>(column);
+            if (marked[cell]) continue;
+            marked[cell] = true;
+            painter.drawRect(static_cast<int>(at.x()) - squareSize / 2 - 1,
+                             static_cast<int>(at.y()) - squareSize / 2 - 1, squareSize + 1, squareSize + 1);
+        }
+    }
+    painter.setBrush(Qt::NoBrush);
 }
 
 void DrawingView::paintEvent(QPaintEvent*) {

@@ -96,6 +96,8 @@ class DrawingView : public QWidget {
     void updateHover();
     void markSelected();
     void makePicture();
+    bool isSmall(const tv::scene::Box& box) const; // on the screen
+    void markSmall(QPainter& painter, const ScenePainter& view) const;
     void paintBox(QPainter& painter) const;
     void paintPick(QPainter& painter) const;
 

@@ -19,12 +19,15 @@ using namespace tv::scene;
 
 namespace {
 
-constexpr double markSize = 3;            // half of a point's cross, pixels
+constexpr double smallestMark = 2;        // pixels; a smaller point is painted as a dot
+constexpr std::size_t mostMarks = 20000;  // points with a shape; of more they are dots
+constexpr double largestMark = 1e4;       // pixels
 constexpr double legibleHeight = 2.5;     // pixels; smaller text is painted as a line
 constexpr double legibleArea = 60;        // pixels; texts that have less lie upon each other
 constexpr double legiblePattern = 4;      // pixels; a finer pattern is painted as a continuous line
 constexpr double pixelsPerMillimetre = 4; // of a lineweight
 constexpr std::size_t few = 20000;        // items; beyond that lines are not smoothed
+constexpr float paperEdge = 0.5F;         // how much of the foreground
 constexpr double farOut = 1e6;            // pixels; what reaches beyond is cut to the view first
 constexpr int designSize = 64;            // pixels of the font that is scaled to a text's height
 
@@ -45,6 +48,48 @@ DesignFont designFont(const Font* wanted, const QFont& usual) {
     }
     font.setPixelSize(designSize);
     return {font, QFontMetricsF(font)};
+}
+
+// Half the size of a point on the screen, where a drawing unit is so many pixels.
+double halfMark(const PointShape& shape, const ScenePainter& view, double scale) {
+    const double size = shape.size > 0    ? shape.size * scale
+                        : shape.size == 0 ? view.area.height() * 0.05
+                                          : view.area.height() * -shape.size / 100;
+    return std::min(size, largestMark) / 2;
+}
+
+// The lines of a point of that shape around the origin, y downwards; none for one that is a dot. `half`: of its
+// size, pixels.
+std::vector<QLineF> linesOf(const PointShape& shape, double half) {
+    std::vector<QLineF> lines;
+    if (half * 2 < smallestMark) return lines;
+    const auto polygon = [&](std::initializer_list<double> turns, double radius) {
+        std::vector<QPointF> corners;
+        for (const double turn : turns)
+            corners.push_back(
+                {radius * std::cos(turn * std::numbers::pi), radius * std::sin(turn * std::numbers::pi)});
+        for (std::size_t i = 0; i < corners.size(); ++i)
+            lines.push_back({corners[i], corners[(i + 1) % corners.size()]});
+    };
+    switch (shape.mode & 31) {
+    case 2:
+        lines = {{-half, 0, half, 0}, {0, -half, 0, half}};
+        break;
+    case 3:
+        lines = {{-half, -half, half, half}, {-half, half, half, -half}};
+        break;
+    case 4:
+        lines = {{0, 0, 0, -half}};
+        break;
+    default:
+        break;
+    }
+    if (shape.mode & 32)
+        polygon(
+            {0, 0.125, 0.25, 0.375, 0.5, 0.625, 0.75, 0.875, 1, 1.125, 1.25, 1.375, 1.5, 1.625, 1.75, 1.875},
+            half);
+    if (shape.mode & 64) polygon({0.25, 0.75, 1.25, 1.75}, half * std::numbers::sqrt2);
+    return lines;
 }
 
 // The angle of a chord that stays within that many pixels of its arc.
@@ -73,7 +118,7 @@ class Lines {
             m_center = window->toModel(view.center);
         }
         m_scale = std::hypot(m_x.x, m_x.y);
-        m_mark = markSize * ratio;
+        m_mark = linesOf(scene.pointShape, halfMark(scene.pointShape, view, m_scale / ratio) * ratio);
         const StyleTable& styles = window ? window->styles : scene.styles;
         for (std::uint32_t i = 0; i < styles.size(); ++i) {
             const Style& style = styles[i];
@@ -105,10 +150,21 @@ class Lines {
     void paint(std::span<const Scene::Dot> dots) {
         m_raster.nextLayer();
         for (const Scene::Dot& dot : dots)
-            m_raster.dot(at(dot.at), m_colors[dot.style]);
+            if (dot.mark)
+                mark(at(dot.at), m_colors[dot.style]);
+            else
+                m_raster.dot(at(dot.at), m_colors[dot.style]);
     }
 
   private:
+    void mark(OdGePoint2d p, std::uint32_t color) {
+        if (m_scene.pointShape.mode == 1) return;
+        if (m_mark.empty() || m_marks >= mostMarks) return m_raster.dot(p, color);
+        ++m_marks;
+        for (const QLineF& line : m_mark)
+            m_raster.line({p.x + line.x1(), p.y + line.y1()}, {p.x + line.x2(), p.y + line.y2()}, color);
+    }
+
     static Canvas canvasOf(const QImage& image, std::uint32_t* pixels, QRect clip) {
         const auto stride = static_cast<std::size_t>(image.bytesPerLine()) / 4;
         if (clip.isEmpty()) return {};
@@ -137,12 +193,9 @@ class Lines {
             m_raster.line(middle(0, 3), middle(1, 2), color);
             break;
         }
-        case Item::Kind::mark: {
-            const OdGePoint2d p = at(points[0]);
-            m_raster.line({p.x - m_mark, p.y}, {p.x + m_mark, p.y}, color);
-            m_raster.line({p.x, p.y - m_mark}, {p.x, p.y + m_mark}, color);
+        case Item::Kind::mark:
+            mark(at(points[0]), color);
             break;
-        }
         default: {
             OdGePoint2d last = at(points[0]);
             if (item.count == 1) m_raster.dot(last, color);
@@ -183,7 +236,8 @@ class Lines {
     OdGePoint2d m_x, m_y;           // what a step of one drawing unit is, device pixels
     OdGePoint2d m_center, m_screen; // the same point
     double m_scale = 1;             // device pixels per drawing unit
-    double m_mark = markSize;
+    std::vector<QLineF> m_mark;
+    std::size_t m_marks = 0;             // painted so far
     std::vector<std::uint32_t> m_colors; // of every style
     std::vector<char> m_whole, m_dashed;
 };
@@ -195,15 +249,20 @@ class Brush {
     Brush(QPainter& painter, const ScenePainter& view, const Scene& scene, const ViewportPicture* window)
         : m_painter(painter), m_view(view), m_scene(scene), m_styles(window ? window->styles : scene.styles),
           m_window(window), m_fonts(scene.fonts.size() + 1), m_colors(m_styles.size()) {
-        if (!window) return;
-        m_scale = view.scale * std::hypot(window->x.x, window->x.y);
-        m_turn = std::atan2(window->x.y, window->x.x);
+        if (window) {
+            m_scale = view.scale * std::hypot(window->x.x, window->x.y);
+            m_turn = std::atan2(window->x.y, window->x.x);
+        }
+        m_mark = linesOf(scene.pointShape, halfMark(scene.pointShape, view, m_scale));
     }
 
     void paint(std::span<const Scene::Dot> dots) {
         for (const Scene::Dot& dot : dots) {
             setStyle(dot.style, false);
-            m_dots.append(toScreen(dot.at));
+            if (dot.mark)
+                mark(toScreen(dot.at));
+            else
+                m_dots.append(toScreen(dot.at));
         }
         flushBatch();
     }
@@ -275,11 +334,17 @@ class Brush {
             pen.setJoinStyle(Qt::RoundJoin);
         }
         const Pattern& pattern = m_styles.patterns()[style.pattern];
+        m_pattern = nullptr;
         if (dashed && pattern.length * m_scale >= legiblePattern) {
+            if (!pattern.marks.empty()) m_pattern = &pattern;
             const double width = std::max(pen.widthF(), 1.0);
             QList<qreal> dashes;
             for (const double dash : pattern.dashes) {
                 const bool gap = dash < 0;
+                if (!dashes.isEmpty() && gap == (dashes.size() % 2 == 0)) {
+                    dashes.last() += std::abs(dash) * m_scale / width;
+                    continue;
+                }
                 if (gap != (dashes.size() % 2 != 0)) dashes.append(0);
                 dashes.append(std::max(std::abs(dash) * m_scale / width, gap ? 0 : 1 / width));
             }
@@ -290,6 +355,61 @@ class Brush {
         m_painter.setPen(pen);
     }
 
+    void mark(QPointF p) {
+        if (m_scene.pointShape.mode == 1) return;
+        if (m_mark.empty() || m_marks >= mostMarks) {
+            m_dots.append(p);
+            return;
+        }
+        ++m_marks;
+        for (const QLineF& line : m_mark)
+            m_lines.append(line.translated(p));
+    }
+
+    // What the linetype has on the line that is being painted, again and again along it.
+    void lineMarks() {
+        if (!m_pattern) return;
+        const double length = m_pattern->length * m_scale;
+        double way = 0;
+        for (qsizetype i = 1; i < m_line.size(); ++i) {
+            const QLineF part(m_line[i - 1], m_line[i]);
+            const double end = way + part.length();
+            if (!(end > way) || end > farOut) return;
+            for (const LineMark& mark : m_pattern->marks) {
+                const double first = mark.at * m_scale;
+                for (double at = first + std::ceil((way - first) / length) * length; at < end; at += length)
+                    if (at >= 0) lineMark(mark, part.pointAt((at - way) / part.length()), part.angle());
+            }
+            way = end;
+        }
+    }
+    // `angle`: of the line, degrees.
+    void lineMark(const LineMark& mark, QPointF at, double angle) {
+        const double pixels = mark.height * m_scale;
+        if (pixels < legibleHeight || pixels > largestMark || m_lineMarks >= mostMarks ||
+            !m_view.area.adjusted(-pixels, -pixels, pixels, pixels).contains(at))
+            return;
+        ++m_lineMarks;
+        flushBatch();
+        m_painter.save();
+        m_painter.setPen(QPen(m_color, 0));
+        m_painter.translate(at);
+        m_painter.rotate(-angle);
+        m_painter.translate(mark.offset.x * m_scale, -mark.offset.y * m_scale);
+        if (mark.absolute) m_painter.rotate(angle - m_turn * 180 / std::numbers::pi);
+        m_painter.rotate(-mark.rotation * 180 / std::numbers::pi);
+        if (mark.letters.empty()) {
+            m_painter.drawLine(QPointF(0, pixels / 2), QPointF(0, -pixels / 2));
+        } else {
+            const DesignFont& font = fontOf(Text{});
+            const double up = pixels / font.metrics.capHeight();
+            m_painter.scale(up, up);
+            m_painter.setFont(font.font);
+            m_painter.drawText(QPointF(0, 0), toQt(mark.letters));
+        }
+        m_painter.restore();
+    }
+
     void shape(const Item& item, bool filled) {
         if (item.kind == Item::Kind::arc) {
             arc(m_scene.points.data() + item.first);
@@ -297,9 +417,7 @@ class Brush {
         }
         const auto points = m_scene.pointsOf(item);
         if (item.kind == Item::Kind::mark) {
-            const QPointF p = toScreen(points[0]);
-            m_lines.append({p - QPointF(markSize, 0), p + QPointF(markSize, 0)});
-            m_lines.append({p - QPointF(0, markSize), p + QPointF(0, markSize)});
+            mark(toScreen(points[0]));
             return;
         }
         QPainterPath path;
@@ -322,6 +440,7 @@ class Brush {
     }
 
     void flush(QPainterPath& path, bool filled) {
+        if (!filled) lineMarks();
         if (filled) {
             path.addPolygon(m_line);
             path.closeSubpath();
@@ -387,6 +506,7 @@ class Brush {
             y = x * s + y * c;
             x = next;
         }
+        lineMarks();
         polyline();
     }
 
@@ -465,6 +585,9 @@ class Brush {
     std::vector<std::optional<DesignFont>> m_fonts; // the last stands for a missing one
     std::vector<QColor> m_colors;                   // of the styles met so far
     QColor m_color;
+    std::vector<QLineF> m_mark;               // a point
+    std::size_t m_marks = 0, m_lineMarks = 0; // painted so far
+    const Pattern* m_pattern = nullptr;       // of the line, when it has marks to be seen
     QPolygonF m_line;
     QList<QLineF> m_lines;
     QList<QPointF> m_dots;
@@ -488,8 +611,8 @@ OdGePoint2d ScenePainter::toDrawing(QPointF point) const {
 
 Box ScenePainter::visibleBox() const {
     Box box;
-    box.add(toDrawing(area.topLeft() - QPointF(markSize, markSize)));
-    box.add(toDrawing(area.bottomRight() + QPointF(markSize, markSize)));
+    box.add(toDrawing(area.topLeft()));
+    box.add(toDrawing(area.bottomRight()));
     return box;
 }
 
@@ -571,6 +694,18 @@ void ScenePainter::paint(QImage& image, const Scene& scene, const Scene::Seen& s
             lines.emplace(*this, what, window, image, pixels, clip->intersected(image.rect()));
         paintSeen(what, view, brush, lines ? &*lines : nullptr);
     };
+    if (!scene.paper.empty()) {
+        QPolygonF paper;
+        for (const OdGePoint2d& corner : scene.paper)
+            paper.append(toScreen(corner));
+        QColor edge = foreground;
+        edge.setAlphaF(paperEdge);
+        painter.setPen(QPen(edge, 0));
+        for (qsizetype i = 0; i < paper.size(); ++i) {
+            QLineF line(paper[i], paper[(i + 1) % paper.size()]);
+            if (std::abs(line.dx()) + std::abs(line.dy()) < farOut) painter.drawLine(line);
+        }
+    }
     for (const ViewportPicture& window : scene.viewports) {
         const Box model = modelBox(window, visibleBox());
         if (model.empty() || !window.model) continue;

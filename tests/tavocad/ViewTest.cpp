@@ -81,6 +81,37 @@ TEST(ScenePainter, PaintsDashesWeightsAndAreas) {
     EXPECT_GT(contrast(area("62|5|"), Qt::black), leastLineContrast * 0.9) << "blue, but to be seen";
 }
 
+// Points have the drawing's shape, at a size of the drawing or of the view; a linetype's texts stand in its
+// gaps, two gaps in a row are one.
+TEST(ScenePainter, PaintsPointShapesAndLineTexts) {
+    const auto scene = [](const std::string& mode, const std::string& entities) {
+        std::string text = tables;
+        text.insert(text.find("0|ENDSEC"), "9|$PDMODE|70|" + mode);
+        text.insert(
+            text.find("0|ENDTAB"),
+            "0|LTYPE|2|GAS|70|0|3||72|65|73|3|40|18|49|4|74|0|49|-6|74|2|75|0|340|0|46|2|50|0|44|-4|45|-1|"
+            "9|I|49|-8|74|0|");
+        return tv::scene::buildScene(*drawingOf(text + entities + "0|ENDSEC|0|EOF|"));
+    };
+    const std::string point = "0|POINT|8|0|10|2|20|1|";
+    const Picture cross(scene("3|9|$PDSIZE|40|4|", point)), box(scene("64|9|$PDSIZE|40|-20|", point)),
+        hidden(scene("1|", point)), dot(scene("0|", point));
+    EXPECT_TRUE(cross.lit(3.5, 2.5) || cross.lit(3.45, 2.45));
+    EXPECT_FALSE(cross.lit(2, 2));
+    EXPECT_TRUE(box.lit(2, 1.95) || box.lit(2, 2.05)) << "a fifth of the view is two units";
+    EXPECT_FALSE(box.lit(2, 1));
+    EXPECT_TRUE(dot.lit(2, 1) || dot.lit(1.95, 1.05));
+    EXPECT_EQ(hidden.litInRow(1), 0);
+
+    const Picture gas(scene("0|", "0|LINE|8|0|6|GAS|" + row));
+    EXPECT_NEAR(gas.litInRow(0), 40, 8) << "the dash and the letter";
+    bool letter = false;
+    for (double x = -3; x < -1.5; x += 0.1)
+        letter = letter || gas.lit(x, 0.4);
+    EXPECT_TRUE(letter);
+    EXPECT_FALSE(gas.lit(1, 0));
+}
+
 // What lies outside of a viewport is cut off, however much the model shows.
 TEST(ScenePainter, ViewportsCutTheModelOff) {
     const auto model = std::make_shared<tv::scene::Scene>(
@@ -163,6 +194,24 @@ TEST_F(View, RedrawAndRegenReachThePicture) {
     });
     enter(QStringLiteral("REGEN"));
     then([&] { EXPECT_EQ(view.grab().toImage(), before); });
+    run();
+}
+
+// What is selected shows also where it is no more than a dot.
+TEST_F(View, SelectedDotsAreMarked) {
+    enter(QStringLiteral("open ") + quoted(drawing));
+    enter(QStringLiteral("zoom 0.0001x"));
+    QImage before;
+    then([&] { before = view.grab().toImage(); });
+    enter(QStringLiteral("select all"));
+    then([&] {
+        const QImage after = view.grab().toImage();
+        int changed = 0;
+        for (int y = 0; y < after.height(); ++y)
+            for (int x = 0; x < after.width(); ++x)
+                changed += after.pixel(x, y) != before.pixel(x, y);
+        EXPECT_GE(changed, 9);
+    });
     run();
 }
 

@@ -5,16 +5,23 @@
 // Leaders, tolerances, dimensions, tables, and the frames of pictures.
 namespace tv::dwg::geometry {
 
-PolylineGeometry leader(Reader in) {
+// Along its points, or curved through them.
+EntityGeometry leader(Reader in) {
     PolylineGeometry out;
     out.is3d = true;
+    bool curved = false;
     while (in.next()) {
+        if (in.code() == 72 && out.vertices.empty()) curved = in.integer() == 1;
         if (in.code() == 10) out.vertices.push_back({{in.real(), 0, 0}, 0, 0, 0});
         if (out.vertices.empty()) continue;
         if (in.code() == 20) out.vertices.back().position.y = in.real();
         if (in.code() == 30) out.vertices.back().position.z = in.real();
     }
-    return out;
+    if (!curved || out.vertices.size() < 3) return out;
+    SplineGeometry curve;
+    for (const PolylineVertex& vertex : out.vertices)
+        curve.fit.push_back(vertex.position);
+    return curve;
 }
 
 // Its context data nest: CONTEXT_DATA{ LEADER{ LEADER_LINE{ } } }, each ended by a closing brace of its own

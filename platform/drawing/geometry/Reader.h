@@ -82,7 +82,7 @@ class Reader {
 SplineGeometry spline(Reader in);
 FaceGeometry face(Reader in);
 HatchGeometry hatch(Reader in);
-PolylineGeometry leader(Reader in);
+EntityGeometry leader(Reader in);
 NoteGeometry multileader(Reader in);
 NoteGeometry tolerance(Reader in);
 DimensionGeometry dimension(Reader in);
