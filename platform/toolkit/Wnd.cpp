@@ -236,8 +236,12 @@ UserResult CWnd::userFocus() {
     return UserResult::done();
 }
 
-UserResult CWnd::perform(const tv::ui::UserAction&) {
+UserResult CWnd::perform(const tv::ui::UserAction& action) {
     if (auto r = acceptsUser(); !r) return r;
+    if (action.kind == tv::ui::UserAction::Kind::key && focusable() && m_dialog != this) {
+        takeFocus();
+        return m_dialog->userKey(action.keyEvent);
+    }
     return refuse(tv::text::format(
         VORD_ResourceString("IDS_TAVO_UI_WRONG_ACTION", L"이 종류의 컨트롤(%s)에는 할 수 없는 동작입니다."),
         tv::text::fromUtf8(tv::ui::kindName(kind()))));

@@ -18,6 +18,10 @@
 
 namespace tv::qt {
 
+namespace {
+constexpr std::size_t mostKnownRanges = 200; // of selected rows, to the table
+}
+
 ListBridge::ListBridge(CListCtrl& list, ListView& widget)
     : Bridge(list, widget), m_list(list), m_view(widget), m_rows(list), m_painter(list, m_rows) {
     m_view.setModel(&m_rows);
@@ -40,10 +44,12 @@ ListBridge::ListBridge(CListCtrl& list, ListView& widget)
     QHeaderView& header = *m_view.horizontalHeader();
     header.setSectionsClickable(true);
     header.setSectionsMovable(true);
+    header.setStretchLastSection(false); // the control says how wide they are
     header.setHighlightSections(false);
     header.setMinimumSectionSize(0);
     header.setContextMenuPolicy(Qt::CustomContextMenu);
     m_view.serve(this);
+    m_view.installEventFilter(this);
 
     connect(&header, &QHeaderView::sectionClicked, this,
             [this](int column) { user([&] { return m_list.userHeader(column); }); });
@@ -59,7 +65,8 @@ ListBridge::ListBridge(CListCtrl& list, ListView& widget)
     });
     const auto scrolled = [this] {
         if (showing() || m_placing) return;
-        (void)m_list.userScroll(m_view.verticalScrollBar()->value(), m_view.horizontalScrollBar()->value());
+        if (!m_list.userScroll(m_view.verticalScrollBar()->value(), m_view.horizontalScrollBar()->value()))
+            showScroll();
     };
     connect(m_view.verticalScrollBar(), &QScrollBar::valueChanged, this, scrolled);
     connect(m_view.horizontalScrollBar(), &QScrollBar::valueChanged, this, scrolled);
@@ -113,6 +120,7 @@ bool ListBridge::toggleAt(const QModelIndex& index, QPoint at) {
 void ListBridge::press(const QModelIndex& index, QPoint at, Qt::KeyboardModifiers with) {
     m_openSoon.stop();
     m_pressedRow = -1;
+    m_dragged = false;
     if (!index.isValid()) {
         if (m_list.multiSelect()) user([&] { return m_list.userSelect({}); });
         return;
@@ -131,13 +139,14 @@ void ListBridge::press(const QModelIndex& index, QPoint at, Qt::KeyboardModifier
 void ListBridge::drag(const QModelIndex& index) {
     if (m_pressedRow < 0 || index.row() == m_list.focusRow()) return;
     m_again = false;
+    m_dragged = true; // no click any more
     user([&] { return m_list.userPress(index.row(), m_pressedColumn, false, m_list.multiSelect()); });
     m_list.EnsureVisible(index.row());
-    if (m_list.multiSelect()) m_pressedColumn = -1; // no click any more
 }
 
 void ListBridge::release(const QModelIndex& index) {
-    const bool click = m_pressedRow >= 0 && index.row() == m_pressedRow && index.column() == m_pressedColumn;
+    const bool click =
+        m_pressedRow >= 0 && !m_dragged && index.row() == m_pressedRow && index.column() == m_pressedColumn;
     if (!click) {
         m_pressedRow = -1;
         return;
@@ -228,6 +237,7 @@ void ListBridge::show(ui::Change change) {
         break;
     case ui::Change::scroll:
         showScroll();
+        if (m_list.selection().ranges().size() > mostKnownRanges) showSelection();
         break;
     case ui::Change::editor:
         showEditor();
@@ -236,7 +246,7 @@ void ListBridge::show(ui::Change change) {
         m_view.horizontalHeader()->setSortIndicatorShown(m_list.sortColumn() >= 0);
         m_view.horizontalHeader()->setSortIndicator(
             m_list.sortColumn(), m_list.sortAscending() ? Qt::AscendingOrder : Qt::DescendingOrder);
-        m_view.viewport()->update();
+        showSelection();
         break;
     default:
         break;
@@ -296,23 +306,23 @@ void ListBridge::showScroll() {
     m_view.horizontalScrollBar()->setValue(m_list.scrollX());
 }
 
-// The table's own selection is what a screen reader asks for; a long list's many single rows are known to it
-// only around those in view.
+// The table's own selection is what a screen reader asks for, and what rows are painted by before their cells
+// are. A long list's many single rows are known to it only around those in view.
 void ListBridge::showSelection() {
-    constexpr std::size_t most = 200;
-    const ui::RowSet& rows = m_list.selection();
-    ui::RowSet near = rows;
-    if (rows.ranges().size() > most) {
-        near.clip(m_list.topRow() + static_cast<int>(most));
-        if (m_list.topRow() > 0) near.erase(0, m_list.topRow() - 1);
+    const bool whole = m_list.rowHighlight() != ui::RowHighlight::firstColumn;
+    const int lastRow = m_rows.rowCount() - 1, first = whole ? 0 : m_list.layout().neighbour(-1, 0);
+    const int last = whole ? m_rows.columnCount() - 1 : first;
+    ui::RowSet rows;
+    if (first >= 0 && first <= last && m_painter.showsSelection(m_view)) rows = m_list.selection();
+    if (rows.ranges().size() > mostKnownRanges) {
+        rows.clip(m_list.topRow() + static_cast<int>(mostKnownRanges));
+        if (m_list.topRow() > 0) rows.erase(0, m_list.topRow() - 1);
     }
     QItemSelection selection;
-    const int lastColumn = m_rows.columnCount() - 1, lastRow = m_rows.rowCount() - 1;
-    if (lastColumn >= 0)
-        for (const ui::RowSet::Range& range : near.ranges())
-            if (range.first <= lastRow)
-                selection.select(m_rows.index(range.first, 0),
-                                 m_rows.index(std::min(range.last, lastRow), lastColumn));
+    for (const ui::RowSet::Range& range : rows.ranges())
+        if (range.first <= lastRow)
+            selection.select(m_rows.index(range.first, first),
+                             m_rows.index(std::min(range.last, lastRow), last));
     QItemSelectionModel& model = *m_view.selectionModel();
     if (model.selection() != selection) model.select(selection, QItemSelectionModel::ClearAndSelect);
     const QModelIndex focus = m_rows.index(m_list.focusRow(), std::max(0, m_list.focusColumn()));
@@ -363,7 +373,9 @@ void ListBridge::dropEditor() {
 }
 
 bool ListBridge::eventFilter(QObject* object, QEvent* event) {
-    if (event->type() != QEvent::FocusOut || !m_editor || object != &m_editor->widget()) return false;
+    if (event->type() != QEvent::FocusIn && event->type() != QEvent::FocusOut) return false;
+    if (m_list.rowHighlight() == ui::RowHighlight::whileFocused) changed(ui::Change::selection);
+    if (event->type() == QEvent::FocusIn || !m_editor || object != &m_editor->widget()) return false;
     // Another program comes to the front; another window of this one is no reason yet.
     const ui::Toolkit* toolkit = ui::Toolkit::current();
     if (static_cast<QFocusEvent*>(event)->reason() == Qt::ActiveWindowFocusReason &&

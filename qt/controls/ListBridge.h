@@ -48,6 +48,7 @@ class ListBridge : public Bridge, private ListHand {
     std::vector<std::wstring> m_titles; // of the columns as shown
     std::unique_ptr<Bridge> m_editor;
     int m_pressedRow = -1, m_pressedColumn = -1;
+    bool m_dragged = false;
     bool m_again = false; // the cell that is pressed was the selected one
     QTimer m_openSoon;    // the editor of a cell clicked again, unless it is a double click
     bool m_placing = false;

@@ -8,13 +8,25 @@
 
 namespace tv::qt {
 
+namespace {
+
+bool hasKeyboard(const QWidget& view) {
+    return view.hasFocus() || view.isAncestorOf(QApplication::focusWidget());
+}
+
+} // namespace
+
+bool ListCellPainter::showsSelection(const QWidget& view) const {
+    return m_list.rowHighlight() != ui::RowHighlight::whileFocused || hasKeyboard(view);
+}
+
 void ListCellPainter::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
     QStyledItemDelegate::initStyleOption(option, index);
     const QWidget* view = option->widget;
-    const bool focused = view && (view->hasFocus() || view->isAncestorOf(QApplication::focusWidget()));
+    const bool focused = view && hasKeyboard(*view);
     const ui::RowHighlight how = m_list.rowHighlight();
     const bool selected =
-        m_list.selection().contains(index.row()) && (how != ui::RowHighlight::whileFocused || focused) &&
+        m_list.selection().contains(index.row()) && (!view || showsSelection(*view)) &&
         (how != ui::RowHighlight::firstColumn || index.column() == m_list.layout().neighbour(-1, 0));
     option->state.setFlag(QStyle::State_Selected, selected);
     option->state.setFlag(QStyle::State_HasFocus, focused && index.row() == m_list.focusRow() &&

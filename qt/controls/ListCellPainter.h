@@ -13,6 +13,8 @@ class ListRows;
 class ListCellPainter : public QStyledItemDelegate {
   public:
     ListCellPainter(const CListCtrl& list, const ListRows& rows) : m_list(list), m_rows(rows) {}
+    // Whether selected rows are painted as such now.
+    bool showsSelection(const QWidget& view) const;
     // Where the cell's check box is; empty when it has none.
     QRect checkBox(const QWidget& view, const QRect& cell, const QModelIndex& index) const;
     // Whether its text has no room there.
