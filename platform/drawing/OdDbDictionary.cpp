@@ -15,10 +15,11 @@ namespace {
 bool isReference(int code) { return code == 350 || code == 360; }
 
 // The position of the name's tag; its handle's tag follows.
-std::size_t findName(const RecordEditor& record, std::wstring_view name) {
+std::size_t findName(const DxfFormat& format, const RecordEditor& record, std::wstring_view name) {
+    const OdString meant = nameAsRead(format, name);
     for (const std::size_t i : ownTags(record))
         if (record.code(i) == 3 && i + 1 < record.size() && isReference(record.code(i + 1)) &&
-            tv::text::equalNoCase(record.text(i).view(), name))
+            tv::text::equalNoCase(record.text(i).view(), meant.view()))
             return i;
     return RecordEditor::npos;
 }
@@ -85,9 +86,10 @@ OdDbDictionaryIteratorPtr OdDbDictionary::newIterator() const {
 
 OdDbObjectId OdDbDictionary::getAt(std::wstring_view name) const {
     OdDbObjectId out;
+    const OdString meant = nameAsRead(format(), name);
     walk([&](const Tag& known, const Tag& reference) {
         const auto handle = handleOf(format(), reference);
-        if (!handle || !tv::text::equalNoCase(textOf(format(), known).view(), name)) return false;
+        if (!handle || !tv::text::equalNoCase(textOf(format(), known).view(), meant.view())) return false;
         out = database()->getOdDbObjectId(*handle);
         return true;
     });
@@ -96,9 +98,10 @@ OdDbObjectId OdDbDictionary::getAt(std::wstring_view name) const {
 
 bool OdDbDictionary::has(std::wstring_view name) const {
     bool found = false;
+    const OdString meant = nameAsRead(format(), name);
     walk([&](const Tag& known, const Tag& reference) {
-        return found =
-                   handleOf(format(), reference) && tv::text::equalNoCase(textOf(format(), known).view(), name);
+        return found = handleOf(format(), reference) &&
+                       tv::text::equalNoCase(textOf(format(), known).view(), meant.view());
     });
     return found;
 }
@@ -120,7 +123,7 @@ Tavo::ErrorStatus OdDbDictionary::remove(std::wstring_view name) {
     if (const auto status = checkWrite(); status != Tavo::eOk) return status;
     RecordStore& store = database()->store();
     RecordEditor record(format(), store.text(objectId().record()));
-    const std::size_t place = findName(record, name);
+    const std::size_t place = findName(format(), record, name);
     if (place == RecordEditor::npos) return Tavo::eKeyNotFound;
     record.erase(place);
     record.erase(place);
@@ -144,7 +147,7 @@ Tavo::ErrorStatus OdDbDictionary::setAt(std::wstring_view name, OdDbObjectId obj
         return Tavo::eInvalidInput;
     RecordStore& store = database()->store();
     RecordEditor record(format(), store.text(objectId().record()));
-    const std::size_t place = findName(record, name);
+    const std::size_t place = findName(format(), record, name);
     if (place != RecordEditor::npos) {
         record.set(place + 1, object.handle());
     } else {
@@ -172,9 +175,9 @@ Tavo::ErrorStatus OdDbDictionary::setName(std::wstring_view from, std::wstring_v
     if (to.empty()) return Tavo::eInvalidInput;
     RecordStore& store = database()->store();
     RecordEditor record(format(), store.text(objectId().record()));
-    const std::size_t place = findName(record, from);
+    const std::size_t place = findName(format(), record, from);
     if (place == RecordEditor::npos) return Tavo::eKeyNotFound;
-    const std::size_t known = findName(record, to);
+    const std::size_t known = findName(format(), record, to);
     if (known != RecordEditor::npos && known != place) return Tavo::eDuplicate;
     if (!record.set(place, OdString(to))) return Tavo::eInvalidInput;
     if (record.edited()) store.replace(objectId().record(), record.bytes());

@@ -10,7 +10,7 @@
 
 class OdDbDictionaryIterator;
 
-// Names of objects. Names are compared without regard to case.
+// Names of objects. Names are compared without regard to case, and as what they read back as.
 class KXPLATFORM_EXPORT OdDbDictionary : public OdDbObject {
   public:
     using OdDbObject::OdDbObject;

@@ -114,6 +114,8 @@ TEST(Dictionaries, EntriesAreNamedRenamedOwnedAndErased) {
     const OdDbObjectId valve = tv::dwg::addXrecord(root->objectId(), L"Valve", nullptr);
     EXPECT_TRUE(tv::dwg::addXrecord(root->objectId(), L"PUMP", nullptr).isNull());
     EXPECT_EQ(root->setName(L"pump", L"Valve"), Tavo::eDuplicate);
+    EXPECT_EQ(root->getAt(L"P\\U+0055MP"), pump);
+    EXPECT_EQ(root->setName(L"pump", L"\\U+0056alve"), Tavo::eDuplicate) << "that is how it reads back";
     EXPECT_EQ(root->setName(L"pump", L"PUMP 1"), Tavo::eOk);
     EXPECT_THAT(namesOf(*root), testing::ElementsAre(L"PUMP 1", L"Valve"));
     EXPECT_EQ(root->setTreatElementsAsHard(true), Tavo::eOk);
