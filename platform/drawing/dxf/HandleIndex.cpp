@@ -8,12 +8,15 @@ namespace tv::dwg {
 
 void HandleIndex::clear() { *this = HandleIndex(); }
 
-// Handles are mostly consecutive, so their low bits serve as they are and neighbours stay neighbours in memory;
-// the bits above them are spread by Fibonacci hashing, lest handles that differ there only should meet.
+// Handles are mostly consecutive, so sixteen neighbours stay neighbours in memory; where each sixteen go is
+// spread over the whole, lest two long runs of handles come to lie in the same place and every search walk
+// through both.
 std::size_t HandleIndex::slotOf(std::uint64_t handle) const {
-    const std::size_t mask = m_slots.size() - 1;
-    const std::uint64_t above = handle >> std::popcount(mask);
-    return static_cast<std::size_t>(handle + ((above * 0x9E3779B97F4A7C15ull) >> 20)) & mask;
+    std::uint64_t sixteen = handle >> 4;
+    sixteen = (sixteen ^ sixteen >> 32) * 0x9E3779B97F4A7C15ull;
+    sixteen = (sixteen ^ sixteen >> 29) * 0xD6E8FEB86659FD93ull;
+    sixteen ^= sixteen >> 32;
+    return static_cast<std::size_t>(sixteen << 4 | (handle & 15)) & (m_slots.size() - 1);
 }
 
 void HandleIndex::build(const std::vector<Record>& records, RecordId head) {
