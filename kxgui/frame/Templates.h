@@ -13,5 +13,6 @@ enum KxTemplate : unsigned {
     IDD_COLOR_INDEX,
     IDD_COLOR_TRUE,
     IDD_LINETYPE,
-    IDD_LINEWEIGHT
+    IDD_LINEWEIGHT,
+    IDD_SYSVARS
 };

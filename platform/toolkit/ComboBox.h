@@ -10,6 +10,9 @@ class KXPLATFORM_EXPORT CComboBox : public CItemsWnd {
         : CItemsWnd(parent, name), m_editable(editable) {}
     tv::ui::ControlKind kind() const override { return tv::ui::ControlKind::comboBox; }
     bool editable() const { return m_editable; }
+    // The least width of the open list, in logical pixels; 0: as wide as the field.
+    void SetDroppedWidth(int width) { m_droppedWidth = width; }
+    int droppedWidth() const { return m_droppedWidth; }
 
     std::wstring GetLBText(int index) const { return itemText(index); } // empty when there is no such item
 
@@ -28,4 +31,5 @@ class KXPLATFORM_EXPORT CComboBox : public CItemsWnd {
 
   private:
     bool m_editable;
+    int m_droppedWidth = 0;
 };

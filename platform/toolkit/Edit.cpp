@@ -17,6 +17,11 @@ void CEdit::SetReadOnly(bool readOnly) {
     tell(Change::editing);
 }
 
+void CEdit::SetAlign(tv::ui::TextAlign align) {
+    m_align = align;
+    tell(Change::editing);
+}
+
 void CEdit::SelectAll() {
     m_allSelected = true;
     tell(Change::selection);

@@ -4,6 +4,12 @@
 
 #include <functional>
 
+namespace tv::ui {
+
+enum class TextAlign { left, right, center };
+
+} // namespace tv::ui
+
 class KXPLATFORM_EXPORT CEdit : public CWnd {
   public:
     CEdit(CWnd& parent, const char* name, bool multiLine = false) : CWnd(parent, name), m_multiLine(multiLine) {}
@@ -16,6 +22,8 @@ class KXPLATFORM_EXPORT CEdit : public CWnd {
     int limitText() const { return m_limit; }
     void SetReadOnly(bool readOnly);
     bool readOnly() const { return m_readOnly; }
+    void SetAlign(tv::ui::TextAlign align);
+    tv::ui::TextAlign align() const { return m_align; }
     // Marks the whole text, so that typing replaces it.
     void SelectAll();
     bool allSelected() const { return m_allSelected; }
@@ -36,4 +44,5 @@ class KXPLATFORM_EXPORT CEdit : public CWnd {
     bool m_readOnly = false;
     bool m_allSelected = false;
     int m_limit = 0;
+    tv::ui::TextAlign m_align = tv::ui::TextAlign::left;
 };

@@ -27,6 +27,9 @@ void LineEditBridge::show(ui::Change change) {
         break;
     case ui::Change::editing:
         m_line.setReadOnly(m_edit.readOnly());
+        m_line.setAlignment(Qt::AlignVCenter | (m_edit.align() == ui::TextAlign::right    ? Qt::AlignRight
+                                                : m_edit.align() == ui::TextAlign::center ? Qt::AlignHCenter
+                                                                                          : Qt::AlignLeft));
         break;
     case ui::Change::selection:
         if (m_edit.allSelected()) m_line.selectAll();

@@ -7,6 +7,7 @@ void registerCommands(TavoSession& session) {
     registerFileCommands(session);
     registerUndoCommands(session);
     registerSetVarCommand(session);
+    registerSysVarsCommand(session);
     registerViewCommands(session);
     registerXrefCommand(session);
     registerGalleryCommand(session);

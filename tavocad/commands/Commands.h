@@ -11,6 +11,7 @@ void registerPropertyCommands(TavoSession& session); // COLOR, LINETYPE, LWEIGHT
 void registerFileCommands(TavoSession& session);     // NEW, OPEN, SAVE, SAVEAS, CLOSE, QUIT
 void registerUndoCommands(TavoSession& session);     // U, UNDO, REDO
 void registerSetVarCommand(TavoSession& session);
+void registerSysVarsCommand(TavoSession& session);
 void registerHelpCommands(TavoSession& session); // HELP, LANGUAGE
 void registerXrefCommand(TavoSession& session);
 void registerGalleryCommand(TavoSession& session);

@@ -9,6 +9,7 @@
 #include "kxgui/frame/UnitsDirDlg.h"
 #include "kxgui/frame/UnitsDlg.h"
 #include "kxgui/frame/WindowXbuttonMessageDlg.h"
+#include "kxgui/sysvars/SysVarsDlg.h"
 #include "platform/frx/TaskDialog.h"
 #include "platform/host/TavoDocumentManager.h"
 #include "platform/host/TavoInterfaces.h"
@@ -83,5 +84,6 @@ inline std::vector<SampleDialog> allDialogs() {
         CGalleryDlg(nullptr).DoModal();
         documents.closeDocument(drawing);
     }, {"IDD_GALLERY_UNITS"});
+    add("IDD_SYSVARS", [] { CSysVarsDlg(OdDbDatabase::create(), nullptr).DoModal(); });
     return all;
 }

@@ -52,7 +52,7 @@ class DefaultSysvarManager::Store {
         const std::wstring given = textOf(info, value);
         if (info.readOnly) return refusal(info, Tavo::eReadOnly, given);
         if (!toType(info, value)) return refusal(info, Tavo::eWrongType, given);
-        if (!database && SysvarStore::needsDrawing(SysvarStore::homeIn(info, nullptr)))
+        if (!database && needsDrawing(homeIn(info, nullptr)))
             return refusal(info, Tavo::eNoDatabase, given);
         return {};
     }

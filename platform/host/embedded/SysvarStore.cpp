@@ -45,21 +45,6 @@ class SysvarStore::Watch final : public OdDbDatabaseReactor {
 SysvarStore::SysvarStore(tv::SettingsStore* settings) : m_settings(settings) {}
 SysvarStore::~SysvarStore() = default;
 
-SysvarHome SysvarStore::homeIn(const SysvarInfo& info, const OdDbDatabase* database) {
-    const bool toProfile = info.home == SysvarHome::kHeaderOrProfile;
-    if (!toProfile && info.home != SysvarHome::kHeaderOrDrawing) return info.home;
-    const SysvarHome other = toProfile ? SysvarHome::kProfile : SysvarHome::kDrawing;
-    if (!database) return other;
-    if (database->headerVar(info.name)) return SysvarHome::kHeader;
-    const auto* format = dwg::headerVarInfo(info.name);
-    const auto version = database->version();
-    return format && version >= format->first && version <= format->last ? SysvarHome::kHeader : other;
-}
-
-bool SysvarStore::needsDrawing(SysvarHome home) {
-    return home != SysvarHome::kProfile && home != SysvarHome::kSession;
-}
-
 const SysvarStore::Watch* SysvarStore::find(const OdDbDatabase* database) const {
     const auto it = m_watches.find(database);
     return it == m_watches.end() ? nullptr : it->second.get();

@@ -27,10 +27,6 @@ class SysvarStore {
     void watch(const OdDbDatabasePtr& database);
     Changed& changed() { return m_changed; }
 
-    // Where the value really lives: the homes with a choice decided for this drawing.
-    static SysvarHome homeIn(const SysvarInfo& info, const OdDbDatabase* database);
-    static bool needsDrawing(SysvarHome home);
-
   private:
     using Values = std::unordered_map<const SysvarInfo*, SysvarValue>;
     class Watch;

@@ -53,6 +53,19 @@ std::optional<OdString> nameOfRecord(SysvarRecord record, const OdDbObjectId& id
     return name;
 }
 
+std::vector<OdString> recordNames(const OdDbDatabase& database, SysvarRecord kind) {
+    std::vector<OdString> names;
+    const auto table = tableOf(database, kind).open<OdDbSymbolTable>();
+    if (!table) return names;
+    table->forEach([&](OdDbObjectId id) {
+        const auto record = id.open<OdDbSymbolTableRecord>();
+        if (!record || record->isDependent()) return;
+        const OdString name = record->getName();
+        if (!name.isEmpty() && name.view().front() != L'*') names.push_back(name);
+    });
+    return names;
+}
+
 bool isFreeName(const SysvarInfo& info, std::wstring_view name) {
     const bool optional = std::wstring_view(info.initial.text).empty(); // the variable may name nothing
     if (name.empty() || name == L".") return optional;

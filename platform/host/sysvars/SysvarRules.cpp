@@ -97,6 +97,21 @@ SysvarValue defaultValue(const SysvarInfo& info) {
     }
 }
 
+SysvarHome homeIn(const SysvarInfo& info, const OdDbDatabase* database) {
+    const bool toProfile = info.home == SysvarHome::kHeaderOrProfile;
+    if (!toProfile && info.home != SysvarHome::kHeaderOrDrawing) return info.home;
+    const SysvarHome other = toProfile ? SysvarHome::kProfile : SysvarHome::kDrawing;
+    if (!database) return other;
+    if (database->headerVar(info.name)) return SysvarHome::kHeader;
+    const auto* format = dwg::headerVarInfo(info.name);
+    const auto version = database->version();
+    return format && version >= format->first && version <= format->last ? SysvarHome::kHeader : other;
+}
+
+bool needsDrawing(SysvarHome home) {
+    return home != SysvarHome::kProfile && home != SysvarHome::kSession;
+}
+
 bool toType(const SysvarInfo& info, SysvarValue& value) {
     switch (info.type) {
     case kInt16:
