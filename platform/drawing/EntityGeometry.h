@@ -136,6 +136,7 @@ struct HatchGeometry {
 struct NoteGeometry {
     std::vector<std::vector<OdGePoint3d>> lines;
     double arrowSize = 0; // at the first point of each line
+    bool curved = false;  // through the points of each line
     std::optional<MTextGeometry> text;
 };
 struct DimensionGeometry {

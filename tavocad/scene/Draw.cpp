@@ -91,8 +91,17 @@ void Drawer::draw(const HatchGeometry& hatch) {
 
 void Drawer::draw(const NoteGeometry& note) {
     m_pen.begin(Item::Kind::stroke, Item::solidLine);
-    for (const auto& line : note.lines)
-        m_pen.more(line);
+    for (const auto& line : note.lines) {
+        if (!note.curved || line.size() < 3) {
+            m_pen.more(line);
+            continue;
+        }
+        SplineGeometry curve;
+        curve.fit = line;
+        std::vector<OdGePoint3d> points;
+        flattenSpline(points, curve);
+        m_pen.more(points);
+    }
     m_pen.end();
     for (const auto& line : note.lines) {
         if (line.size() < 2 || !(note.arrowSize > 0)) continue;

@@ -75,12 +75,19 @@ std::optional<ViewportPicture> pictureOf(const OdDbViewport& viewport) {
     return picture;
 }
 
+std::vector<OdGePoint2d> boxOf(OdGePoint2d low, OdGePoint2d high) {
+    if (!isSomewhere(low) || !isSomewhere(high) || !(high.x > low.x && high.y > low.y)) return {};
+    return {low, {high.x, low.y}, high, {low.x, high.y}};
+}
+
 // The corners of the sheet of paper: the layout's origin is where its margins meet, moved by the plot's origin.
+// Where no paper has been chosen the limits stand for it.
 std::vector<OdGePoint2d> paperOf(const OdDbLayout& layout) {
     constexpr double millimetresPerInch = 25.4;
     OdGePoint2d size = layout.getPlotPaperSize();
     const OdDbPlotSettings::Margins margins = layout.getPlotPaperMargins();
     OdGePoint2d corner;
+    if (!(size.x > 0 && size.y > 0)) return boxOf(layout.limitsMin(), layout.limitsMax());
     switch (layout.plotRotation()) {
     case OdDbPlotSettings::k0degrees:
         corner = {margins.left, margins.bottom};
@@ -104,8 +111,7 @@ std::vector<OdGePoint2d> paperOf(const OdDbLayout& layout) {
     if (layout.plotPaperUnits() == OdDbPlotSettings::kInches) scale /= millimetresPerInch;
     const OdGePoint2d low{-(corner.x + origin.x) * scale, -(corner.y + origin.y) * scale};
     const OdGePoint2d high{low.x + size.x * scale, low.y + size.y * scale};
-    if (!(size.x > 0 && size.y > 0) || !isSomewhere(low) || !isSomewhere(high)) return {};
-    return {low, {high.x, low.y}, high, {low.x, high.y}};
+    return boxOf(low, high);
 }
 
 // The polygon that the first line of the entity, or its arc, goes round; empty when that is none.

@@ -102,7 +102,8 @@ std::uint32_t StyleTable::patternOf(std::uint32_t linetype, double scale) {
         mark.at *= factor;
         mark.height *= factor;
         mark.offset = {mark.offset.x * factor, mark.offset.y * factor};
-        if (mark.at <= pattern.length) pattern.marks.push_back(std::move(mark));
+        if (mark.at <= pattern.length && pattern.marks.size() < mostDashes)
+            pattern.marks.push_back(std::move(mark));
     }
     if (!(pattern.length > 0) || !std::isfinite(pattern.length) || scales.size() >= mostScales) return 0;
     m_patterns.push_back(std::move(pattern));

@@ -373,14 +373,17 @@ class Brush {
         double way = 0;
         for (qsizetype i = 1; i < m_line.size(); ++i) {
             const QLineF part(m_line[i - 1], m_line[i]);
-            const double end = way + part.length();
-            if (!(end > way) || end > farOut) return;
+            const double size = part.length(), start = way;
+            way += size;
+            const auto seen = inView(part.p1(), part.p2());
+            if (!(size > 0) || !seen) continue;
+            if (!(way <= farOut)) return;
+            const double from = start + size * seen->first, to = start + size * seen->second;
             for (const LineMark& mark : m_pattern->marks) {
                 const double first = mark.at * m_scale;
-                for (double at = first + std::ceil((way - first) / length) * length; at < end; at += length)
-                    if (at >= 0) lineMark(mark, part.pointAt((at - way) / part.length()), part.angle());
+                for (double at = first + std::ceil((from - first) / length) * length; at < to; at += length)
+                    lineMark(mark, part.pointAt((at - start) / size), part.angle());
             }
-            way = end;
         }
     }
     // `angle`: of the line, degrees.
@@ -456,26 +459,34 @@ class Brush {
 
     bool isFar(QPointF p) const { return std::abs(p.x()) > farOut || std::abs(p.y()) > farOut; }
 
+    // Which part of the line is in view or near it, from 0 to 1; nothing when none is.
+    std::optional<std::pair<double, double>> inView(QPointF a, QPointF b) const {
+        const QRectF room = m_view.area.adjusted(-100, -100, 100, 100);
+        double from = 0, to = 1;
+        auto cut = [&](double start, double step, double low, double high) {
+            if (step == 0) {
+                if (start < low || start > high) to = -1;
+                return;
+            }
+            const double one = (low - start) / step, other = (high - start) / step;
+            from = std::max(from, std::min(one, other));
+            to = std::min(to, std::max(one, other));
+        };
+        const QPointF step = b - a;
+        cut(a.x(), step.x(), room.left(), room.right());
+        cut(a.y(), step.y(), room.top(), room.bottom());
+        if (!(from <= to)) return std::nullopt;
+        return std::pair(from, to);
+    }
+
     // Cuts the line to the view where the painter would have to count pixels by the billion.
     void line(QPointF a, QPointF b) {
         if (isFar(a) || isFar(b)) {
-            const QRectF room = m_view.area.adjusted(-100, -100, 100, 100);
-            double from = 0, to = 1;
-            auto cut = [&](double start, double step, double low, double high) {
-                if (step == 0) {
-                    if (start < low || start > high) to = -1;
-                    return;
-                }
-                const double one = (low - start) / step, other = (high - start) / step;
-                from = std::max(from, std::min(one, other));
-                to = std::min(to, std::max(one, other));
-            };
+            const auto seen = inView(a, b);
+            if (!seen) return;
             const QPointF step = b - a;
-            cut(a.x(), step.x(), room.left(), room.right());
-            cut(a.y(), step.y(), room.top(), room.bottom());
-            if (!(from <= to)) return;
-            b = a + step * to;
-            a += step * from;
+            b = a + step * seen->second;
+            a += step * seen->first;
         }
         m_lines.append({a, b});
     }

@@ -88,5 +88,8 @@ TEST(LayoutScene, SheetsShowTheirPaper) {
     EXPECT_NEAR(sheet.extents.width(), 20, 1e-9);
     EXPECT_NEAR(sheet.extents.height(), 10, 1e-9);
     ASSERT_EQ(layout->setPlotPaperSize({0, 0}), Tavo::eOk);
+    ASSERT_EQ(layout->setLimits({1, 2}, {10, 20}), Tavo::eOk);
+    EXPECT_EQ(buildScene(*database, id).extents.width(), 9);
+    ASSERT_EQ(layout->setLimits({0, 0}, {0, 0}), Tavo::eOk);
     EXPECT_TRUE(buildScene(*database, id).paper.empty());
 }

@@ -169,6 +169,18 @@ TEST(SceneKinds, MeshesMultilinesNotesAndFrames) {
     ASSERT_EQ(note.texts.size(), 2U);
     EXPECT_EQ(note.lettersOf(note.texts[0]), L"Hi");
     EXPECT_EQ(note.texts[0].height, 2);
+    // Straight or curved through its points.
+    const std::string bends = "10|0|20|0|10|4|20|4|10|8|20|0|";
+    for (const bool curved : {false, true}) {
+        const std::string says = curved ? "72|1|" : "72|0|", saysToo = curved ? "170|2|" : "170|1|";
+        EXPECT_EQ(sceneOf("", "0|LEADER|8|0|" + says + bends).pick({2, 2}, 0.1).has_value(), !curved);
+        const Scene many =
+            sceneOf("", "0|MULTILEADER|8|0|300|CONTEXT_DATA{|302|LEADER{|10|8|20|0|304|LEADER_LINE{|"
+                        "10|0|20|0|10|4|20|4|305|}|303|}|301|}|" +
+                            saysToo);
+        EXPECT_EQ(many.pick({2, 2}, 0.1).has_value(), !curved);
+        EXPECT_TRUE(many.pick({4, 4}, 0.1));
+    }
     const Scene frame =
         sceneOf("", "0|WIPEOUT|8|0|10|0|20|0|11|4|21|0|12|0|22|4|13|1|23|1|71|2|91|4|14|-0.5|24|-0.5|"
                     "14|0.5|24|-0.5|14|0.5|24|0.5|14|-0.5|24|0.5|");

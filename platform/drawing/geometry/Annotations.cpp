@@ -30,7 +30,7 @@ NoteGeometry multileader(Reader in) {
     NoteGeometry out;
     MTextGeometry text;
     OdGeVector3d direction;
-    enum : std::uint8_t { kOutside, kContext, kLeader, kLine } state = kOutside;
+    enum : std::uint8_t { kOutside, kContext, kLeader, kLine, kPast } state = kOutside;
     OdGePoint3d landing;
     std::size_t firstLine = 0; // of the leader that is being read
     while (in.next()) {
@@ -51,7 +51,11 @@ NoteGeometry multileader(Reader in) {
             for (std::size_t i = firstLine; i < out.lines.size(); ++i)
                 out.lines[i].push_back(landing);
         } else if (code == 301 && state == kContext) {
-            break; // what follows repeats or styles it
+            state = kPast; // what follows repeats or styles it
+        } else if (state == kPast) {
+            if (code != 170) continue;
+            out.curved = in.integer() == 2;
+            break;
         } else if (state == kLine) {
             auto& line = out.lines.back();
             if (code == 10) line.push_back({in.real(), 0, 0});
