@@ -336,7 +336,12 @@ class Brush {
         const Pattern& pattern = m_styles.patterns()[style.pattern];
         m_pattern = nullptr;
         if (dashed && pattern.length * m_scale >= legiblePattern) {
-            if (!pattern.marks.empty()) m_pattern = &pattern;
+            if (!pattern.marks.empty()) {
+                m_pattern = &pattern;
+                // Dashes of a thinner pen are measured along the nearer axis, and would not leave room for
+                // marks.
+                pen.setWidthF(std::max(pen.widthF(), 1.01));
+            }
             const double width = std::max(pen.widthF(), 1.0);
             QList<qreal> dashes;
             for (const double dash : pattern.dashes) {
