@@ -7,6 +7,10 @@ using tv::ui::Key;
 
 void CListEditableCtrl::SetCellModel(std::shared_ptr<CInPlaceCtrlModel> model) {
     m_cells = model;
+    // A text for a cell whose editor nobody opened.
+    onEdit = [this](int row, int column, const std::wstring& text) {
+        return editorOf(row, column) != Editor::none && enter(row, column, text);
+    };
     SetModel(std::move(model));
 }
 

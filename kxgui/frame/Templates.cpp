@@ -20,7 +20,7 @@ constexpr std::array<tv::ui::DialogTemplate, 13> templates{{
     {IDD_COLOR_TRUE, "IDD_COLOR_TRUE", {280, 180}, false},
     {IDD_LINETYPE, "IDD_LINETYPE", {300, 190}, true},
     {IDD_LINEWEIGHT, "IDD_LINEWEIGHT", {170, 200}, true},
-    {IDD_SYSVARS, "IDD_SYSVARS", {480, 290}, true},
+    {IDD_SYSVARS, "IDD_SYSVARS", {580, 310}, true},
 }};
 
 } // namespace
