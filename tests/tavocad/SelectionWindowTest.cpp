@@ -120,15 +120,13 @@ TEST_F(SelectionWindow, ObjectsLightUpUnderThePointer) {
         QTest::qWait(40);
         plain = view.grab().toImage();
         QTest::mouseMove(&view, pixelAt(50, 50));
-        QTest::qWait(40);
-        EXPECT_NE(view.grab().toImage(), plain);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return view.grab().toImage() != plain; }));
         const QPoint at = pixelAt(50, 50);
         QHelpEvent help(QEvent::ToolTip, at, view.mapToGlobal(at));
         QApplication::sendEvent(&view, &help);
         EXPECT_THAT(QToolTip::text().toStdWString(), HasSubstr(L"LINE"));
         QTest::mouseMove(&view, pixelAt(10, 60));
-        QTest::qWait(40);
-        EXPECT_EQ(view.grab().toImage(), plain);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return view.grab().toImage() == plain; }));
     });
     enter(QStringLiteral("SELECTIONPREVIEW 0"));
     then([&] {
