@@ -87,8 +87,11 @@ CInPlaceCtrlModel::Editor SysVarModel::editor(int row, int column) const {
     switch (editorOf(entry(row))) {
     case SysVarEditor::text:
         return Editor::edit;
-    case SysVarEditor::toggle:
-        return Editor::toggle;
+    case SysVarEditor::toggle: {
+        // A drawing may hold neither of the two.
+        const auto two = choicesOf(entry(row), nullptr);
+        return std::ranges::find(two, text(row, column)) != two.end() ? Editor::toggle : Editor::list;
+    }
     case SysVarEditor::choice:
     case SysVarEditor::record:
         return Editor::list;

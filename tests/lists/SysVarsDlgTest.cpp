@@ -21,14 +21,17 @@ struct SysVars : HeadlessTest {
         CSysVarsDlg dialog(database, nullptr);
         return dialog.DoModal();
     }
-    // Leaves one row and clicks its value.
-    static void find(tv::ui::WindowUser& u, std::wstring_view name) {
+    // Leaves the rows of that name, and what would be done to the value in the first one.
+    static UserAction click(std::wstring_view name, tv::ui::WindowUser& u) {
         u.type("IDC_SYSVARS_FILTER", name);
         UserAction action;
         action.kind = UserAction::Kind::cell;
         action.row = 0;
         action.column = kValue;
-        u.act("IDC_SYSVARS_LIST", action);
+        return action;
+    }
+    static void find(tv::ui::WindowUser& u, std::wstring_view name) {
+        u.act("IDC_SYSVARS_LIST", click(name, u));
     }
     static void enter(tv::ui::WindowUser& u, std::wstring_view name, std::wstring_view text) {
         find(u, name);
@@ -159,6 +162,33 @@ TEST_F(SysVars, WhatTheDrawingRefusesIsNamedAndStays) {
                   u.click("IDCANCEL");
               }),
               IDCANCEL);
+}
+
+// What a damaged drawing holds can be mended here, and what a person enters can be anything.
+TEST_F(SysVars, ValuesBeyondAllRules) {
+    ASSERT_EQ(database->setHeaderVar(L"FILLMODE", tv::dwg::HeaderValue::integer(5)).status, Tavo::eOk);
+    run([&](auto& u, auto& list) {
+        find(u, L"FILLMODE");
+        ASSERT_TRUE(list.editor()) << "neither of the two to toggle between";
+        u.choose("IDC_INPLACE_COMBO", L"1");
+        u.key(L"Enter");
+        EXPECT_EQ(list.cellText(0, kValue), L"1");
+        const std::wstring texts[] = {std::wstring(10000, L'x'), L"\x5d0\x5d1 e\x301 \xd83d", L"\t", L"%s%n"};
+        for (const wchar_t* name : {L"PROJECTNAME", L"CLAYER", L"LUPREC", L"LIMMAX", L"CECOLOR", L"LTSCALE"})
+            for (const std::wstring& text : texts) {
+                UserAction action = click(name, u);
+                action.cell = UserAction::Cell::edit;
+                action.text = text;
+                if (name == std::wstring_view(L"PROJECTNAME"))
+                    u.act("IDC_SYSVARS_LIST", action);
+                else
+                    EXPECT_FALSE(u.refused("IDC_SYSVARS_LIST", action).empty());
+            }
+        u.type("IDC_SYSVARS_FILTER", texts[0]);
+        EXPECT_EQ(list.GetItemCount(), 0);
+        u.type("IDC_SYSVARS_FILTER", L"");
+        u.click("IDOK");
+    });
 }
 
 TEST_F(SysVars, SortingKeepsTheSelectionAndCopyTakesTheRows) {
