@@ -93,6 +93,27 @@ void CListCtrl::RowsChanged(int first, int last) {
     scroll(m_topRow, m_scrollX);
 }
 
+void CListCtrl::RowsInserted(int at, int count) {
+    if (at >= 0 && count > 0) rowsMoved(at, count);
+}
+
+void CListCtrl::RowsRemoved(int at, int count) {
+    if (at < 0 || count <= 0) return;
+    if (m_editor && m_editorRow >= at && m_editorRow - at < count) CloseEditor();
+    rowsMoved(at, -count);
+}
+
+void CListCtrl::rowsMoved(int at, int by) {
+    m_selection.shift(at, by);
+    // A row that is gone gives its place to the one behind it.
+    for (int* row : {&m_focusRow, &m_anchor, &m_editorRow})
+        if (*row >= at) *row = std::max(at, *row + by);
+    if (m_topRow > at) m_topRow = std::max(at, m_topRow + by);
+    m_ensured = -1;
+    RowsChanged();
+    placeEditor();
+}
+
 tv::ui::ListCell CListCtrl::cell(int row, int column) const {
     return m_model && row >= 0 && row < m_model->rowCount() ? m_model->cell(row, column) : tv::ui::ListCell{};
 }

@@ -51,6 +51,10 @@ class KXPLATFORM_EXPORT CListCtrl : public CWnd {
     // The model's rows changed: their number, or the contents of [first, last] (-1: all). Selected rows that no
     // longer exist are dropped.
     void RowsChanged(int first = 0, int last = -1);
+    // The model has `count` rows more from `at` on, or less. What was selected stays so, and what is seen stays
+    // in place.
+    void RowsInserted(int at, int count = 1);
+    void RowsRemoved(int at, int count = 1);
     int GetItemCount() const { return m_model ? m_model->rowCount() : 0; }
     tv::ui::ListCell cell(int row, int column) const;
     std::wstring cellText(int row, int column) const;
@@ -161,6 +165,7 @@ class KXPLATFORM_EXPORT CListCtrl : public CWnd {
   private:
     tv::ui::UserResult acceptsCell(int row, int column) const;
     tv::ui::UserResult acceptsColumn(int column) const;
+    void rowsMoved(int at, int by);
     void setSelection(tv::ui::RowSet rows);
     void selectByUser(tv::ui::RowSet rows);
     void scroll(int topRow, int scrollX);

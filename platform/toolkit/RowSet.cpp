@@ -103,4 +103,14 @@ void RowSet::clip(int rowCount) {
     erase(std::max(rowCount, 0), highest);
 }
 
+void RowSet::shift(int at, int by) {
+    if (by < 0) erase(at, at - by - 1);
+    RowSet out;
+    for (const Range& range : m_ranges) { // one that crosses `at` is torn apart, or two grow together
+        if (range.first < at) out.insert(range.first, std::min(range.last, at - 1));
+        if (range.last >= at) out.insert(std::max(range.first, at) + by, range.last + by);
+    }
+    *this = std::move(out);
+}
+
 } // namespace tv::ui

@@ -41,6 +41,9 @@ class KXPLATFORM_EXPORT RowSet {
     void invert(int rowCount);
     // Drops rows outside of [0, rowCount).
     void clip(int rowCount);
+    // Row numbers from `at` on grow by `by`; negative: the rows [at, at - by) are gone and the later ones move
+    // up.
+    void shift(int at, int by);
 
     friend bool operator==(const RowSet&, const RowSet&) = default;
 

@@ -17,7 +17,7 @@ TEST(RowSet, HoldsWhatASetHolds) {
     std::set<int> plain;
     for (int i = 0; i < 20'000; ++i) {
         const int first = below(60), last = first + below(8) - 1; // now and then empty
-        switch (below(4)) {
+        switch (below(5)) {
         case 0:
             rows.erase(first, last);
             for (int row = first; row <= last; ++row)
@@ -29,6 +29,20 @@ TEST(RowSet, HoldsWhatASetHolds) {
             for (int row = 0; row < 66; ++row)
                 if (!plain.insert(row).second) plain.erase(row);
             break;
+        case 2: { // rows come or go
+            const int by = below(2) ? below(3) : -below(3);
+            rows.shift(first, by);
+            std::set<int> moved;
+            for (const int row : plain)
+                if (row < first)
+                    moved.insert(row);
+                else if (row >= first - by)
+                    moved.insert(row + by);
+            plain = std::move(moved);
+            rows.clip(66);
+            plain.erase(plain.lower_bound(66), plain.end());
+            break;
+        }
         default:
             rows.insert(first, last);
             for (int row = first; row <= last; ++row)
