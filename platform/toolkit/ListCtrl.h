@@ -171,6 +171,7 @@ class KXPLATFORM_EXPORT CListCtrl : public CWnd {
     void scroll(int topRow, int scrollX);
     void columnsChanged(bool byUser);
     void placeEditor();
+    void sweep();
     CRect visibleCell(int row, int column) const;
     // Keys.
     bool moveFocus(const tv::ui::KeyEvent& key);
@@ -201,6 +202,7 @@ class KXPLATFORM_EXPORT CListCtrl : public CWnd {
     int m_editorRow = -1, m_editorColumn = -1;
     CRect m_editorCell; // where its cell was when it was placed
     std::vector<std::unique_ptr<CWnd>> m_closed;
+    std::size_t m_closedUnder = 0; // modal windows at that time
     tv::ui::Timer m_sweep;
 
     std::wstring m_typed;

@@ -111,8 +111,19 @@ void CListCtrl::CloseEditor() {
     if (focused) SetFocus();
     dropChild(closing);
     tell(Change::editor);
-    if (tv::ui::Toolkit* toolkit = tv::ui::Toolkit::current())
-        m_sweep = toolkit->post([this] { m_closed.clear(); });
+    if (tv::ui::Toolkit* toolkit = tv::ui::Toolkit::current()) {
+        m_closedUnder = toolkit->modalStack().size();
+        m_sweep = toolkit->post([this] { sweep(); });
+    }
+}
+
+// A window that came up meanwhile waits within what closed the editor, which may still be at work on it.
+void CListCtrl::sweep() {
+    tv::ui::Toolkit* toolkit = tv::ui::Toolkit::current();
+    if (toolkit && toolkit->modalStack().size() > m_closedUnder)
+        m_sweep = toolkit->after(std::chrono::milliseconds(50), [this] { sweep(); });
+    else
+        m_closed.clear();
 }
 
 void CListCtrl::LeaveEditor() {

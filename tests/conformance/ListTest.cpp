@@ -237,6 +237,30 @@ TYPED_TEST(Lists, CellTextsAreEditedInPlace) {
     });
 }
 
+TYPED_TEST(Lists, AnEditorOutlivesTheBoxItsTextCallsFor) {
+    CListCtrl& rows = this->dlg.list;
+    ProbeDlg box;
+    int asked = 0;
+    rows.onEdit = [&](int, int, const std::wstring&) {
+        rows.SetModel(std::make_shared<CountingRows>(10)); // closes it
+        this->user.template expect<ProbeDlg>([&](WindowUser&) {
+            ++asked;
+            this->face.pass(20ms);
+            box.EndDialog(IDCANCEL);
+        });
+        box.DoModal();
+        return false;
+    };
+    this->run([&](WindowUser& u) {
+        u.act(list, this->cell(UserAction::Cell::open, 1, 1));
+        u.type("IDC_CELL_EDITOR", L"new");
+        u.key(L"Enter");
+        EXPECT_EQ(asked, 1);
+        EXPECT_EQ(rows.editor(), nullptr);
+        EXPECT_TRUE(this->dlg.running());
+    });
+}
+
 TYPED_TEST(Lists, ColumnsAreArrangedAndRemembered) {
     CListCtrl& rows = this->dlg.list;
     tv::MemorySettingsStore store;
