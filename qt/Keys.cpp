@@ -43,6 +43,8 @@ ui::Key namedKey(int key) {
         return ui::Key::f1;
     case Qt::Key_F2:
         return ui::Key::f2;
+    case Qt::Key_F4:
+        return ui::Key::f4;
     case Qt::Key_F10:
         return ui::Key::f10;
     case Qt::Key_Menu:

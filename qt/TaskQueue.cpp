@@ -19,7 +19,7 @@ void TaskQueue::schedule(std::chrono::milliseconds delay, std::shared_ptr<ui::Ti
 
 bool TaskQueue::due() const {
     return std::any_of(m_tasks.begin(), m_tasks.upper_bound(Order{now(), m_next}),
-                       [](const auto& entry) { return static_cast<bool>(entry.second->work); });
+                       [at = now()](const auto& entry) { return entry.second->work && entry.second->due <= at; });
 }
 
 void TaskQueue::arm() {
@@ -34,6 +34,11 @@ void TaskQueue::runDue() {
     while (!m_tasks.empty() && m_tasks.begin()->first < last) {
         const auto task = m_tasks.begin()->second;
         m_tasks.erase(m_tasks.begin());
+        if (task->work && task->due > last.at) {
+            task->queued = task->due;
+            m_tasks.emplace(Order{task->due, m_next++}, task);
+            continue;
+        }
         arm(); // the work may wait in a loop of its own
         task->run();
     }

@@ -25,11 +25,6 @@ inline std::optional<int> listKeyTarget(Key key, int current, int count, int pag
     return target < 0 ? 0 : target >= count ? count - 1 : target;
 }
 
-// The item a typed character leads to: the next one that begins with it, -1 when there is none.
-inline int typedTarget(const ListItems& items, int current, wchar_t ch) {
-    return items.findPrefix(current, std::wstring_view(&ch, 1));
-}
-
 // The item of an action that names it by index or by its whole text; -1 when there is none.
 inline int chosenItem(const ListItems& items, const UserAction& action) {
     if (action.index >= 0) return items.valid(action.index) ? action.index : -1;

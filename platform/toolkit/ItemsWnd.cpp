@@ -10,7 +10,7 @@ using tv::ui::UserResult;
 int CItemsWnd::InsertString(int index, std::wstring_view text) {
     const int at = m_items.insert(index, text);
     if (m_curSel >= at) ++m_curSel;
-    tell(Change::items);
+    tellItems();
     return at;
 }
 
@@ -22,7 +22,7 @@ void CItemsWnd::SetItems(tv::ui::SharedItems items) {
     m_items.assign(std::move(items));
     m_curSel = -1;
     selectionShown();
-    tell(Change::items);
+    tellItems();
 }
 
 int CItemsWnd::DeleteString(int index) {
@@ -32,7 +32,7 @@ int CItemsWnd::DeleteString(int index) {
     else if (m_curSel > index)
         --m_curSel;
     selectionShown();
-    tell(Change::items);
+    tellItems();
     return m_items.count();
 }
 
@@ -47,7 +47,7 @@ std::uintptr_t CItemsWnd::GetItemData(int index) const {
 void CItemsWnd::SetItemPicture(int index, tv::ui::Picture picture) {
     if (!m_items.valid(index) || m_items.at(index).picture == picture) return;
     m_items.edit(index).picture = std::move(picture);
-    tell(Change::items);
+    tellItems();
 }
 
 std::wstring CItemsWnd::itemText(int index) const {
@@ -84,14 +84,40 @@ void CItemsWnd::OnSelChange() {
 }
 
 bool CItemsWnd::choiceKey(const tv::ui::KeyEvent& key) {
-    if (const auto target = tv::ui::listKeyTarget(key.key, m_curSel, GetCount())) {
-        (void)userChoose(*target);
-        return true;
-    }
-    if (key.key != tv::ui::Key::character || key.ctrl || key.alt) return false;
-    if (const int target = tv::ui::typedTarget(m_items, m_curSel, key.ch); target >= 0)
-        (void)userChoose(target);
-    return true;
+    const auto target = keyTarget(key, m_curSel);
+    if (target && *target >= 0) (void)userChoose(*target);
+    return target.has_value();
+}
+
+std::optional<int> CItemsWnd::keyTarget(const tv::ui::KeyEvent& key, int current) {
+    if (key.alt) return std::nullopt;
+    if (const auto target = tv::ui::listKeyTarget(key.key, current, GetCount())) return target;
+    if (key.ctrl) return std::nullopt;
+    if (key.key == tv::ui::Key::character) return typedTarget(key.ch, current);
+    if (key.key == tv::ui::Key::space && !m_typed.empty()) return typedTarget(L' ', current);
+    return std::nullopt;
+}
+
+int CItemsWnd::typedTarget(wchar_t ch, int current) {
+    constexpr std::chrono::milliseconds forgotten(1000);
+    const auto* toolkit = tv::ui::Toolkit::current();
+    const auto now = toolkit ? toolkit->now() : m_typedAt;
+    if (now - m_typedAt > forgotten) m_typed.clear();
+    m_typedAt = now;
+    m_typed += ch;
+    const bool oneLetter = m_typed.find_first_not_of(m_typed.front()) == std::wstring::npos;
+    // A longer beginning may be that of the current item; one letter goes on to the next.
+    const int found = oneLetter ? m_items.findPrefix(current, std::wstring_view(m_typed).substr(0, 1))
+                                : m_items.findPrefix(current < 0 ? -1 : current - 1, m_typed);
+    if (found >= 0 || oneLetter) return found >= 0 ? found : current;
+    m_typed = ch; // nothing begins so: a new word
+    const int next = m_items.findPrefix(current, m_typed);
+    return next >= 0 ? next : current;
+}
+
+void CItemsWnd::tellItems() {
+    tell(Change::items);
+    itemsShown();
 }
 
 void CItemsWnd::describe(tv::ui::ControlSnapshot& out) const {

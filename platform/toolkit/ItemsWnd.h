@@ -3,7 +3,9 @@
 #include "platform/toolkit/ListItems.h"
 #include "platform/toolkit/Wnd.h"
 
+#include <chrono>
 #include <functional>
+#include <optional>
 
 // What drop-down lists and list boxes have in common: items, of which one at most is selected. Indices count
 // from 0; -1 is returned for "no such item" and stands for "nothing selected".
@@ -44,10 +46,20 @@ class KXPLATFORM_EXPORT CItemsWnd : public CWnd {
     virtual void selectionShown() {}
     std::wstring itemText(int index) const; // empty when there is no such item
     void clearSelection() { m_curSel = -1; }
-    // The keys that move the selection: arrows, pages, Home, End, and the first letter of an item.
+    // The list's items are others than before.
+    virtual void itemsShown() {}
+    // The keys that move the selection: arrows, pages, Home, End, and what begins the text of an item.
     bool choiceKey(const tv::ui::KeyEvent& key);
+    // The item a key leads to from `current`; nothing when it is no key of a list. Letters typed within a second belong
+    // together, the same one again and again goes round among the items that begin with it.
+    std::optional<int> keyTarget(const tv::ui::KeyEvent& key, int current);
 
   private:
+    int typedTarget(wchar_t ch, int current);
+    void tellItems();
+
     tv::ui::ListItems m_items;
     int m_curSel = -1;
+    std::wstring m_typed; // to find an item
+    std::chrono::milliseconds m_typedAt{};
 };

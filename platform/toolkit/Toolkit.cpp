@@ -34,13 +34,24 @@ Toolkit::~Toolkit() { g_current = m_previous; }
 Toolkit* Toolkit::current() { return g_current; }
 
 Timer Toolkit::after(std::chrono::milliseconds delay, std::function<void()> work) {
-    auto task = std::make_shared<Timer::Task>(Timer::Task{std::move(work)});
+    auto task = std::make_shared<Timer::Task>();
+    task->work = std::move(work);
+    task->queued = task->due = now() + delay;
     schedule(delay, task);
     return Timer(std::move(task));
 }
 
+bool Toolkit::postpone(Timer& timer, std::chrono::milliseconds delay) const {
+    const auto due = now() + delay;
+    if (!timer.pending() || due < timer.m_task->queued) return false;
+    timer.m_task->due = due;
+    return true;
+}
+
 void Toolkit::postDetached(std::function<void()> work) {
-    schedule(std::chrono::milliseconds(0), std::make_shared<Timer::Task>(Timer::Task{std::move(work)}));
+    auto task = std::make_shared<Timer::Task>();
+    task->work = std::move(work);
+    schedule(std::chrono::milliseconds(0), std::move(task));
 }
 
 void Toolkit::runModal(CDialog& dialog) {

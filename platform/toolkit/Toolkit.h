@@ -31,14 +31,17 @@ enum class Change {
     editing,
     scroll,  // a list shows other rows or another stretch of its columns
     columns, // order, width or visibility of a list's columns
-    editor   // a list's editor opened or closed
+    editor,  // a list's editor opened or closed
+    dropDown // a combo box's list opened, closed, or another of its entries is highlighted
 };
 
 // A piece of work that waits for its time. Destroying or re-arming the handle cancels it.
 class KXPLATFORM_EXPORT Timer {
   public:
     struct Task {
-        std::function<void()> work; // empty once it ran or was cancelled
+        std::function<void()> work;         // empty once it ran or was cancelled
+        std::chrono::milliseconds queued{}; // where a queue has it
+        std::chrono::milliseconds due{};    // when it runs: a queue that meets it earlier puts it in again
         void run();
     };
 
@@ -52,6 +55,7 @@ class KXPLATFORM_EXPORT Timer {
     void cancel();
 
   private:
+    friend class Toolkit;
     std::shared_ptr<Task> m_task;
 };
 
@@ -91,6 +95,9 @@ class KXPLATFORM_EXPORT Toolkit {
     // --- time
     // -----------------------------------------------------------------------------------------------------
     [[nodiscard]] Timer after(std::chrono::milliseconds delay, std::function<void()> work);
+    // The work of `timer` runs that much later from now instead; costs next to nothing, however often it is asked for.
+    // False, and nothing changed, when it no longer waits or would have to run earlier than it was going to.
+    bool postpone(Timer& timer, std::chrono::milliseconds delay) const;
     // Runs after everything already posted, never inside the event that asked for it.
     [[nodiscard]] Timer post(std::function<void()> work) {
         return after(std::chrono::milliseconds(0), std::move(work));

@@ -12,7 +12,7 @@ struct NamedKey {
     Key key;
 };
 
-constexpr std::array<NamedKey, 19> namedKeys{{{L"enter", Key::enter},
+constexpr std::array<NamedKey, 20> namedKeys{{{L"enter", Key::enter},
                                               {L"escape", Key::escape},
                                               {L"esc", Key::escape},
                                               {L"tab", Key::tab},
@@ -29,6 +29,7 @@ constexpr std::array<NamedKey, 19> namedKeys{{{L"enter", Key::enter},
                                               {L"pagedown", Key::pageDown},
                                               {L"f1", Key::f1},
                                               {L"f2", Key::f2},
+                                              {L"f4", Key::f4},
                                               {L"f10", Key::f10},
                                               {L"menu", Key::menu}}};
 

@@ -27,6 +27,7 @@ enum class Key {
     pageDown,
     f1,
     f2,
+    f4,
     f10,
     menu // the context menu key
 };

@@ -114,12 +114,14 @@ void CWnd::EnableWindow(bool enable) {
     if (m_enabled == enable) return;
     m_enabled = enable;
     tell(Change::enabled);
+    OnEnable(enable);
 }
 
 void CWnd::ShowWindow(bool show) {
     if (m_visible == show) return;
     m_visible = show;
     tell(Change::visible);
+    OnShowWindow(show);
 }
 
 bool CWnd::IsWindowVisible() const { return m_visible && (!m_parent || m_parent->IsWindowVisible()); }
@@ -194,14 +196,24 @@ std::intptr_t CWnd::WindowProc(unsigned, std::uintptr_t, std::intptr_t) { return
 unsigned CWnd::SetTimer(unsigned id, unsigned ms) {
     Toolkit* toolkit = Toolkit::current();
     if (!toolkit) return 0;
-    m_timers[id] = toolkit->after(std::chrono::milliseconds(ms), [this, id, ms] {
-        SetTimer(id, ms);
-        OnTimer(id);
-    });
+    WindowTimer& timer = m_timers[id];
+    timer.period = ms;
+    timer.running = true;
+    const std::chrono::milliseconds delay(ms);
+    if (!toolkit->postpone(timer.task, delay)) timer.task = toolkit->after(delay, [this, id] { timerDue(id); });
     return id;
 }
 
-void CWnd::KillTimer(unsigned id) { m_timers.erase(id); }
+void CWnd::timerDue(unsigned id) {
+    const WindowTimer& timer = m_timers[id];
+    if (!timer.running) return;
+    SetTimer(id, timer.period);
+    OnTimer(id);
+}
+
+void CWnd::KillTimer(unsigned id) {
+    if (const auto at = m_timers.find(id); at != m_timers.end()) at->second.running = false;
+}
 
 void CWnd::OnTimer(unsigned) {}
 

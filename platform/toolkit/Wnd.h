@@ -119,6 +119,9 @@ class KXPLATFORM_EXPORT CWnd {
     // Told when the keyboard focus came or went by a person's action.
     virtual void OnSetFocus() {}
     virtual void OnKillFocus() {}
+    // Told when its own enabled or visible flag changed.
+    virtual void OnEnable(bool /*enabled*/) {}
+    virtual void OnShowWindow(bool /*shown*/) {}
 
     // Fills what automation and failure dumps show of this control.
     virtual void describe(tv::ui::ControlSnapshot& out) const;
@@ -136,7 +139,6 @@ class KXPLATFORM_EXPORT CWnd {
     virtual void OnWindowGone() {}
     void setTextSilently(std::wstring_view text) { m_text = text; }
 
-
   private:
     friend class CDialog;
     CWnd* m_parent = nullptr;
@@ -149,7 +151,13 @@ class KXPLATFORM_EXPORT CWnd {
     bool m_enabled = true, m_visible = true;
     double m_fontScale = 1.0;
     bool m_fontBold = false;
-    std::map<unsigned, tv::ui::Timer> m_timers;
+    struct WindowTimer {
+        tv::ui::Timer task; // stays in the queue when the timer is stopped, for the next start
+        unsigned period = 0;
+        bool running = false;
+    };
+    void timerDue(unsigned id);
+    std::map<unsigned, WindowTimer> m_timers;
     std::shared_ptr<int> m_lifetime;
 };
 

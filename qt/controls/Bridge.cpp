@@ -21,7 +21,7 @@ Bridge::Bridge(CWnd& wnd, QWidget& widget) : m_wnd(wnd), m_widget(widget) {}
 
 void Bridge::refresh() {
     using enum ui::Change;
-    for (const ui::Change change : {look, label, tooltip, editing, selection, checked, text, enabled, visible})
+    for (const ui::Change change : {look, label, tooltip, editing, selection, checked, text, enabled, visible, dropDown})
         changed(change);
 }
 

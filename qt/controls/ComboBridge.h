@@ -1,28 +1,9 @@
 #pragma once
 
-#include "platform/toolkit/ComboBox.h"
 #include "qt/controls/Bridge.h"
-
-#include <QComboBox>
-
-#include <functional>
+#include "qt/controls/DropDownBox.h"
 
 namespace tv::qt {
-
-// A combo box that asks before it opens its list.
-class DropDownBox : public QComboBox {
-    Q_OBJECT
-  public:
-    using QComboBox::QComboBox;
-    std::function<bool()> mayOpen;
-    void showPopup() override {
-        if (!mayOpen || mayOpen()) QComboBox::showPopup();
-    }
-
-  protected:
-    // Scrolling the window must not change the values the pointer passes over.
-    void wheelEvent(QWheelEvent* event) override;
-};
 
 class ComboBridge : public Bridge {
   public:
@@ -33,10 +14,11 @@ class ComboBridge : public Bridge {
     void show(ui::Change change) override;
 
   private:
-    void showItems();
+    void showChosen();
+    void showList();
+    bool keyInList(QKeyEvent& event);
     CComboBox& m_combo;
     DropDownBox& m_box;
-    std::vector<ui::Picture> m_pictures; // as shown
 };
 
 } // namespace tv::qt

@@ -305,6 +305,93 @@ TYPED_TEST(Conformance, ComboByKeyboard) {
     });
 }
 
+TYPED_TEST(Conformance, DropDownByKeyboard) {
+    ProbeDlg dlg;
+    std::vector<bool> closed;
+    dlg.combo.onCloseUp = [&](bool accepted) { closed.push_back(accepted); };
+    dlg.init = [&] {
+        dlg.combo.SetCurSel(0);
+        dlg.combo.SetFocus();
+    };
+    this->run(dlg, [&](WindowUser& u) {
+        u.key(L"F4");
+        EXPECT_TRUE(dlg.combo.dropped());
+        EXPECT_EQ(dlg.combo.highlighted(), 0);
+        EXPECT_EQ(dlg.fired["dropDown"], 1);
+        u.key(L"Down");
+        u.key(L"End");
+        u.key(L"Up");
+        EXPECT_EQ(dlg.combo.highlighted(), 2);
+        EXPECT_EQ(dlg.combo.GetCurSel(), 0) << "nothing is chosen yet";
+        u.key(L"Escape");
+        EXPECT_FALSE(dlg.combo.dropped());
+        EXPECT_TRUE(dlg.running()) << "Escape was the list's";
+        EXPECT_EQ(dlg.fired["combo"], 0);
+
+        u.key(L"Alt+Down");
+        u.key(L"b"); // beta
+        u.key(L"r"); // begins bravo
+        EXPECT_EQ(dlg.combo.highlighted(), 3);
+        u.key(L"Enter");
+        EXPECT_TRUE(dlg.running()) << "Enter was the list's";
+        EXPECT_EQ(dlg.combo.GetCurSel(), 3);
+        EXPECT_EQ(dlg.fired["combo"], 1);
+        EXPECT_EQ(closed, (std::vector{false, true}));
+
+        u.key(L"F4");
+        u.key(L"Home");
+        u.key(L"F4"); // takes what is highlighted
+        EXPECT_EQ(dlg.combo.GetCurSel(), 0);
+        u.key(L"F4");
+        u.key(L"Down");
+        u.key(L"Tab"); // so does Tab, and goes on
+        EXPECT_FALSE(dlg.combo.dropped());
+        EXPECT_EQ(dlg.combo.GetCurSel(), 1);
+        EXPECT_NE(dlg.GetFocus(), &dlg.combo);
+    });
+}
+
+TYPED_TEST(Conformance, DropDownIsRefilledWhileOpen) {
+    ProbeDlg dlg;
+    this->run(dlg, [&](WindowUser& u) {
+        UserAction click;
+        u.act("IDC_COMBO", click);
+        ASSERT_TRUE(dlg.combo.dropped());
+        u.key(L"Down");
+        u.key(L"Down"); // beta
+        dlg.combo.SetItems(std::vector<tv::ui::ListItem>{{L"aleph", 0, {}}, {L"beth", 0, {}}, {L"beta", 0, {}}});
+        EXPECT_EQ(dlg.combo.highlighted(), 2);
+        this->face.pass(1ms);
+        dlg.combo.ResetContent();
+        EXPECT_EQ(dlg.combo.highlighted(), -1);
+        this->face.pass(1ms);
+        u.key(L"Down");
+        dlg.combo.SetItems(std::vector<tv::ui::ListItem>{{L"beta", 0, {}}});
+        EXPECT_EQ(dlg.combo.highlighted(), 0) << "the text it stood on came back";
+        u.key(L"Enter");
+        EXPECT_EQ(u.text("IDC_COMBO"), L"beta");
+
+        u.act("IDC_COMBO", click);
+        dlg.combo.EnableWindow(false);
+        EXPECT_FALSE(dlg.combo.dropped());
+        dlg.combo.EnableWindow(true);
+
+        // In an editable one the text leads.
+        dlg.entry.SetFocus();
+        u.key(L"F4");
+        ASSERT_TRUE(dlg.entry.dropped());
+        u.key(L"g");
+        EXPECT_EQ(u.text("IDC_ENTRY"), L"g");
+        EXPECT_EQ(dlg.entry.highlighted(), 2);
+        u.key(L"Enter");
+        EXPECT_EQ(u.text("IDC_ENTRY"), L"gamma");
+        dlg.entry.ShowDropDown();
+        u.choose("IDC_ENTRY", L"alpha");
+        EXPECT_EQ(u.text("IDC_ENTRY"), L"alpha");
+        EXPECT_FALSE(dlg.entry.dropped());
+    });
+}
+
 TYPED_TEST(Conformance, DefaultAndEscapeButtons) {
     {
         ProbeDlg dlg;

@@ -18,6 +18,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QListView>
 #include <QListWidget>
 #include <QPointer>
 #include <QTabBar>
@@ -82,6 +83,8 @@ int qtKey(const KeyEvent& key) {
         return Qt::Key_F1;
     case Key::f2:
         return Qt::Key_F2;
+    case Key::f4:
+        return Qt::Key_F4;
     case Key::f10:
         return Qt::Key_F10;
     case Key::menu:
@@ -164,12 +167,12 @@ QTreeWidgetItem* itemOf(QTreeWidget& tree, int id) {
 bool chooseInCombo(CComboBox& combo, QComboBox& box, const UserAction& action) {
     const int index = tv::ui::chosenItem(combo.items(), action);
     if (index < 0) return false;
-    native::click(box, box.width() - 8, box.height() / 2);
-    if (!box.view()->isVisible()) return true;
-    box.view()->setFocus();
-    press(*box.window(), Key::home);
-    press(*box.window(), Key::down, index);
-    press(*box.window(), Key::enter);
+    if (!combo.dropped()) native::click(box, box.width() - 8, box.height() / 2);
+    if (!combo.dropped()) return true;
+    QWidget* list = QApplication::activePopupWidget();
+    auto* view = list ? list->findChild<QListView*>() : nullptr;
+    if (!view) return false;
+    clickItem(*view, view->model()->index(index, 0));
     return true;
 }
 
@@ -261,6 +264,10 @@ bool NativeHand::send(CWnd& wnd, QWidget& widget, const UserAction& action) {
             native::type(*widget.window(), QString::fromStdWString(action.text));
         return action.kind == click || !static_cast<CEdit&>(wnd).readOnly();
     case tv::ui::ControlKind::comboBox:
+        if (action.kind == click) {
+            native::click(widget, widget.width() - 8, middle);
+            return true;
+        }
         if (action.kind == choose)
             return chooseInCombo(static_cast<CComboBox&>(wnd), static_cast<QComboBox&>(widget), action);
         if (action.kind != UserAction::Kind::type || !static_cast<CComboBox&>(wnd).editable()) return false;

@@ -17,7 +17,14 @@ void HeadlessToolkit::advance(std::chrono::milliseconds by) {
     while (!m_queue.empty() && m_queue.begin()->first.first <= until) {
         auto next = m_queue.extract(m_queue.begin());
         m_now = std::max(m_now, next.key().first);
-        next.mapped()->run();
+        Timer::Task& task = *next.mapped();
+        if (task.work && task.due > m_now) {
+            task.queued = task.due;
+            next.key() = {task.due, m_sequence++};
+            m_queue.insert(std::move(next));
+        } else {
+            task.run();
+        }
     }
     m_now = std::max(m_now, until);
 }
