@@ -28,6 +28,7 @@ EXPORTS = {"platform/Export.h", "kxgui/Export.h", "qt/Export.h"}  # made by the 
 LIBRARIES = {
     "Qt": (r"Q[A-Z]\w*(?:/.*)?|Qt\w+/.*", ["qt", "tavocad/window", "tests", "examples", "bench"]),
     "ICU": (r"unicode/.*", ["platform/text", "bench"]),
+    "fontconfig": (r"fontconfig/.*", ["platform/host"]),
     "fmt": (r"fmt/.*", ["platform/text"]),
     "SimpleIni": (r"SimpleIni\.h", ["platform/text"]),
     "nlohmann-json": (r"nlohmann/.*", ["tavocad", "tests"]),

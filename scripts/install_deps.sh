@@ -5,7 +5,7 @@ set -eu
 
 packages="
   g++ make cmake ninja-build pkg-config python3
-  libicu-dev libfmt-dev zlib1g-dev libsimpleini-dev nlohmann-json3-dev libcli11-dev
+  libicu-dev libfmt-dev libfontconfig-dev zlib1g-dev libsimpleini-dev nlohmann-json3-dev libcli11-dev
   libgtest-dev libgmock-dev libbenchmark-dev libdxflib-dev
   qt6-base-dev qt6-tools-dev libqt6opengl6-dev libgl-dev libopengl-dev qt6-qpa-plugins
   fontconfig fonts-dejavu-core fonts-noto-cjk

@@ -133,6 +133,12 @@ OdCmColor colorOfValue(const Value& value) {
     return *number >= 0 && *number <= 256 ? OdCmColor::byIndex(static_cast<int>(*number)) : OdCmColor();
 }
 
+Value nameValue(std::wstring_view name) {
+    Value value;
+    value.emplace<OdString>(name);
+    return value;
+}
+
 bool sameValue(const Value& a, const Value& b) {
     const auto* textA = std::get_if<OdString>(&a);
     const auto* textB = std::get_if<OdString>(&b);

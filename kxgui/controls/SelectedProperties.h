@@ -52,6 +52,8 @@ KXGUI_EXPORT tv::Problem changeObjects(const std::vector<OdDbObjectId>& objects,
 // Colours as values of Property::color and back; by layer for a value that is none.
 KXGUI_EXPORT tv::dwg::Value colorValue(const OdCmColor& color);
 KXGUI_EXPORT OdCmColor colorOfValue(const tv::dwg::Value& value);
+// A name as a value.
+KXGUI_EXPORT tv::dwg::Value nameValue(std::wstring_view name);
 // Names compare without regard to letter case.
 KXGUI_EXPORT bool sameValue(const tv::dwg::Value& a, const tv::dwg::Value& b);
 

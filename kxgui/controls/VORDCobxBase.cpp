@@ -4,7 +4,7 @@
 #include "platform/host/TavoSysvarManager.h"
 #include "platform/text/Unicode.h"
 
-VORDCobxBase::VORDCobxBase(CWnd& parent, const char* name) : CComboBox(parent, name) {}
+VORDCobxBase::VORDCobxBase(CWnd& parent, const char* name, bool editable) : CComboBox(parent, name, editable) {}
 
 void VORDCobxBase::ScheduleUpdate() {
     updatePending = 1;
@@ -13,8 +13,10 @@ void VORDCobxBase::ScheduleUpdate() {
 
 void VORDCobxBase::ScheduleSelect(const char* name, int index) {
     selectPending = 1;
-    if (name) pendingSelectName = tv::text::fromUtf8(name);
-    else pendingSelectIndex = index;
+    if (name)
+        pendingSelectName = tv::text::fromUtf8(name);
+    else
+        pendingSelectIndex = index;
     SetUpdateTimer();
 }
 
@@ -71,6 +73,14 @@ void VORDCobxBase::refillSafely() {
     }
 }
 
+void VORDCobxBase::OnWindowGone() {
+    CComboBox::OnWindowGone();
+    timerId = 0;
+    pendingSelectName.clear();
+    pendingSelectIndex = -1;
+    updatePending = selectPending = enablePending = 0;
+}
+
 void VORDCobxBase::PostUpdate() { PostMessage(updateMessage); }
 
 std::intptr_t VORDCobxBase::WindowProc(unsigned message, std::uintptr_t wParam, std::intptr_t lParam) {
@@ -102,5 +112,8 @@ OdDbDatabasePtr VORDCobxBase::checkCurrentDatabase() const { return tvedWorkingD
 
 OdDbDatabasePtr VORDCobxBase::prepareUpdateList() {
     ResetContent();
-    return IsWindow() ? checkCurrentDatabase() : nullptr;
+    if (!IsWindow()) return nullptr;
+    const OdDbDatabasePtr database = checkCurrentDatabase();
+    if (database && (fontScale() != 1.0 || fontBold())) SetFontScale(1.0); // the standard font of all controls
+    return database;
 }

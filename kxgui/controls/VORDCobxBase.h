@@ -6,9 +6,9 @@
 
 #include <cstdint>
 
-// The base of every drop-down list of a drawing property. It does not know what it lists; it owns the mechanics: requests
-// to refill, to select and to enable are recorded and carried out together a short moment later, so that a burst of
-// drawing events costs one refill. Destroying the control drops what is pending.
+// The base of every drop-down list of a drawing property. It does not know what it lists; it owns the
+// mechanics: requests to refill, to select and to enable are recorded and carried out together a short moment
+// later, so that a burst of drawing events costs one refill. Destroying the control drops what is pending.
 class KXGUI_EXPORT VORDCobxBase : public CComboBox {
   public:
     // Where the list stands, which decides about its special entries.
@@ -20,7 +20,7 @@ class KXGUI_EXPORT VORDCobxBase : public CComboBox {
         typeLayer = 4         // a layer's own property: without ByLayer and ByBlock
     };
 
-    VORDCobxBase(CWnd& parent, const char* name);
+    VORDCobxBase(CWnd& parent, const char* name, bool editable = false);
 
     ControlType GetType() const { return m_type; }
     virtual void SetType(ControlType type) { m_type = type; }
@@ -38,13 +38,16 @@ class KXGUI_EXPORT VORDCobxBase : public CComboBox {
     // Marks an enabled state as pending; nothing while the control's window does not exist.
     void ScheduleEnabled(int enable);
     bool IsScheduleEnabledSet() const { return enablePending != 0; }
+    // Refills at once, as the timer would.
+    void Refresh() { refillSafely(); }
     // Asks for a refill as soon as what is under way has finished.
     void PostUpdate();
 
     // Records the index; the list is told only when it shows another one. Returns the index.
     int SetCurSel(int index);
-    // Selects the next entry after `start` (-1: from the first) whose whole text is `text`, `start` itself being the last
-    // one looked at; -1 and nothing changed when there is none before the search wraps around to an earlier entry.
+    // Selects the next entry after `start` (-1: from the first) whose whole text is `text`, `start` itself
+    // being the last one looked at; -1 and nothing changed when there is none before the search wraps around to
+    // an earlier entry.
     int SelectString(int start, const wchar_t* text, bool ignoreCase);
 
     void CreateToolTip(std::wstring_view text) { SetToolTip(text); }
@@ -76,6 +79,7 @@ class KXGUI_EXPORT VORDCobxBase : public CComboBox {
     OdDbDatabasePtr checkCurrentDatabase() const;
     // Empties the list and answers the database to fill it from; null without a window or a database.
     OdDbDatabasePtr prepareUpdateList();
+    void OnWindowGone() override;
 
   private:
     void SetUpdateTimer();

@@ -102,8 +102,8 @@ bool MGUIManager::ShowSetAttributeNameDialog(OdDbObjectId*, std::vector<OdString
     return missing(VORD_ResourceString("IDS_TAVO_GUI_ATTRIBUTE_NAME", L"속성 이름 설정"));
 }
 
-bool MGUIManager::ShowCustomArrowBlockDialog(OdDbDatabase*, OdString&) {
-    return missing(VORD_ResourceString("IDS_TAVO_GUI_ARROW_BLOCK", L"사용자 화살표 블록"));
+bool MGUIManager::ShowCustomArrowBlockDialog(OdDbDatabase* database, OdString& blockName) {
+    return MGUIManagerImpl().chooseArrowBlock(database, blockName, nullptr);
 }
 
 bool MGUIManager::ShowAutoRestoreControl(OdDbDatabase*, const std::vector<OdString>&) {

@@ -1,6 +1,7 @@
 #include "kxgui/frame/MGUIManagerImpl.h"
 
 #include "kxgui/frame/AskMessageDlg.h"
+#include "kxgui/frame/ArrowBlockDlg.h"
 #include "kxgui/frame/ColorDlg.h"
 #include "kxgui/frame/LineWeightDlg.h"
 #include "kxgui/frame/LinetypeDlg.h"
@@ -94,6 +95,15 @@ bool MGUIManagerImpl::chooseCurrentLineWeight(const OdDbDatabasePtr& database) c
     CLineWeightDlg dialog(database, nullptr);
     if (dialog.DoModal() != IDOK) return false;
     return tvedSetVar(L"CELWEIGHT", dialog.GetLineWeight(), database) == Tavo::eOk || refused(*manager);
+}
+
+bool MGUIManagerImpl::chooseArrowBlock(OdDbDatabase* database, OdString& blockName, CWnd* parent) const {
+    if (!database) return false;
+    CArrowBlockDlg dialog(unowned(database), parent);
+    dialog.SetName(blockName.view());
+    if (dialog.DoModal() != IDOK) return false;
+    blockName = dialog.GetName();
+    return true;
 }
 
 bool MGUIManagerImpl::missing(const OdString& dialogName) const {

@@ -25,6 +25,9 @@ class KXGUI_EXPORT MGUIManagerImpl {
     bool chooseCurrentLinetype(const OdDbDatabasePtr& database) const;
     bool chooseCurrentLineWeight(const OdDbDatabasePtr& database) const;
 
+    // `blockName` is what it opens on and, after OK, what was chosen.
+    bool chooseArrowBlock(OdDbDatabase* database, OdString& blockName, CWnd* parent) const;
+
     // Says that there is no such dialog; false.
     bool missing(const OdString& dialogName) const;
 };

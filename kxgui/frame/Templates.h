@@ -14,5 +14,6 @@ enum KxTemplate : unsigned {
     IDD_COLOR_TRUE,
     IDD_LINETYPE,
     IDD_LINEWEIGHT,
-    IDD_SYSVARS
+    IDD_SYSVARS,
+    IDD_ARROW_BLOCK
 };

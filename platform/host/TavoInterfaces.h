@@ -8,6 +8,7 @@ class TavoCommandLine;
 class TavoCommands;
 class TavoDisplay;
 class TavoDocumentManager;
+class TavoFonts;
 class TavoHelp;
 class TavoModalEvents;
 class TavoPointInput;
@@ -38,6 +39,7 @@ class TavoInterfaces {
     virtual TavoSelection* selection() = 0;
     virtual TavoDisplay* display() = 0;
     virtual TavoUnits* units() = 0;
+    virtual TavoFonts* fonts() { return nullptr; }
     virtual tv::SettingsStore* settings() = 0;
 };
 

@@ -113,6 +113,12 @@ void CComboBox::OnShowWindow(bool shown) {
     if (!shown) close();
 }
 
+void CComboBox::OnWindowGone() {
+    m_dropped = false;
+    m_highlighted = -1;
+    m_highlightedText.clear();
+}
+
 // --- what a person does --------------------------------------------------------------------------------------
 
 UserResult CComboBox::userEdit(std::wstring_view text) {
@@ -162,7 +168,7 @@ KeyRoute CComboBox::routeKey(const tv::ui::KeyEvent& key) {
     }
     if (m_editable && !key.ctrl && !key.alt && isOfText(key)) return KeyRoute::control;
     const auto target = keyTarget(key, m_highlighted);
-    if (target) (void)userHighlight(*target);
+    if (target && *target >= 0) (void)userHighlight(*target);
     return target ? KeyRoute::used : KeyRoute::dialog;
 }
 

@@ -5,9 +5,10 @@
 // A drop-down list, or with `editable` a drop-down list below an edit field. Its text is the selected item's,
 // or what was typed.
 //
-// While the list is open one of its entries at most is highlighted: by arrow keys, by what is typed, or by the pointer.
-// The selection changes when the highlighted entry is accepted (Enter, Tab, F4, Alt+Up, Alt+Down, a click) and stays when
-// the list is given up (Escape, the focus leaves). A list refilled while it is open keeps the highlighted text.
+// While the list is open one of its entries at most is highlighted: by arrow keys, by what is typed, or by the
+// pointer. The selection changes when the highlighted entry is accepted (Enter, Tab, F4, Alt+Up, Alt+Down, a
+// click) and stays when the list is given up (Escape, the focus leaves). A list refilled while it is open keeps
+// the highlighted text.
 class KXPLATFORM_EXPORT CComboBox : public CItemsWnd {
   public:
     CComboBox(CWnd& parent, const char* name, bool editable = false)
@@ -47,6 +48,7 @@ class KXPLATFORM_EXPORT CComboBox : public CItemsWnd {
   protected:
     void selectionShown() override;
     void itemsShown() override;
+    void OnWindowGone() override;
 
   private:
     void highlight(int index);

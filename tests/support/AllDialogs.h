@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kxgui/frame/ArrowBlockDlg.h"
 #include "kxgui/frame/AskMessageDlg.h"
 #include "kxgui/frame/ColorDlg.h"
 #include "kxgui/frame/LineWeightDlg.h"
@@ -85,5 +86,11 @@ inline std::vector<SampleDialog> allDialogs() {
         documents.closeDocument(drawing);
     }, {"IDD_GALLERY_UNITS"});
     add("IDD_SYSVARS", [] { CSysVarsDlg(OdDbDatabase::create(), nullptr).DoModal(); });
+    add("IDD_ARROW_BLOCK", [] {
+        const auto database = OdDbDatabase::create();
+        const auto blocks = database->getBlockTableId().open<OdDbBlockTable>(OdDb::kForWrite);
+        for (const wchar_t* name : {L"화살표 1", L"화살표 2", L"화살표 10"}) blocks->add(name);
+        CArrowBlockDlg(database, nullptr).DoModal();
+    });
     return all;
 }

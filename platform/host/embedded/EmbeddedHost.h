@@ -5,6 +5,7 @@
 #include "platform/host/embedded/DefaultCommandLine.h"
 #include "platform/host/embedded/DefaultCommands.h"
 #include "platform/host/embedded/DefaultDocumentManager.h"
+#include "platform/host/embedded/DefaultFonts.h"
 #include "platform/host/embedded/DefaultSelection.h"
 #include "platform/host/embedded/DefaultServices.h"
 #include "platform/host/embedded/DefaultSysvarManager.h"
@@ -36,10 +37,13 @@ class KXPLATFORM_EXPORT EmbeddedHost final : public TavoInterfaces {
     DefaultSelection* selection() override { return &m_selection; }
     DefaultDisplay* display() override { return &m_display; }
     DefaultUnits* units() override { return &m_units; }
+    TavoFonts* fonts() override { return m_fonts; }
+    DefaultFonts& defaultFonts() { return m_defaultFonts; }
     tv::SettingsStore* settings() override { return m_settings.get(); }
 
     // Puts another implementation (not owned) in place of the default; null brings the default back.
     void setHelp(TavoHelp* help) { m_help = help ? help : &m_defaultHelp; }
+    void setFonts(TavoFonts* fonts) { m_fonts = fonts ? fonts : &m_defaultFonts; }
     void setPointInput(TavoPointInput* input) { m_pointInput = input ? input : &m_defaultPointInput; }
 
   private:
@@ -55,6 +59,8 @@ class KXPLATFORM_EXPORT EmbeddedHost final : public TavoInterfaces {
     DefaultPointInput m_defaultPointInput;
     DefaultDisplay m_display;
     DefaultUnits m_units;
+    DefaultFonts m_defaultFonts;
+    TavoFonts* m_fonts = &m_defaultFonts;
     TavoHelp* m_help;
     TavoPointInput* m_pointInput;
     std::vector<Subscription> m_wiring;
