@@ -13,7 +13,7 @@ using tv::dwg::Value;
 
 namespace {
 
-std::wstring shown(double height) { return tv::text::format(L"%.1lf", height); }
+std::wstring heightText(double height) { return tv::text::format(L"%.1lf", height); }
 
 bool isHeight(double height) { return std::isfinite(height) && height > 0; }
 
@@ -42,7 +42,7 @@ void CCobxTextSize::Fill(const OdDbDatabasePtr& database) {
         return std::abs(height - tv::text::parseReal(text).value_or(height));
     };
     for (const double height : heights) {
-        std::wstring text = shown(height);
+        std::wstring text = heightText(height);
         if (items.empty() || items.back().text != text) {
             items.push_back({std::move(text), 0, nullptr});
             m_heights.push_back(height);
@@ -72,7 +72,7 @@ std::optional<Value> CCobxTextSize::ValueOf(int index) const {
 
 std::wstring CCobxTextSize::TextOf(const Value& value) const {
     const auto* height = std::get_if<double>(&value);
-    return height ? shown(*height) : std::wstring();
+    return height ? heightText(*height) : std::wstring();
 }
 
 bool CCobxTextSize::isTyped() const {

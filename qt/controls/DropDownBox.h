@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/toolkit/ComboBox.h"
+#include "qt/Export.h"
 
 #include <QAbstractListModel>
 #include <QComboBox>
@@ -16,7 +17,7 @@ namespace tv::qt {
 
 // The items of a combo box as Qt's views ask for them: those in view only. Knows how much room they need
 // without laying any of them out.
-class ItemRows : public QAbstractListModel {
+class KXGUIQT_EXPORT ItemRows : public QAbstractListModel {
   public:
     int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : m_count; }
     QVariant data(const QModelIndex& index, int role) const override;
@@ -35,7 +36,7 @@ class ItemRows : public QAbstractListModel {
 };
 
 // The open list of a combo box. Rows are of one height and painted when they come into view.
-class DropDownList : public QFrame {
+class KXGUIQT_EXPORT DropDownList : public QFrame {
   public:
     DropDownList(QComboBox& box, ItemRows& rows);
 
@@ -60,7 +61,7 @@ class DropDownList : public QFrame {
 };
 
 // A combo box whose list opens and closes as its control says.
-class DropDownBox : public QComboBox {
+class KXGUIQT_EXPORT DropDownBox : public QComboBox {
     Q_OBJECT
   public:
     explicit DropDownBox(QWidget* parent = nullptr);

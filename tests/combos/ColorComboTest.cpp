@@ -60,14 +60,18 @@ TEST_F(ColorCombo, FollowsTheCurrentColourAndLayer) {
     const OdDbObjectId layer = addLayer(L"Wall");
     layer.open<OdDbLayerTableRecord>(OdDb::kForWrite)->setColor(OdCmColor::byIndex(3));
     host.sysvarManager()->setText(L"CLAYER", L"Wall", database());
-    host.sysvarManager()->setText(L"CECOLOR", L"0,128,128", database());
+    host.sysvarManager()->setText(L"CECOLOR", L"200", database());
     run<CCobxColor>([&](CCobxColor& combo, auto& u) {
         refill(combo);
         EXPECT_EQ(combo.items().at(0).picture, tv::ui::colorPicture(0x00FF00)) << "by layer";
         const int own = combo.GetCount() - 2;
         EXPECT_EQ(combo.GetCurSel(), own) << "a colour of its own stands before the last entry";
-        EXPECT_EQ(combo.GetItemData(own), combo.GetItemData(own + 1)) << "both have the same data";
-        u.choose("IDC_COMBO", own); // no change
+        EXPECT_EQ(combo.GetItemData(own), 0xC30000C8U);
+        combo.SelectColor(OdCmColor::byRgb(0, 128, 128));
+        EXPECT_EQ(combo.GetItemData(own), combo.GetItemData(own + 1))
+            << "of all colours this one has the mark's data";
+        EXPECT_EQ(combo.GetColor(), OdCmColor::byRgb(0, 128, 128));
+        EXPECT_EQ(combo.GetCurSel(), own);
         u.choose("IDC_COMBO", L"Red");
         EXPECT_EQ(variable(L"CECOLOR"), L"1");
         EXPECT_EQ(database()->undoName(), L"색상 변경");
