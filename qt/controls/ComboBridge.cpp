@@ -94,7 +94,7 @@ void ComboBridge::showList() {
     DropDownList& list = m_box.list();
     if (m_combo.dropped() != list.isVisible()) {
         if (m_combo.dropped())
-            list.open();
+            list.open(m_combo.droppedWidth());
         else
             list.hide();
     }

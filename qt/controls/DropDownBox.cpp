@@ -127,27 +127,27 @@ DropDownList::DropDownList(QComboBox& box, ItemRows& rows)
     setFocusProxy(&m_view);
 }
 
-void DropDownList::open() {
+void DropDownList::open(int leastWidth) {
     m_view.setFont(m_box.font());
     const int text = m_view.fontMetrics().height(), picture = m_rows.pictureSize().height();
     delete m_view.itemDelegate();
     m_view.setItemDelegate(new RowDelegate(std::max(text, picture) + 2 * margin, &m_view));
     m_view.setIconSize(m_rows.pictureSize().isEmpty() ? QSize(16, 16) : m_rows.pictureSize());
-    place();
+    place(leastWidth);
     m_pointer = QCursor::pos();
     show();
     m_view.setFocus();
 }
 
 // Below the box or, where there is more room, above it.
-void DropDownList::place() {
+void DropDownList::place(int leastWidth) {
     const int row = m_view.sizeHintForRow(0) > 0 ? m_view.sizeHintForRow(0) : 20;
     const int rows = std::clamp(m_rows.rowCount(), 1, rowsInView);
     const int frame = 2 * frameWidth();
     int width = m_rows.textWidth(m_view.fontMetrics()) + 8 * margin + frame;
     if (!m_rows.pictureSize().isEmpty()) width += m_rows.pictureSize().width() + 4 * margin;
     if (m_rows.rowCount() > rowsInView) width += m_view.verticalScrollBar()->sizeHint().width();
-    width = std::max(width, m_box.width());
+    width = std::max({width, m_box.width(), leastWidth});
     int height = rows * row + frame;
 
     const QPoint below = m_box.mapToGlobal(QPoint(0, m_box.height()));

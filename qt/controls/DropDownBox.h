@@ -44,7 +44,8 @@ class KXGUIQT_EXPORT DropDownList : public QFrame {
     std::function<bool(QKeyEvent&)> keyPressed; // true swallows it
     std::function<void()> closed;
 
-    void open();
+    // At least that wide.
+    void open(int leastWidth = 0);
     void highlight(int row);
 
   protected:
@@ -53,7 +54,7 @@ class KXGUIQT_EXPORT DropDownList : public QFrame {
     void hideEvent(QHideEvent* event) override;
 
   private:
-    void place();
+    void place(int leastWidth);
     QComboBox& m_box;
     ItemRows& m_rows;
     QListView m_view;
