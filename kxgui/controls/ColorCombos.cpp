@@ -46,6 +46,7 @@ void CCobxColor::SetType(ControlType type) {
 }
 
 void CCobxColor::RefillList() {
+    KeepSelected();
     const OdDbDatabasePtr database = IsWindow() ? checkCurrentDatabase() : nullptr;
     if (!database) {
         (void)prepareUpdateList();

@@ -42,7 +42,18 @@ void CCobxPropertyBase::OnSelectionSetChanged() {
     if (FollowsDrawing()) ScheduleUpdate();
 }
 
-void CCobxPropertyBase::RefillList() { FillFrom(prepareUpdateList()); }
+void CCobxPropertyBase::RefillList() {
+    KeepSelected();
+    FillFrom(prepareUpdateList());
+}
+
+void CCobxPropertyBase::KeepSelected() {
+    if (GetCurSel() < 0) return;
+    if (auto value = ValueOf(GetCurSel())) {
+        m_value = std::move(value);
+        m_varies = false;
+    }
+}
 
 void CCobxPropertyBase::FillFrom(const OdDbDatabasePtr& database) {
     m_filledFrom = database;

@@ -45,6 +45,8 @@ class KXGUI_EXPORT CCobxPropertyBase : public VORDCobxBase {
     // What the undo step of a change is called.
     virtual std::wstring UndoName() const = 0;
 
+    // What is selected becomes the value a refill shows again.
+    void KeepSelected();
     // Remembers the drawing, has the entries added and shows the value that is to be seen.
     void FillFrom(const OdDbDatabasePtr& database);
     // Shows the chosen value again.

@@ -88,6 +88,10 @@ TEST_F(RecordCombos, AChoiceInAToolbarIsOneStepAndElsewhereChangesNothing) {
         EXPECT_EQ(combo.GetLayerName(), L"Wall");
         refill(combo);
         EXPECT_EQ(combo.GetLayerName(), L"Wall") << "a dialog's choice outlasts a refill";
+        combo.ScheduleSelect("0", -1);
+        combo.ScheduleUpdate();
+        toolkit.advance(std::chrono::milliseconds(50));
+        EXPECT_EQ(combo.GetLayerName(), L"0") << "selected first, kept by the refill";
     });
 }
 
