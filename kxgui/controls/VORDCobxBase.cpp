@@ -30,8 +30,9 @@ void VORDCobxBase::ScheduleEnabled(int enable) {
 void VORDCobxBase::SetUpdateTimer() {
     if (timerId) KillTimer(timerId);
     timerId = 0;
+    static const TvString cmdActive = L"CMDACTIVE";
     int active = 0;
-    if (getSysvarManagerInterface(getTavoInterfaces())) tvedGetVar(L"CMDACTIVE", active, nullptr);
+    if (getSysvarManagerInterface(getTavoInterfaces())) tvedGetVar(cmdActive, active, nullptr);
     timerId = SetTimer(updateTimer, (active & automatedCommand) ? automatedUpdateDelay : updateDelay);
 }
 

@@ -6,6 +6,8 @@
 #include "platform/host/TavoSharedGlobals.h"
 #include "platform/host/sysvars/SysvarColor.h"
 
+#include <limits>
+
 namespace {
 
 TavoSysvarManager* installedManager() { return getSysvarManagerInterface(getTavoInterfaces()); }
@@ -23,7 +25,9 @@ Tavo::ErrorStatus tvedGetVar(const TvString& name, int& value, const OdDbDatabas
     if (const auto status = get(name, buffer, database); status != Tavo::eOk) return status;
     const auto* number = std::get_if<std::int64_t>(&buffer.value());
     if (!number) return Tavo::eWrongType;
-    if (installedManager()->type(name) == TavoSysvarType::kColor) {
+    // Only colours have so large numbers.
+    const bool maybeColor = *number < 0 || *number > std::numeric_limits<int>::max();
+    if (maybeColor && installedManager()->type(name) == TavoSysvarType::kColor) {
         const auto index = tv::host::indexOfColor(*number);
         if (!index) return Tavo::eWrongType;
         value = *index;

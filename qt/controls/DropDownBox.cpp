@@ -5,10 +5,10 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScreen>
 #include <QScrollBar>
 #include <QStyleOptionComboBox>
-#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
@@ -40,15 +40,6 @@ std::size_t likelyWidth(std::wstring_view text) {
         width += ch >= 0x1100 ? 2 : 1;
     return width;
 }
-
-class RowDelegate : public QStyledItemDelegate {
-  public:
-    RowDelegate(int height, QObject* parent) : QStyledItemDelegate(parent), m_height(height) {}
-    QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override { return {0, m_height}; }
-
-  private:
-    int m_height;
-};
 
 } // namespace
 
@@ -105,6 +96,73 @@ int ItemRows::textWidth(const QFontMetrics& metrics) const {
     return width;
 }
 
+// --- rows of one height --------------------------------------------------------------------------------------
+
+void UniformRowsView::setRowHeight(int height) {
+    m_rowHeight = std::max(1, height);
+    updateGeometries();
+}
+
+int UniformRowsView::verticalOffset() const { return verticalScrollBar()->value() * m_rowHeight; }
+
+QRect UniformRowsView::visualRect(const QModelIndex& index) const {
+    if (!index.isValid()) return {};
+    const int top = (index.row() - verticalScrollBar()->value()) * m_rowHeight;
+    return {0, top, viewport()->width(), m_rowHeight};
+}
+
+QModelIndex UniformRowsView::indexAt(const QPoint& point) const {
+    const int row = verticalScrollBar()->value() + point.y() / m_rowHeight;
+    return model() && point.y() >= 0 && row < rows() ? model()->index(row, 0) : QModelIndex();
+}
+
+void UniformRowsView::scrollTo(const QModelIndex& index, ScrollHint) {
+    if (!index.isValid()) return;
+    const int first = verticalScrollBar()->value(), page = std::max(1, viewport()->height() / m_rowHeight);
+    if (index.row() < first) verticalScrollBar()->setValue(index.row());
+    if (index.row() >= first + page) verticalScrollBar()->setValue(index.row() - page + 1);
+}
+
+// Keys are the control's.
+QModelIndex UniformRowsView::moveCursor(CursorAction, Qt::KeyboardModifiers) { return currentIndex(); }
+void UniformRowsView::setSelection(const QRect&, QItemSelectionModel::SelectionFlags) {}
+
+QRegion UniformRowsView::visualRegionForSelection(const QItemSelection& selection) const {
+    QRegion region;
+    for (const QModelIndex& index : selection.indexes())
+        region += visualRect(index);
+    return region;
+}
+
+void UniformRowsView::paintEvent(QPaintEvent*) {
+    QPainter painter(viewport());
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    const int first = verticalScrollBar()->value();
+    const int last = std::min(rows() - 1, first + viewport()->height() / m_rowHeight);
+    for (int row = first; row <= last; ++row) {
+        const QModelIndex index = model()->index(row, 0);
+        option.rect = visualRect(index);
+        option.state.setFlag(QStyle::State_Selected, selectionModel()->isSelected(index));
+        itemDelegateForIndex(index)->paint(&painter, option, index);
+    }
+}
+
+void UniformRowsView::resizeEvent(QResizeEvent* event) {
+    QAbstractItemView::resizeEvent(event);
+    updateGeometries();
+}
+
+void UniformRowsView::updateGeometries() {
+    const int page = std::max(1, viewport()->height() / m_rowHeight);
+    verticalScrollBar()->setSingleStep(1);
+    verticalScrollBar()->setPageStep(page);
+    verticalScrollBar()->setRange(0, std::max(0, rows() - page));
+    QAbstractItemView::updateGeometries();
+}
+
+void UniformRowsView::scrollContentsBy(int, int) { viewport()->update(); }
+
 // --- the open list -------------------------------------------------------------------------------------------
 
 DropDownList::DropDownList(QComboBox& box, ItemRows& rows)
@@ -114,11 +172,9 @@ DropDownList::DropDownList(QComboBox& box, ItemRows& rows)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(&m_view);
     m_view.setFrameStyle(QFrame::NoFrame);
-    m_view.setUniformItemSizes(true);
     m_view.setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_view.setSelectionMode(QAbstractItemView::SingleSelection);
     m_view.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_view.setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
     m_view.setTextElideMode(Qt::ElideRight);
     m_view.setModel(&rows);
     m_view.setMouseTracking(true);
@@ -130,8 +186,7 @@ DropDownList::DropDownList(QComboBox& box, ItemRows& rows)
 void DropDownList::open(int leastWidth) {
     m_view.setFont(m_box.font());
     const int text = m_view.fontMetrics().height(), picture = m_rows.pictureSize().height();
-    delete m_view.itemDelegate();
-    m_view.setItemDelegate(new RowDelegate(std::max(text, picture) + 2 * margin, &m_view));
+    m_view.setRowHeight(std::max(text, picture) + 2 * margin);
     m_view.setIconSize(m_rows.pictureSize().isEmpty() ? QSize(16, 16) : m_rows.pictureSize());
     place(leastWidth);
     m_pointer = QCursor::pos();
@@ -141,7 +196,7 @@ void DropDownList::open(int leastWidth) {
 
 // Below the box or, where there is more room, above it.
 void DropDownList::place(int leastWidth) {
-    const int row = m_view.sizeHintForRow(0) > 0 ? m_view.sizeHintForRow(0) : 20;
+    const int row = m_view.rowHeight();
     const int rows = std::clamp(m_rows.rowCount(), 1, rowsInView);
     const int frame = 2 * frameWidth();
     int width = m_rows.textWidth(m_view.fontMetrics()) + 8 * margin + frame;

@@ -3,10 +3,10 @@
 #include "platform/toolkit/ComboBox.h"
 #include "qt/Export.h"
 
+#include <QAbstractItemView>
 #include <QAbstractListModel>
 #include <QComboBox>
 #include <QFrame>
-#include <QListView>
 
 #include <functional>
 #include <string>
@@ -35,7 +35,35 @@ class KXGUIQT_EXPORT ItemRows : public QAbstractListModel {
     QSize m_pictureSize;
 };
 
-// The open list of a combo box. Rows are of one height and painted when they come into view.
+// Rows of one height, of which only those in view are ever asked for.
+class KXGUIQT_EXPORT UniformRowsView : public QAbstractItemView {
+  public:
+    explicit UniformRowsView(QWidget* parent) : QAbstractItemView(parent) {}
+    void setRowHeight(int height);
+    int rowHeight() const { return m_rowHeight; }
+
+    QRect visualRect(const QModelIndex& index) const override;
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+    QModelIndex indexAt(const QPoint& point) const override;
+
+  protected:
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    int horizontalOffset() const override { return 0; }
+    int verticalOffset() const override;
+    bool isIndexHidden(const QModelIndex&) const override { return false; }
+    void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) override;
+    QRegion visualRegionForSelection(const QItemSelection& selection) const override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void updateGeometries() override;
+    void scrollContentsBy(int dx, int dy) override;
+
+  private:
+    int rows() const { return model() ? model()->rowCount() : 0; }
+    int m_rowHeight = 20;
+};
+
+// The open list of a combo box.
 class KXGUIQT_EXPORT DropDownList : public QFrame {
   public:
     DropDownList(QComboBox& box, ItemRows& rows);
@@ -57,7 +85,7 @@ class KXGUIQT_EXPORT DropDownList : public QFrame {
     void place(int leastWidth);
     QComboBox& m_box;
     ItemRows& m_rows;
-    QListView m_view;
+    UniformRowsView m_view;
     QPoint m_pointer; // where the pointer was when it last chose a row
 };
 

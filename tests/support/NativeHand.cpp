@@ -18,7 +18,6 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QListView>
 #include <QListWidget>
 #include <QPointer>
 #include <QTabBar>
@@ -170,7 +169,7 @@ bool chooseInCombo(CComboBox& combo, QComboBox& box, const UserAction& action) {
     if (!combo.dropped()) native::click(box, box.width() - 8, box.height() / 2);
     if (!combo.dropped()) return true;
     QWidget* list = QApplication::activePopupWidget();
-    auto* view = list ? list->findChild<QListView*>() : nullptr;
+    auto* view = list ? list->findChild<QAbstractItemView*>() : nullptr;
     if (!view) return false;
     clickItem(*view, view->model()->index(index, 0));
     return true;

@@ -30,7 +30,8 @@ class DefaultSysvarManager::Store {
                            SysvarValue& value) const {
         info = findSysvar(name.view());
         if (!info) return Tavo::eKeyNotFound;
-        auto read = values.read(*info, orWorking(database));
+        const bool everywhere = info->home == SysvarHome::kSession || info->home == SysvarHome::kProfile;
+        auto read = values.read(*info, everywhere ? nullptr : orWorking(database));
         if (!read) return Tavo::eNoDatabase;
         value = std::move(*read);
         return Tavo::eOk;

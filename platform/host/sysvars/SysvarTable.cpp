@@ -29,10 +29,13 @@ std::span<const SysvarInfo* const> sysvarTable() {
 }
 
 const SysvarInfo* findSysvar(std::wstring_view name) {
-    const std::wstring upper = text::toUpper(name);
+    // Asked for all the time, mostly in the form the table has.
+    constexpr auto isPlain = [](wchar_t ch) { return (ch >= L'A' && ch <= L'Z') || (ch >= L'0' && ch <= L'9'); };
+    std::wstring folded;
+    if (!std::ranges::all_of(name, isPlain)) name = folded = text::toUpper(name);
     const auto table = sysvarTable();
-    const auto it = std::ranges::lower_bound(table, std::wstring_view(upper), {}, nameOf);
-    return it != table.end() && (*it)->name == upper ? *it : nullptr;
+    const auto it = std::ranges::lower_bound(table, name, {}, nameOf);
+    return it != table.end() && (*it)->name == name ? *it : nullptr;
 }
 
 } // namespace tv::host
