@@ -80,7 +80,7 @@ bool CListEditableCtrl::SetItemText(int item, int column, std::wstring_view text
 
 bool CListEditableCtrl::mayLeaveEditor() {
     const int row = editor() ? editedItem() : -1;
-    if (row < 0) return true;
+    if (row < 0 || nothingChosen()) return true;
     const std::wstring text = editor()->GetWindowText();
     if (text == openedText()) return true;
     m_entered = true; // whatever the model's owner does meanwhile

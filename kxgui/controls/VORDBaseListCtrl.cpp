@@ -87,14 +87,15 @@ tv::ui::TextRows& VORDBaseListCtrl::ownRows() {
     return *m_rows;
 }
 
-// A row came or went: what was selected stays so.
-void VORDBaseListCtrl::selectionMoves(int at, int by) {
-    std::vector<int> rows = selection().rows();
-    if (by < 0) std::erase(rows, at);
-    for (int& row : rows)
-        if (row >= at) row += by;
-    RowsChanged();
-    SetSelection(tv::ui::RowSet(std::move(rows)));
+void VORDBaseListCtrl::RowsInserted(int at, int count) {
+    m_editCount += count;
+    CListCtrl::RowsInserted(at, count);
+}
+
+void VORDBaseListCtrl::RowsRemoved(int at, int count) {
+    if (editorRow() >= at && editorRow() - at < count) CloseEditor();
+    m_editCount -= count;
+    CListCtrl::RowsRemoved(at, count);
 }
 
 int VORDBaseListCtrl::InsertItem(int item, std::wstring_view text) {
@@ -105,7 +106,7 @@ int VORDBaseListCtrl::InsertItem(int item, std::wstring_view text) {
     tv::ui::ListCell first;
     first.text = text;
     rows.insert(rows.begin() + item, std::vector<tv::ui::ListCell>{std::move(first)});
-    selectionMoves(item, 1);
+    RowsInserted(item);
     return item;
 }
 
@@ -113,7 +114,7 @@ bool VORDBaseListCtrl::DeleteItem(int item) {
     EndLabelEditing();
     if (!m_rows || item < 0 || item >= GetItemCount()) return false;
     m_rows->rows.erase(m_rows->rows.begin() + item);
-    selectionMoves(item, -1);
+    RowsRemoved(item);
     return true;
 }
 
@@ -173,16 +174,33 @@ CComboBox* VORDBaseListCtrl::openCombo(int item, int column, const CRuntimeClass
     auto made = runtime->create(*this, "IDC_INPLACE_COMBO", (style & kComboEditable) != 0);
     CComboBox& combo = *made;
     if (fill) fill(combo);
-    if (combo.GetCurSel() < 0) combo.SetCurSel(combo.FindStringExact(-1, cellText(item, column)));
+    if (combo.GetCurSel() < 0)
+        if (const int same = combo.FindStringExact(-1, cellText(item, column)); same >= 0)
+            combo.SetCurSel(same);
     if (combo.GetCurSel() < 0 && combo.editable()) combo.SetWindowText(cellText(item, column));
     UpdateComboboxDroppedWidth(combo);
     combo.onKillFocus = [this, &combo] {
+        const bool nothing = m_cancelled || nothingChosen();
         std::optional<std::wstring> text;
-        if (!m_cancelled && !combo.GetWindowText().empty()) text = combo.GetWindowText();
-        editorLeft(std::move(text), m_cancelled);
+        if (!nothing && !combo.GetWindowText().empty()) text = combo.GetWindowText();
+        editorLeft(std::move(text), nothing);
+    };
+    // What is accepted in the open list is what the person wants.
+    combo.onCloseUp = [this](bool accepted) {
+        tv::ui::Toolkit* toolkit = tv::ui::Toolkit::current();
+        if (!accepted || !toolkit) return;
+        m_leaving = toolkit->post([this, edit = m_edit] {
+            if (edit == m_edit && editor() && mayLeaveEditor()) LeaveEditor();
+        });
     };
     showEditor(std::move(made), item, column);
+    combo.ShowDropDown();
     return &combo;
+}
+
+bool VORDBaseListCtrl::nothingChosen() const {
+    const auto* combo = dynamic_cast<const CComboBox*>(editor());
+    return combo && !combo->editable() && combo->GetCurSel() < 0;
 }
 
 bool VORDBaseListCtrl::openEditor(int item, int column) {
@@ -249,7 +267,8 @@ void VORDBaseListCtrl::EndLabelEditing() {
 }
 
 int VORDBaseListCtrl::editedItem() const {
-    return GetItemCount() == m_editCount && cellText(m_editItem, m_editColumn) == m_editText ? m_editItem : -1;
+    const int row = editorRow(); // goes along with rows that came and went
+    return GetItemCount() == m_editCount && cellText(row, m_editColumn) == m_editText ? row : -1;
 }
 
 void VORDBaseListCtrl::editorLeft(std::optional<std::wstring> text, bool cancelled) {

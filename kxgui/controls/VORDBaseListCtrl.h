@@ -43,6 +43,11 @@ class KXGUI_EXPORT VORDBaseListCtrl : public CListCtrl {
     // Shows rows of somebody else.
     void SetModel(std::shared_ptr<tv::ui::ListModel> model);
 
+    // Rows came or went in a model of somebody else. An open edit stays with its row, and ends without a word
+    // when that is gone.
+    void RowsInserted(int at, int count = 1);
+    void RowsRemoved(int at, int count = 1);
+
     // --- own rows
     // ------------------------------------------------------------------------------------------------- Rows of
     // a list without a model of its own. The first call makes the list one of those.
@@ -104,6 +109,8 @@ class KXGUI_EXPORT VORDBaseListCtrl : public CListCtrl {
     int openedItem() const { return m_editItem; }
     int openedColumn() const { return m_editColumn; }
     const std::wstring& openedText() const { return m_editText; }
+    // A drop-down list is open that shows none of its entries: the cell's text isn't among them.
+    bool nothingChosen() const;
     bool openEdit(int item, int column, std::wstring_view text, unsigned style);
     // `fill` fills it; an entry with the cell's text is selected when it selected none.
     CComboBox* openCombo(int item, int column, const CRuntimeClass* runtime, unsigned style,
@@ -113,7 +120,6 @@ class KXGUI_EXPORT VORDBaseListCtrl : public CListCtrl {
     bool bringIntoView(int item, int column);
     bool showEditor(std::unique_ptr<CWnd> editor, int item, int column);
     tv::ui::TextRows& ownRows();
-    void selectionMoves(int at, int by);
 
     std::vector<std::unique_ptr<HeaderInplaceData>> m_headerData; // by column
     std::shared_ptr<tv::ui::TextRows> m_rows;                     // null: the model is somebody else's
@@ -123,4 +129,5 @@ class KXGUI_EXPORT VORDBaseListCtrl : public CListCtrl {
     bool m_editing = false, m_cancelled = false;
     int m_editItem = -1, m_editColumn = -1, m_editCount = 0;
     std::wstring m_editText;
+    tv::ui::Timer m_leaving;
 };

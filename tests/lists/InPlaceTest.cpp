@@ -1,4 +1,6 @@
 #include "kxgui/controls/InPlaceEdit.h"
+#include "kxgui/controls/InPlaceFontCombos.h"
+#include "platform/host/TavoFonts.h"
 #include "tests/lists/ListProbe.h"
 
 #include <gmock/gmock.h>
@@ -17,7 +19,7 @@ class Table : public VORDBaseListCtrl {
   protected:
     void InitalizeInplaceCombobox(CComboBox& combo, int, int, int value) override {
         initialised = value;
-        combo.AddString(L"last");
+        if (value == 5) combo.AddString(L"last");
     }
     void OnEndLabelEdit(const LVDispInfo& info) override {
         told.push_back(info);
@@ -200,6 +202,19 @@ TEST_F(InPlace, DropDownListsAreMadeFilledAndReported) {
         if (list.editor()) u.key(L"Escape"); // the first one closes the open list
         EXPECT_EQ(list.GetItemText(0, 1), L"first");
         EXPECT_TRUE(list.told.back().cancelled);
+        const std::size_t told = list.told.size();
+        list.SetItemText(2, 1, L"none of them");
+        u.act("LIST", click(2, 1));
+        u.act("LIST", click(2, 0));
+        EXPECT_TRUE(list.told.back().cancelled) << "nothing was chosen";
+        EXPECT_EQ(list.told.size(), told + 1);
+        EXPECT_EQ(list.GetItemText(2, 1), L"none of them");
+        u.act("LIST", click(2, 1));
+        for (const wchar_t* key : {L"Down", L"Enter"})
+            u.key(key);
+        toolkit.runDue();
+        EXPECT_EQ(list.editor(), nullptr) << "an accepted entry ends it";
+        EXPECT_EQ(list.GetItemText(2, 1), L"first");
         CComboBox* given = list.ShowInPlaceList(1, 2, {L"a", L"b", L"c"}, 2);
         ASSERT_TRUE(given);
         EXPECT_EQ(given->GetLBText(given->GetCurSel()), L"c");
@@ -207,6 +222,42 @@ TEST_F(InPlace, DropDownListsAreMadeFilledAndReported) {
         u.click("IDOK");
         EXPECT_EQ(list.GetItemText(1, 2), L"b") << "leaving takes it";
     });
+}
+
+TEST_F(InPlace, FontsAndTheirStyles) {
+    struct Fonts : TavoFonts {
+        std::vector<OdString> families() const override { return {L"Serif", L"Sans"}; }
+        std::vector<Style> styles(const OdString& family) const override {
+            if (family != OdString(L"Sans")) return {};
+            return {{L"Book", false, false}, {L"Bold", true, false}};
+        }
+        std::vector<OdString> shapeFonts() const override { return {L"romans.shx"}; }
+    } fonts;
+    host.setFonts(&fonts);
+    const auto cell = [this](int item, int column) { return list.GetItemText(item, column); };
+    ASSERT_TRUE(list.CreateInPlaceCombobox(1, runtimeClass<CInPlaceFontComboBox>(), 0, kInPlacePlain,
+                                           std::make_shared<CInPlaceFontFiller>(cell)));
+    ASSERT_TRUE(list.CreateInPlaceCombobox(
+        2, runtimeClass<CInPlaceFontStyleComboBox>(), 0, kInPlacePlain,
+        std::make_shared<CInPlaceFontStyleFiller>([=](int item, int) { return cell(item, 1); }, cell)));
+    list.SetItemText(0, 1, L"Missing");
+    run([&](auto& u) {
+        u.act("LIST", click(0, 1));
+        EXPECT_EQ(u.look("IDC_INPLACE_COMBO").items->size(), 3u);
+        EXPECT_EQ(u.text("IDC_INPLACE_COMBO"), L"Missing");
+        u.choose("IDC_INPLACE_COMBO", L"Sans");
+        u.key(L"Tab");
+        EXPECT_EQ(list.GetItemText(0, 1), L"Sans");
+        EXPECT_EQ(u.look("IDC_INPLACE_COMBO").items, (std::vector<std::wstring>{L"Book", L"Bold"}));
+        u.choose("IDC_INPLACE_COMBO", L"Bold");
+        u.act("LIST", click(0, 0));
+        u.act("LIST", click(0, 2));
+        EXPECT_EQ(u.text("IDC_INPLACE_COMBO"), L"Bold");
+        u.act("LIST", click(1, 2)); // no font, no styles
+        EXPECT_TRUE(u.look("IDC_INPLACE_COMBO").items->empty());
+        u.click("IDOK");
+    });
+    EXPECT_EQ(list.GetItemText(1, 2), L"");
 }
 
 TEST_F(InPlace, TabGoesOnToTheNextCellThatCanBeEdited) {
@@ -255,6 +306,13 @@ TEST_F(InPlace, AnEditWhoseRowIsAnotherOneIsDropped) {
         EXPECT_EQ(list.editor(), nullptr) << "its row is gone";
         rows->rows.push_back({tv::ui::ListCell{.text = L"w"}});
         list.RowsChanged();
+        edit();
+        rows->rows.insert(rows->rows.begin(), {tv::ui::ListCell{.text = L"v"}});
+        list.RowsInserted(0);
+        u.key(L"Enter");
+        ASSERT_EQ(list.told.size(), 1u);
+        EXPECT_EQ(list.told[0].item, 2) << "it goes along with its row when the list is told";
+        list.told.clear();
         edit();
         list.SetModel(nullptr);
         EXPECT_EQ(list.editor(), nullptr);
