@@ -11,6 +11,7 @@
 #include "kxgui/frame/UnitsDlg.h"
 #include "kxgui/frame/WindowXbuttonMessageDlg.h"
 #include "kxgui/sysvars/SysVarsDlg.h"
+#include "platform/drawing/OdDbBlockTable.h"
 #include "platform/frx/TaskDialog.h"
 #include "platform/host/TavoDocumentManager.h"
 #include "platform/host/TavoInterfaces.h"
