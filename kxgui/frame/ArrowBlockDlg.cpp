@@ -64,7 +64,7 @@ void CArrowBlockDlg::InitCtrl() {
 }
 
 void CArrowBlockDlg::Data2Dlg() {
-    m_list.SetCurSel(m_list.FindStringExact(-1, m_name));
+    m_list.SetCurSel(std::max(0, m_list.FindStringExact(-1, m_name)));
     m_list.SetFocus();
 }
 

@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::size_t longestShown = 400; // characters of a text nobody reads to its end in a list
 constexpr int rowsInView = 14;
-constexpr int widestHint = 48, widestMinimum = 16; // average characters
+constexpr int widestHint = 48, widestMinimum = 32; // average characters
 constexpr int margin = 2;
 
 // One line, whatever a drawing's names hold.
