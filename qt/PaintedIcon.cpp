@@ -9,7 +9,7 @@ namespace {
 
 class PaintedEngine : public QIconEngine {
   public:
-    PaintedEngine(QSizeF size, std::function<void(QPainter&)> paint)
+    PaintedEngine(QSizeF size, std::function<void(QPainter&, bool selected)> paint)
         : m_size(size), m_paint(std::move(paint)) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
@@ -20,7 +20,7 @@ class PaintedEngine : public QIconEngine {
         painter->translate(rect.center() + QPointF(0.5, 0.5));
         painter->scale(scale, scale);
         painter->translate(-m_size.width() / 2, -m_size.height() / 2);
-        m_paint(*painter);
+        m_paint(*painter, mode == QIcon::Selected);
         painter->restore();
     }
 
@@ -44,12 +44,16 @@ class PaintedEngine : public QIconEngine {
 
   private:
     QSizeF m_size;
-    std::function<void(QPainter&)> m_paint;
+    std::function<void(QPainter&, bool selected)> m_paint;
 };
 
 } // namespace
 
 QIcon paintedIcon(QSizeF size, std::function<void(QPainter&)> paint) {
+    return selectableIcon(size, [paint = std::move(paint)](QPainter& painter, bool) { paint(painter); });
+}
+
+QIcon selectableIcon(QSizeF size, std::function<void(QPainter&, bool selected)> paint) {
     return QIcon(new PaintedEngine(size, std::move(paint)));
 }
 

@@ -66,4 +66,8 @@ class KXGUI_EXPORT CSimpleColorCobx : public CCobxColor {
         SetType(typeLayer);
         SetFollowsDrawing(false);
     }
+    // Wherever it stands, there is no ByLayer; where nothing belongs to a layer there is black.
+    void SetType(ControlType type) override {
+        CCobxColor::SetType(type == typeNoLayerBlock ? typeNoLayerBlock : typeLayer);
+    }
 };

@@ -229,7 +229,9 @@ std::uintptr_t itemData(OdDbObjectId object) {
 }
 
 OdDbObjectId objectOfItem(OdDbDatabase* database, std::uintptr_t data) {
-    return database && data > 0 ? OdDbObjectId(database, static_cast<RecordId>(data - 1)) : OdDbObjectId();
+    // Entries that are no records have data beyond those of all records.
+    const bool record = database && data > 0 && data <= database->store().recordCount();
+    return record ? OdDbObjectId(database, static_cast<RecordId>(data - 1)) : OdDbObjectId();
 }
 
 std::uint64_t recordsRead() { return g_read; }

@@ -15,7 +15,7 @@ enum class RecordKind { layers, linetypes, textStyles, dimStyles };
 // what changed since.
 KXGUI_EXPORT tv::ui::SharedItems recordItems(OdDbDatabase& database, RecordKind kind);
 
-// An item's data and the object it stands for; 0 for none.
+// An item's data and the object it stands for; 0 for none. Data of no record answers null.
 KXGUI_EXPORT std::uintptr_t itemData(OdDbObjectId object);
 KXGUI_EXPORT OdDbObjectId objectOfItem(OdDbDatabase* database, std::uintptr_t data);
 

@@ -100,7 +100,8 @@ DisplayList dashes(const std::vector<double>& lengths) {
     const double scale = std::max(std::min(end / (2 * length), pixelsPerUnit), shortest / length);
     for (double x = 1; x < end;)
         for (const double dash : lengths) {
-            const double run = dash == 0 ? dotWidth : std::abs(dash) * scale;
+            // Dots, and dashes too short to be seen as such.
+            const double run = std::max(std::abs(dash) * scale, dash >= 0 ? dotWidth : 0.0);
             if (dash >= 0) piece(x, x + run);
             x += run;
             if (x >= end) break;

@@ -172,6 +172,7 @@ DropDownList::DropDownList(QComboBox& box, ItemRows& rows)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(&m_view);
     m_view.setFrameStyle(QFrame::NoFrame);
+    m_view.setMinimumHeight(1); // a short list is as high as its rows
     m_view.setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_view.setSelectionMode(QAbstractItemView::SingleSelection);
     m_view.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

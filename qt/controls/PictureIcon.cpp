@@ -90,14 +90,20 @@ class IconCache {
     };
 
     static QIcon make(const ui::Picture& picture) {
-        return paintedIcon(iconSize(picture), [kept = std::weak_ptr(picture)](QPainter& painter) {
-            const auto list = kept.lock();
-            if (!list) return;
-            QTransform map;
-            map.translate(-list->low.x, list->high.y);
-            map.scale(1, -1);
-            paintDisplayList(painter, *list, map, QApplication::palette());
-        });
+        return selectableIcon(iconSize(picture),
+                              [kept = std::weak_ptr(picture)](QPainter& painter, bool selected) {
+                                  const auto list = kept.lock();
+                                  if (!list) return;
+                                  QTransform map;
+                                  map.translate(-list->low.x, list->high.y);
+                                  map.scale(1, -1);
+                                  QPalette palette = QApplication::palette();
+                                  if (selected) {
+                                      palette.setBrush(QPalette::Text, palette.highlightedText());
+                                      palette.setBrush(QPalette::Base, palette.highlight());
+                                  }
+                                  paintDisplayList(painter, *list, map, palette);
+                              });
     }
 
     void sweep() {

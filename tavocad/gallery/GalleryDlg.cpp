@@ -12,7 +12,12 @@ constexpr tv::text::TableText types[] = {{"IDS_TAVO_GALLERY_TYPE_TOOLBAR", L"도
                                          {"IDS_TAVO_GALLERY_TYPE_DIALOG", L"대화상자"},
                                          {"IDS_TAVO_GALLERY_TYPE_PROPERTIES", L"선택한 객체의 특성"},
                                          {"IDS_TAVO_GALLERY_TYPE_LAYER", L"도면층 자체의 특성"}};
-constexpr tv::text::TableText titles[] = {{"IDS_TAVO_GALLERY_UNITS", L"단위"}};
+constexpr tv::text::TableText titles[] = {{"IDS_TAVO_GALLERY_COLORS", L"색상과 도면층"},
+                                          {"IDS_TAVO_GALLERY_LINES", L"선"},
+                                          {"IDS_TAVO_GALLERY_TEXT", L"문자"},
+                                          {"IDS_TAVO_GALLERY_STYLES", L"스타일"},
+                                          {"IDS_TAVO_GALLERY_UNITS", L"단위"},
+                                          {"IDS_TAVO_GALLERY_LIST", L"편집 목록"}};
 
 } // namespace
 
@@ -20,6 +25,7 @@ CGalleryDlg::CGalleryDlg(CWnd* parent) : VORDRunDlg(IDD_GALLERY, parent) {
     m_type.LabelledBy(m_typeLabel);
     for (CGalleryPage* page : pages())
         m_tabs.AddPage(*page, {});
+    m_tabs.AddPage(m_list, {});
     m_type.onSelChange = [this] { showType(); };
     m_enabled.onClick = [this] {
         for (CGalleryPage* page : pages())
@@ -28,7 +34,7 @@ CGalleryDlg::CGalleryDlg(CWnd* parent) : VORDRunDlg(IDD_GALLERY, parent) {
     m_help.onClick = [this] { OnHelpInfo(); };
 }
 
-std::vector<CGalleryPage*> CGalleryDlg::pages() { return {&m_units}; }
+std::vector<CGalleryPage*> CGalleryDlg::pages() { return {&m_colors, &m_lines, &m_text, &m_styles, &m_units}; }
 
 void CGalleryDlg::SetText() {
     SetWindowText(VORD_ResourceString("IDS_TAVO_GALLERY_CAPTION", L"갤러리"));
@@ -46,6 +52,7 @@ void CGalleryDlg::SetText() {
         m_tabs.SetPageTitle(i, titles[i].text());
     for (CGalleryPage* page : pages())
         page->SetText();
+    m_list.SetText();
     m_help.SetWindowText(VORD_ResourceString("IDS_TAVO_GALLERY_HELP", L"도움말(&H)"));
     m_close.SetWindowText(VORD_ResourceString("IDS_TAVO_GALLERY_CLOSE", L"닫기"));
 }
@@ -56,7 +63,13 @@ void CGalleryDlg::InitCtrl() {
         m_type.AddString(type.text());
     m_type.SetCurSel(VORDCobxBase::typeDialog);
     m_enabled.SetCheck(CCheckBox::checked);
+    m_list.InitCtrl();
     m_tabs.SetCurSel(0);
+}
+
+void CGalleryDlg::OnDestroy() {
+    m_list.SaveColumns();
+    VORDRunDlg::OnDestroy();
 }
 
 void CGalleryDlg::Data2Dlg() { showType(); }

@@ -3,6 +3,8 @@
 #include "kxgui/frame/VORDBaseDlg.h"
 #include "platform/toolkit/Button.h"
 #include "platform/toolkit/TabCtrl.h"
+#include "tavocad/gallery/GalleryListPage.h"
+#include "tavocad/gallery/GalleryPropertyPages.h"
 #include "tavocad/gallery/GalleryUnitsPage.h"
 
 #include <vector>
@@ -18,6 +20,9 @@ class CGalleryDlg : public VORDRunDlg {
     void Data2Dlg() override;
     int Dlg2Data() override { return 1; }
 
+  protected:
+    void OnDestroy() override;
+
   private:
     std::vector<CGalleryPage*> pages();
     void showType();
@@ -27,7 +32,12 @@ class CGalleryDlg : public VORDRunDlg {
     CComboBox m_type{*this, "IDC_GALLERY_TYPE"};
     CCheckBox m_enabled{*this, "IDC_GALLERY_ENABLED"};
     CTabCtrl m_tabs{*this, "IDC_GALLERY_TABS"};
+    CGalleryColorsPage m_colors{m_tabs, "IDC_GALLERY_COLORS_PAGE"};
+    CGalleryLinesPage m_lines{m_tabs, "IDC_GALLERY_LINES_PAGE"};
+    CGalleryTextPage m_text{m_tabs, "IDC_GALLERY_TEXT_PAGE"};
+    CGalleryStylesPage m_styles{m_tabs, "IDC_GALLERY_STYLES_PAGE"};
     CGalleryUnitsPage m_units{m_tabs, "IDC_GALLERY_UNITS_PAGE"};
+    CGalleryListPage m_list{m_tabs, "IDC_GALLERY_LIST_PAGE"};
     CButton m_help{*this, "IDC_GALLERY_HELP"};
     CButton m_close{*this, "IDCANCEL"};
 };

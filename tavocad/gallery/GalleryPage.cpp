@@ -11,10 +11,11 @@ CGalleryPage::CGalleryPage(unsigned templateId, CWnd& parent, const char* name)
 
 void CGalleryPage::wire(const Shown& shown) {
     shown.combo->LabelledBy(*shown.label);
-    shown.combo->onSelChange = [this] {
-        OnChosen();
+    shown.combo->onSelChange = [this, combo = shown.combo] {
+        OnChosen(*combo);
         showValues();
     };
+    shown.combo->onEditChange = [this] { showValues(); };
 }
 
 void CGalleryPage::SetText() {

@@ -49,7 +49,7 @@ class CGalleryPage : public VORDBaseChildDlg {
     // The lists are filled.
     virtual void OnFilled() {}
     // A person chose in one of them.
-    virtual void OnChosen() {}
+    virtual void OnChosen(VORDCobxBase& /*combo*/) {}
 
   private:
     struct Shown {

@@ -10,7 +10,8 @@ namespace {
 constexpr tv::text::TableText labels[] = {{"IDS_TAVO_GALLERY_LUNIT", L"길이 유형(&T):"},
                                           {"IDS_TAVO_GALLERY_LPREC", L"길이 정밀도(&P):"},
                                           {"IDS_TAVO_GALLERY_AUNIT", L"각도 유형(&Y):"},
-                                          {"IDS_TAVO_GALLERY_APREC", L"각도 정밀도(&N):"}};
+                                          {"IDS_TAVO_GALLERY_APREC", L"각도 정밀도(&N):"},
+                                          {"IDS_TAVO_GALLERY_DSEP", L"소수점 기호(&M):"}};
 
 auto valueOf(const wchar_t* name) {
     return [name](CCobxUnitBase& list) { return gallery::variable(name, list.GetValue(0)); };
@@ -30,6 +31,8 @@ CGalleryUnitsPage::CGalleryUnitsPage(CWnd& parent, const char* name)
     add<CCobxLPrec>(m_lengthPrecision, labels[1], valueOf(L"LUPREC"));
     add<CCobxAUnit>(m_angleType, labels[2], valueOf(L"AUNITS"));
     add<CCobxAPrec>(m_anglePrecision, labels[3], valueOf(L"AUPREC"));
+    add<CCobxDSep>(m_separator, labels[4],
+                   [](CCobxDSep& list) { return gallery::variable(L"DIMDSEP", list.GetSeparator()); });
     m_lengthType.combo.SetChild({&m_lengthPrecision.combo});
     m_angleType.combo.SetChild({&m_anglePrecision.combo});
 }
@@ -43,4 +46,6 @@ void CGalleryUnitsPage::OnFilled() {
         m_angleType.combo.SelectType(current(L"AUNITS", 0));
         m_anglePrecision.combo.SelectValue(current(L"AUPREC", 0));
     }
+    if (m_separator.combo.GetCurSel() < 0)
+        m_separator.combo.SelectSeparator(static_cast<wchar_t>(current(L"DIMDSEP", L'.')));
 }

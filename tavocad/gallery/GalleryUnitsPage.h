@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kxgui/controls/DSepCombo.h"
 #include "kxgui/controls/UnitCombos.h"
 #include "tavocad/gallery/GalleryPage.h"
 
@@ -16,4 +17,5 @@ class CGalleryUnitsPage : public CGalleryPage {
     Exhibit<CCobxLPrec> m_lengthPrecision{*this, "IDC_GALLERY_LPREC"};
     Exhibit<CCobxAUnit> m_angleType{*this, "IDC_GALLERY_AUNIT"};
     Exhibit<CCobxAPrec> m_anglePrecision{*this, "IDC_GALLERY_APREC"};
+    Exhibit<CCobxDSep> m_separator{*this, "IDC_GALLERY_DSEP"};
 };

@@ -152,6 +152,8 @@ void MainWindow::buildMenus() {
     addCommand(
         help, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_COMMANDS", L"명령 목록(&C)")); }, L"HELP",
         QKeySequence::HelpContents);
+    addCommand(
+        help, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_GALLERY", L"갤러리(&G)...")); }, L"GALLERY");
     addAction(
         help, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_ABOUT", L"정보(&A)")); },
         [this] {

@@ -21,8 +21,8 @@
 #include <string>
 #include <vector>
 
-// One dialog with contents a user would see, for checks that go through every registered template. A template embedded as
-// a page belongs to the dialog that shows it.
+// One dialog with contents a user would see, for checks that go through every registered template. A template
+// embedded as a page belongs to the dialog that shows it.
 struct SampleDialog {
     std::string templateName;
     std::function<void()> run; // constructs it and runs it modally
@@ -36,7 +36,8 @@ inline std::vector<SampleDialog> allDialogs() {
     };
     add("IDD_TASK_DIALOG", [] {
         CTaskDialogVE(nullptr, L"도면 단위", L"단위를 바꾸시겠습니까?", L"이 도면의 치수는 그대로 남습니다.",
-                      zel::frx::taskOK | zel::frx::taskYes | zel::frx::taskNo | zel::frx::taskRetry | zel::frx::taskCancel,
+                      zel::frx::taskOK | zel::frx::taskYes | zel::frx::taskNo | zel::frx::taskRetry |
+                          zel::frx::taskCancel,
                       zel::frx::taskIconWarning)
             .DoModal();
     });
@@ -58,7 +59,8 @@ inline std::vector<SampleDialog> allDialogs() {
         dialog.DoModal();
     });
     add("IDD_MULTI_ASK", [] {
-        CMultiAskDlg(L"블록", L"같은 이름의 블록이 있습니다.", {L"바꾸기", L"이름 바꿔 추가", L"건너뛰기"}, {10, 20, 30}, nullptr)
+        CMultiAskDlg(L"블록", L"같은 이름의 블록이 있습니다.", {L"바꾸기", L"이름 바꿔 추가", L"건너뛰기"},
+                     {10, 20, 30}, nullptr)
             .DoModal();
     });
     add("IDD_ASK_MESSAGE", [] {
@@ -80,17 +82,21 @@ inline std::vector<SampleDialog> allDialogs() {
         {"IDD_COLOR_INDEX", "IDD_COLOR_TRUE"});
     add("IDD_LINETYPE", [] { CLinetypeDlg(OdDbDatabase::create(), true, nullptr).DoModal(); });
     add("IDD_LINEWEIGHT", [] { CLineWeightDlg(OdDbDatabase::create(), nullptr).DoModal(); });
-    add("IDD_GALLERY", [] {
-        TavoDocumentManager& documents = *getTavoInterfaces()->documentManager();
-        TavoDocument* const drawing = documents.newDocument();
-        CGalleryDlg(nullptr).DoModal();
-        documents.closeDocument(drawing);
-    }, {"IDD_GALLERY_UNITS"});
+    add("IDD_GALLERY",
+        [] {
+            TavoDocumentManager& documents = *getTavoInterfaces()->documentManager();
+            TavoDocument* const drawing = documents.newDocument();
+            CGalleryDlg(nullptr).DoModal();
+            documents.closeDocument(drawing);
+        },
+        {"IDD_GALLERY_COLORS", "IDD_GALLERY_LINES", "IDD_GALLERY_TEXT", "IDD_GALLERY_STYLES",
+         "IDD_GALLERY_UNITS", "IDD_GALLERY_LIST"});
     add("IDD_SYSVARS", [] { CSysVarsDlg(OdDbDatabase::create(), nullptr).DoModal(); });
     add("IDD_ARROW_BLOCK", [] {
         const auto database = OdDbDatabase::create();
         const auto blocks = database->getBlockTableId().open<OdDbBlockTable>(OdDb::kForWrite);
-        for (const wchar_t* name : {L"화살표 1", L"화살표 2", L"화살표 10"}) blocks->add(name);
+        for (const wchar_t* name : {L"화살표 1", L"화살표 2", L"화살표 10"})
+            blocks->add(name);
         CArrowBlockDlg(database, nullptr).DoModal();
     });
     return all;
