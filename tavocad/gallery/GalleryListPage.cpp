@@ -27,7 +27,7 @@ constexpr tv::text::TableText titles[] = {
     {"IDS_TAVO_GALLERY_COL_WEIGHT", L"선가중치"}, {"IDS_TAVO_GALLERY_COL_STATE", L"상태"},
     {"IDS_TAVO_GALLERY_COL_FONT", L"글꼴"},       {"IDS_TAVO_GALLERY_COL_FONT_STYLE", L"글꼴 유형"},
     {"IDS_TAVO_GALLERY_COL_LENGTH", L"길이"},     {"IDS_TAVO_GALLERY_COL_REMARK", L"비고"}};
-constexpr int widths[] = {110, 90, 150, 60, 130, 90, 80, 120};
+constexpr int widths[] = {110, 90, 150, 60, 130, 120, 80, 120};
 
 class Choices : public ICtrlFiller {
   public:
