@@ -14,8 +14,7 @@ std::string edit(const std::string& name, const std::string& action) {
 
 const std::string type = "{\"do\":\"type\",\"control\":\"IDC_INPLACE_EDIT\",\"text\":\"7\"}\n"
                          "{\"do\":\"key\",\"key\":\"Enter\"}\n";
-const std::string choose = "{\"do\":\"choose\",\"control\":\"IDC_INPLACE_COMBO\",\"text\":\"4\"}\n"
-                           "{\"do\":\"key\",\"key\":\"Enter\"}\n";
+const std::string choose = "{\"do\":\"choose\",\"control\":\"IDC_INPLACE_COMBO\",\"text\":\"4\"}\n";
 
 } // namespace
 
