@@ -24,7 +24,7 @@
 namespace tv::qt {
 
 DialogWindow::DialogWindow(CDialog& dialog, const TemplateLoader& loader, QWidget* owner)
-    : QDialog(dialog.embedded() ? nullptr : owner), m_dialog(dialog), m_embedded(dialog.embedded()) {
+    : QDialog(dialog.embedded() && dialog.modeless() ? nullptr : owner), m_dialog(dialog), m_embedded(dialog.embedded() && dialog.modeless()) {
     setObjectName(QString::fromStdString(dialog.templateName()));
     setAttribute(Qt::WA_QuitOnClose, false);
     setWindowModality(dialog.modeless() ? Qt::NonModal : Qt::ApplicationModal);

@@ -5,6 +5,7 @@
 #include "platform/text/Unicode.h"
 #include "qt/controls/ComboBridge.h"
 #include "qt/controls/CommandButton.h"
+#include "qt/controls/FlowLayout.h"
 #include "qt/controls/KxDrawArea.h"
 #include "qt/controls/KxSwatchGrid.h"
 #include "qt/controls/ListView.h"
@@ -39,6 +40,12 @@ class Loader : public QUiLoader {
             return QUiLoader::createWidget(className, parent, name);
         widget->setObjectName(name);
         return widget;
+    }
+    QLayout* createLayout(const QString& className, QObject* parent, const QString& name) override {
+        if (className != QLatin1String("KxFlowLayout")) return QUiLoader::createLayout(className, parent, name);
+        auto* layout = new FlowLayout(qobject_cast<QWidget*>(parent));
+        layout->setObjectName(name);
+        return layout;
     }
 };
 

@@ -75,6 +75,7 @@ int runHeadless(const Options& options) {
     tv::ui::HeadlessToolkit toolkit;
     TavoSession session;
     startSession(session, options);
+    session.startPropertiesBar();
     PipeChannel channel(STDIN_FILENO, STDOUT_FILENO);
     FaceAbilities abilities;
     abilities.advance = [&toolkit](std::chrono::milliseconds by) { toolkit.advance(by); };

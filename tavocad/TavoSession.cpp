@@ -1,5 +1,6 @@
 #include "tavocad/TavoSession.h"
 
+#include "kxgui/controls/PropertiesBar.h"
 #include "kxgui/frame/Messages.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/frx/MDlgMove.h"
@@ -30,6 +31,8 @@
 using tv::text::format;
 
 namespace {
+
+constexpr wchar_t propertiesBarKey[] = L"PropertiesBar";
 
 constexpr wchar_t referencePath[] = L"XREFPATH";
 
@@ -101,6 +104,7 @@ TavoSession::TavoSession(std::unique_ptr<tv::SettingsStore> settings)
 }
 
 TavoSession::~TavoSession() {
+    m_propertiesBar.reset(); // while there is a host to let go of
     m_host->selection()->setLocator(nullptr);
     zel::frx::setPlacementStore(nullptr);
 }
@@ -404,6 +408,20 @@ OdString TavoSession::unknownLanguage(const OdString& code) {
     return format(VORD_ResourceString("IDS_TAVO_UNKNOWN_LANGUAGE",
                                       L"\"%s\"(이)라는 언어는 없습니다. 가능한 값: kr, en, jp, rs, ch."),
                   code);
+}
+
+void TavoSession::startPropertiesBar() {
+    if (m_propertiesBar) return;
+    m_propertiesBar = std::make_unique<CPropertiesBar>();
+    m_propertiesBar->ShowBar(m_host->settings()->getInt(settingsSection, propertiesBarKey).value_or(1) != 0);
+    m_propertiesBar->Create();
+}
+
+void TavoSession::showPropertiesBar(bool show) {
+    if (!m_propertiesBar || m_propertiesBar->shown() == show) return;
+    m_propertiesBar->ShowBar(show);
+    m_host->settings()->setInt(settingsSection, propertiesBarKey, show);
+    propertiesBarShown.notify();
 }
 
 void TavoSession::requestQuit() {

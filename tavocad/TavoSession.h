@@ -16,6 +16,7 @@
 #include <vector>
 
 struct UiLanguage;
+class CPropertiesBar;
 class DrawingScenes;
 class SceneLocator;
 class SelectionRequests;
@@ -126,12 +127,17 @@ class TavoSession {
     // The one of the settings, else the system's.
     const UiLanguage& rememberedLanguage();
     static const UiLanguage& language();
+    // The bar of properties: made once, by whoever shows the program, and shown unless a person has hidden it.
+    void startPropertiesBar();
+    CPropertiesBar* propertiesBar() const { return m_propertiesBar.get(); } // null before
+    void showPropertiesBar(bool show);                                      // remembered in the settings
     void requestQuit();
     bool quitRequested() const { return m_quit; }
 
     // Somebody wants another part of the drawing in view.
     tv::host::Signal<const ZoomRequest&> zoom;
     tv::host::Signal<> quitting;
+    tv::host::Signal<> propertiesBarShown; // or hidden
 
   private:
     // An alias spelled out.
@@ -149,6 +155,7 @@ class TavoSession {
     std::unique_ptr<SceneLocator> m_locator;
     std::unique_ptr<SelectionRequests> m_objects;
     std::unique_ptr<VersionWarnings> m_versionWarnings;
+    std::unique_ptr<CPropertiesBar> m_propertiesBar;
     tv::host::Subscription m_documentsWatched, m_sysvarsWatched, m_cutWatched;
     tv::host::Signal<const OdString&, int> m_commandEnded;
     std::vector<CommandSpec> m_commands;

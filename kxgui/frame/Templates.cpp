@@ -7,7 +7,7 @@
 namespace kx::frame {
 namespace {
 
-constexpr std::array<tv::ui::DialogTemplate, 14> templates{{
+constexpr std::array<tv::ui::DialogTemplate, 15> templates{{
     {IDD_UNITS, "IDD_UNITS", {260, 190}, false},
     {IDD_UNITS_DIRECTION, "IDD_UNITS_DIRECTION", {150, 170}, false},
     {IDD_MESSAGE, "IDD_MESSAGE", {267, 192}, false},
@@ -19,6 +19,7 @@ constexpr std::array<tv::ui::DialogTemplate, 14> templates{{
     {IDD_COLOR_INDEX, "IDD_COLOR_INDEX", {280, 180}, false},
     {IDD_COLOR_TRUE, "IDD_COLOR_TRUE", {280, 180}, false},
     {IDD_LINETYPE, "IDD_LINETYPE", {300, 190}, true},
+    {IDD_PROPERTIES_BAR, "IDD_PROPERTIES_BAR", {600, 20}, false},
     {IDD_LINEWEIGHT, "IDD_LINEWEIGHT", {170, 200}, true},
     {IDD_SYSVARS, "IDD_SYSVARS", {580, 310}, true},
     {IDD_ARROW_BLOCK, "IDD_ARROW_BLOCK", {180, 170}, true},

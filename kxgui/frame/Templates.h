@@ -15,5 +15,6 @@ enum KxTemplate : unsigned {
     IDD_LINETYPE,
     IDD_LINEWEIGHT,
     IDD_SYSVARS,
-    IDD_ARROW_BLOCK
+    IDD_ARROW_BLOCK,
+    IDD_PROPERTIES_BAR
 };

@@ -22,6 +22,8 @@ int VORDBaseDlg::DoModal() {
     return MInternationalDlg::DoModal();
 }
 
+bool VORDBaseDlg::Create() { return kxGuiModuleReady() && MInternationalDlg::Create(); }
+
 int VORDBaseDlg::OnInitDialog() {
     initialized = sizeRestored = 0;
     if (sizingFrame() || resizable) {

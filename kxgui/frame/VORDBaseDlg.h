@@ -17,6 +17,8 @@ class KXGUI_EXPORT VORDBaseDlg : public zel::frx::MDlgMove {
 
     // Brackets the run with the host's begin-modal and end-modal notifications.
     int DoModal() override;
+    // No run, no notifications.
+    bool Create() override;
     int OnInitDialog() override;
     void OnSize(unsigned type, int cx, int cy) override;
     HitTest OnNcHitTest(CPoint point) override;

@@ -87,7 +87,7 @@ void CDialog::initialise() {
         if (wnd.kind() == ControlKind::page) static_cast<CPage&>(wnd).OnInitDialog();
     });
     const bool wantsFocus = OnInitDialog() != 0;
-    if (!wantsFocus || m_focus || embedded()) return;
+    if (!wantsFocus || m_focus || (m_modeless && embedded())) return;
     if (const auto order = tabOrder(); !order.empty()) moveFocusTo(order.front(), false);
 }
 

@@ -45,7 +45,8 @@ class KXPLATFORM_EXPORT CDialog : public CWnd {
     // OnDestroy of its own calls this in its destructor.
     void DestroyWindow();
     bool modeless() const { return m_modeless; }
-    // The window stands within the program's main window, which places it; it has no frame and no title bar.
+    // Made with Create the window stands within the program's main window, which places it; it has no frame and no title
+    // bar.
     virtual bool embedded() const { return false; }
     // Ends the run. Ignored when the dialog is not running or has ended already: the first end counts. A window
     // made with Create is taken away when everything under way has finished.
@@ -95,6 +96,8 @@ class KXPLATFORM_EXPORT CDialog : public CWnd {
     tv::ui::UserResult userClose();
     // Any key pressed while the dialog is topmost.
     tv::ui::UserResult userKey(const tv::ui::KeyEvent& key);
+    // What the window has put off to a moment later happens now, before somebody looks who can't wait.
+    virtual void settle() {}
     // Whether Alt with this letter (upper case) leads to one of the controls.
     bool hasMnemonic(wchar_t ch) const;
     // The part of userKey that is the dialog's (Enter, Escape, Tab, mnemonics, F1); true when it was used. A

@@ -75,7 +75,9 @@ class AutomationServer : public tv::ui::Driver {
     void doLanguage(const Fields&);
     void doQuit(const Fields&);
 
-    CDialog& window() const;        // the one a person can act on; throws RequestError when there is none
+    // The one the request names, at rest, or the modal one a person can act on; throws RequestError when there is
+    // none.
+    CDialog& window(const Fields& fields) const;
     TavoDocument& document() const; // throws likewise
     void requireIdle() const;       // throws while a command runs or something waits for an answer
 

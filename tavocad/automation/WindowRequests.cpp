@@ -3,10 +3,12 @@
 #include "tavocad/automation/AutomationServer.h"
 #include "tavocad/automation/SnapshotJson.h"
 
+#include "platform/text/Format.h"
 #include "platform/text/ResourceString.h"
 #include "platform/text/Unicode.h"
 #include "platform/toolkit/Dialog.h"
 #include "platform/toolkit/Snapshot.h"
+#include "tavocad/NearNames.h"
 #include "tavocad/SelectionRequests.h"
 #include "tavocad/TavoSession.h"
 
@@ -16,7 +18,23 @@
 using tv::ui::UserAction;
 using tv::ui::UserResult;
 
-CDialog& AutomationServer::window() const {
+CDialog& AutomationServer::window(const Fields& fields) const {
+    if (const auto wanted = fields.optionalText("window")) {
+        std::vector<CDialog*> open = m_toolkit.modalStack();
+        open.insert(open.begin(), m_toolkit.modelessWindows().begin(), m_toolkit.modelessWindows().end());
+        std::vector<std::wstring> names;
+        for (const CDialog* dialog : open)
+            names.push_back(tv::text::fromUtf8(dialog->templateName()));
+        const auto at = std::find(names.rbegin(), names.rend(), *wanted);
+        if (at == names.rend())
+            throw RequestError{tv::text::format(
+                VORD_ResourceString("IDS_TAVO_AUTO_NO_SUCH_WINDOW",
+                                    L"\"%s\"(이)라는 창은 열려 있지 않습니다. 열려 있는 창: %s."),
+                *wanted, names.empty() ? L"-" : joined(names))};
+        CDialog& found = *open[static_cast<std::size_t>(names.rend() - at) - 1];
+        found.settle();
+        return found;
+    }
     if (CDialog* topmost = m_toolkit.topmost()) return *topmost;
     throw RequestError{VORD_ResourceString("IDS_TAVO_AUTO_NO_WINDOW", L"열려 있는 창이 없습니다.").c_str()};
 }
@@ -25,7 +43,7 @@ void AutomationServer::doDialog(const Fields& fields) {
     const int first = std::max(0, fields.optionalInteger("first").value_or(0));
     const int count = std::max(0, fields.optionalInteger("count").value_or(20));
     const int fitting = std::min(count, std::numeric_limits<int>::max() - first);
-    m_reply->extra["dialog"] = toJson(tv::ui::snapshot(window(), first, fitting));
+    m_reply->extra["dialog"] = toJson(tv::ui::snapshot(window(fields), first, fitting));
 }
 
 void AutomationServer::doAction(const Fields& fields) {
@@ -39,10 +57,10 @@ void AutomationServer::doAction(const Fields& fields) {
     const auto control = ofWindow ? fields.optionalText("control") : fields.text("control");
     const auto request = m_request;
     UserResult result;
-    if (action.kind == Kind::key && !m_toolkit.topmost() && m_waiting->supply) {
+    if (action.kind == Kind::key && !m_toolkit.topmost() && m_waiting->supply && !fields.find("window")) {
         result = m_waiting->supply(action);
     } else {
-        CDialog& dialog = window();
+        CDialog& dialog = window(fields);
         CWnd& target = control ? controlOf(dialog, *control) : dialog;
         result = target.perform(action);
     }

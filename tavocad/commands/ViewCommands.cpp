@@ -1,5 +1,6 @@
 #include "tavocad/commands/Commands.h"
 
+#include "kxgui/controls/PropertiesBar.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbLayout.h"
 #include "platform/host/TavoCommandLine.h"
@@ -120,6 +121,26 @@ int layout(TavoSession& session, TavoEdCommandContext& context) {
     return RTERROR;
 }
 
+// ON and OFF, or without a word the keyboard goes to the bar.
+int propertiesBar(TavoSession& session) {
+    const std::wstring word = tv::text::toUpper(session.arguments().view());
+    CPropertiesBar* bar = session.propertiesBar();
+    if (bar && (word == L"ON" || word == L"OFF")) {
+        session.showPropertiesBar(word == L"ON");
+        return RTNORM;
+    }
+    if (bar && word.empty()) {
+        session.showPropertiesBar(true);
+        bar->settle();
+        bar->TakeKeyboard();
+        return RTNORM;
+    }
+    session.host().commandLine()->print(tv::text::format(
+        VORD_ResourceString("IDS_TAVO_PROPERTIESBAR_WORDS", L"\"%s\"은(는) ON이나 OFF가 아닙니다."),
+        session.arguments()));
+    return RTERROR;
+}
+
 } // namespace
 
 void registerViewCommands(TavoSession& session) {
@@ -136,6 +157,14 @@ void registerViewCommands(TavoSession& session) {
          {L"LO"},
          [] { return OdString(VORD_ResourceString("IDS_TAVO_HELP_LAYOUT", L"배치를 나열하거나 보여 줍니다")); },
          [&session](TavoEdCommandContext& context) { return layout(session, context); }});
+    session.addCommand({L"PROPERTIESBAR",
+                        {L"PBAR"},
+                        [] {
+                            return OdString(
+                                VORD_ResourceString("IDS_TAVO_HELP_PROPERTIESBAR",
+                                                    L"특성 도구막대로 갑니다. ON, OFF: 보이거나 숨깁니다"));
+                        },
+                        [&session](TavoEdCommandContext&) { return propertiesBar(session); }});
     session.addCommand(
         {L"REDRAW",
          {L"R"},

@@ -1,5 +1,6 @@
 #include "tavocad/window/MainWindow.h"
 
+#include "kxgui/controls/PropertiesBar.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbLayout.h"
 #include "platform/host/TavoCommandLine.h"
@@ -11,6 +12,7 @@
 #include "platform/text/MessageManager.h"
 #include "platform/text/ResourceString.h"
 #include "platform/text/SettingsStore.h"
+#include "qt/QtToolkit.h"
 #include "tavocad/DrawingScenes.h"
 #include "tavocad/EntityText.h"
 #include "tavocad/SelectionRequests.h"
@@ -67,6 +69,7 @@ void MainWindow::buildPanes() {
     m_layouts->setShape(QTabBar::RoundedSouth);
     m_layouts->setDrawBase(false);
     m_layouts->setExpanding(false);
+    holdPropertiesBar(*column);
     column->addWidget(m_view, 1);
     column->addWidget(m_layouts);
     setCentralWidget(middle);
@@ -127,6 +130,32 @@ void MainWindow::buildPanes() {
     });
 }
 
+void MainWindow::holdPropertiesBar(QBoxLayout& column) {
+    const auto* toolkit = dynamic_cast<const QtToolkit*>(tv::ui::Toolkit::current());
+    m_session.startPropertiesBar();
+    QWidget* bar = toolkit ? toolkit->windowOf(*m_session.propertiesBar()) : nullptr;
+    if (!bar) return;
+    column.addWidget(bar);
+    bar->setVisible(m_session.propertiesBar()->shown());
+}
+
+QWidget& MainWindow::home() { return *m_command; }
+
+// Command line, bar, drawing, and round again.
+void MainWindow::nextPane() {
+    CPropertiesBar& bar = *m_session.propertiesBar();
+    if (tv::ui::Toolkit::current()->active() == &bar) {
+        bar.LeaveKeyboard();
+        m_view->setFocus();
+    } else if (m_view->hasFocus()) {
+        m_command->setFocus();
+    } else if (bar.shown() && !bar.tabOrder().empty()) {
+        bar.TakeKeyboard();
+    } else {
+        m_view->setFocus();
+    }
+}
+
 void MainWindow::observe() {
     auto* keeper = new SceneKeeper(m_session, this);
     connect(keeper, &SceneKeeper::sceneGoing, m_view, &DrawingView::dropScene);
@@ -173,6 +202,8 @@ void MainWindow::observe() {
     m_subscriptions.push_back(host.sysvarManager()->onSysvarChanged(
         [this](const OdString&, const OdDbDatabasePtr&) { m_valuesChanged.start(); }));
     m_subscriptions.push_back(m_session.quitting.connect([this] { rememberPlace(); }));
+    m_subscriptions.push_back(m_session.propertiesBarShown.connect(
+        [this] { m_propertiesBar->setChecked(m_session.propertiesBar()->shown()); }));
     m_subscriptions.push_back(
         m_session.zoom.connect([this](const ZoomRequest& request) { m_view->zoom(request); }));
     m_subscriptions.push_back(m_session.points().onWaiting([this](bool waiting) {

@@ -16,6 +16,7 @@ class TavoDocument;
 class TavoSession;
 struct TavoSelectionQuery;
 class QActionGroup;
+class QBoxLayout;
 class QLabel;
 class QPlainTextEdit;
 class QTabBar;
@@ -30,6 +31,8 @@ class MainWindow : public QMainWindow {
     ~MainWindow() override;
 
     void setTheme(ThemeChoice theme);
+    // Where the keyboard belongs when nobody else wants it.
+    QWidget& home();
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -42,6 +45,8 @@ class MainWindow : public QMainWindow {
     using Text = std::function<QString()>;
     void buildMenus();
     void buildPanes();
+    void holdPropertiesBar(QBoxLayout& column);
+    void nextPane();
     void observe();
     QMenu* addMenu(Text text);
     QAction* addAction(QMenu* menu, Text text, std::function<void()> does, const QKeySequence& keys = {});
@@ -72,7 +77,7 @@ class MainWindow : public QMainWindow {
     CommandEdit* m_command = nullptr;
     QTabBar* m_layouts = nullptr;
     QActionGroup *m_themes = nullptr, *m_languages = nullptr;
-    QAction *m_undo = nullptr, *m_redo = nullptr, *m_lineweights = nullptr;
+    QAction *m_undo = nullptr, *m_redo = nullptr, *m_lineweights = nullptr, *m_propertiesBar = nullptr;
     std::vector<std::function<void()>> m_texts; // put every text of the window in the current language
     std::vector<tv::host::Subscription> m_subscriptions;
     std::shared_ptr<void> m_languageHandle;

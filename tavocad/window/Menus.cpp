@@ -1,6 +1,7 @@
 // The menus of the main window.
 #include "tavocad/window/MainWindow.h"
 
+#include "kxgui/controls/PropertiesBar.h"
 #include "platform/host/TavoCommandLine.h"
 #include "platform/host/TavoInterfaces.h"
 #include "platform/host/TavoSelection.h"
@@ -114,6 +115,15 @@ void MainWindow::buildMenus() {
             m_session.runCommand(L"SETVAR", m_lineweights->isChecked() ? L"LWDISPLAY 1" : L"LWDISPLAY 0");
         });
     m_lineweights->setCheckable(true);
+    m_propertiesBar = addAction(
+        view, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_PROPERTIESBAR", L"특성 도구막대(&B)")); },
+        [this] { m_session.runCommand(L"PROPERTIESBAR", m_propertiesBar->isChecked() ? L"ON" : L"OFF"); });
+    m_propertiesBar->setCheckable(true);
+    m_propertiesBar->setChecked(m_session.propertiesBar()->shown());
+    auto* next = new QAction(this); // no menu's, and known in the whole window
+    next->setShortcut(Qt::Key_F6);
+    connect(next, &QAction::triggered, this, &MainWindow::nextPane);
+    QWidget::addAction(next);
     QMenu* theme = view->addMenu(QString());
     m_texts.push_back(
         [theme] { theme->setTitle(toQt(VORD_ResourceString("IDS_TAVO_MENU_THEME", L"테마(&T)"))); });

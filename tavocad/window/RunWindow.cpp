@@ -96,7 +96,7 @@ int runWindow(const Options& options, int argc, char** argv) {
     TavoSession session(settingsOf(options));
     startSession(session, options);
     MainWindow window(session);
-    toolkit.setMainWindow(&window);
+    toolkit.setMainWindow(&window, &window.home());
     window.setTheme(themeOf(options, session));
     int code = 0;
     if (options.automation) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kxgui/frame/ArrowBlockDlg.h"
+#include "kxgui/controls/PropertiesBar.h"
 #include "kxgui/frame/AskMessageDlg.h"
 #include "kxgui/frame/ColorDlg.h"
 #include "kxgui/frame/LineWeightDlg.h"
@@ -99,5 +100,6 @@ inline std::vector<SampleDialog> allDialogs() {
             blocks->add(name);
         CArrowBlockDlg(database, nullptr).DoModal();
     });
+    add("IDD_PROPERTIES_BAR", [] { CPropertiesBar().DoModal(); });
     return all;
 }

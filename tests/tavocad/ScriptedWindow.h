@@ -81,7 +81,7 @@ class ScriptedWindow : public testing::Test {
         std::filesystem::create_directories(folder);
         std::filesystem::copy_file(std::filesystem::path(KX_SOURCE_DIR) / "samples" / "workshop.dxf", drawing,
                                    std::filesystem::copy_options::overwrite_existing);
-        toolkit.setMainWindow(&window);
+        toolkit.setMainWindow(&window, &window.home());
         window.show();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
         QObject::connect(&view, &DrawingView::pointed, &view, [this](double x, double y) { pointed = {x, y}; });
