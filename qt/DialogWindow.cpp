@@ -40,11 +40,8 @@ DialogWindow::DialogWindow(CDialog& dialog, const TemplateLoader& loader, QWidge
     if (m_embedded) showAll();
 }
 
-DialogWindow::~DialogWindow() {
-    // The bridges' widgets die with the window: nothing may be reported any more.
-    for (const auto& bridge : m_bridges)
-        bridge->widget().disconnect(bridge.get());
-}
+// The bridges go before the widgets, which still say that they are hidden.
+DialogWindow::~DialogWindow() { retire(); }
 
 void DialogWindow::retire() {
     m_retired = true;

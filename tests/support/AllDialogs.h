@@ -1,7 +1,7 @@
 #pragma once
 
-#include "kxgui/frame/ArrowBlockDlg.h"
 #include "kxgui/controls/PropertiesBar.h"
+#include "kxgui/frame/ArrowBlockDlg.h"
 #include "kxgui/frame/AskMessageDlg.h"
 #include "kxgui/frame/ColorDlg.h"
 #include "kxgui/frame/LineWeightDlg.h"

@@ -5,6 +5,8 @@
 #include "platform/host/TavoSelection.h"
 #include "platform/host/TavoSysvarManager.h"
 #include "platform/text/MessageManager.h"
+#include "platform/text/SettingsStore.h"
+#include "platform/text/Unicode.h"
 
 #include <gmock/gmock.h>
 
