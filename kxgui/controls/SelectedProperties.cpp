@@ -92,6 +92,13 @@ class LockedLayers {
     std::unordered_map<std::wstring, bool> m_locked;
 };
 
+// An entity that names no style has the standard one.
+Value withStandardStyle(Property property, Value value) {
+    const auto* name = std::get_if<OdString>(&value);
+    const bool isStyle = property == Property::textStyle || property == Property::dimStyle;
+    return isStyle && name && name->isEmpty() ? Value(OdString(L"Standard")) : value;
+}
+
 bool isAlive(OdDbObjectId object) { return !object.isNull() && !object.isErased(); }
 
 Tavo::ErrorStatus writeCurrent(TavoSysvarManager& manager, const OdDbDatabasePtr& database, Property property,
@@ -162,7 +169,7 @@ CommonValue commonValue(const std::vector<OdDbObjectId>& objects, Property prope
     for (const OdDbObjectId object : objects) {
         const EntityProperty* own = isAlive(object) ? finder.of(object) : nullptr;
         if (!own) continue;
-        Value value = tv::dwg::propertyValue(object, *own);
+        Value value = withStandardStyle(property, tv::dwg::propertyValue(object, *own));
         if (!common.known) {
             common.known = true;
             common.value = std::move(value);

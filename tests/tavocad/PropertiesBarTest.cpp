@@ -18,7 +18,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// Two lines on layers 0 and WALL, a circle on a locked layer, a text: handles A1 to A4.
+// Two lines on layers 0 and WALL, a circle on a locked layer, two texts: handles A1 to A5.
 class PropertiesBar : public ScriptedSession {
   protected:
     PropertiesBar() {
@@ -32,7 +32,7 @@ class PropertiesBar : public ScriptedSession {
             "0|ENDSEC|0|SECTION|2|ENTITIES|"
             "0|LINE|5|A1|8|0|10|0|20|0|11|2|21|1|0|LINE|5|A2|8|WALL|62|1|10|8|20|8|11|12|21|12|"
             "0|CIRCLE|5|A3|8|LOCK|10|5|20|5|40|1|"
-            "0|TEXT|5|A4|8|0|10|4|20|4|40|3.5|1|NOTE|7|NOTES|0|ENDSEC|0|EOF|";
+            "0|TEXT|5|A4|8|0|10|4|20|4|40|3.5|1|NOTE|7|NOTES|0|TEXT|5|A5|8|0|10|4|20|6|40|1|1|PLAIN|0|ENDSEC|0|EOF|";
         std::ranges::replace(text, '|', '\n');
         std::ofstream(file, std::ios::binary) << text;
         runWell("{\"do\":\"open\",\"path\":" + quoted(file) + "}\n");
@@ -102,6 +102,8 @@ TEST_F(PropertiesBar, ShowsAndChangesWhatSelectedObjectsHaveInCommon) {
     runWell(select("\"A4\""));
     EXPECT_EQ(shown("TEXTSTYLE"), "NOTES");
     EXPECT_EQ(shown("TEXTHEIGHT"), "3.5");
+    runWell(select("\"A5\""));
+    EXPECT_EQ(shown("TEXTSTYLE"), "STANDARD") << "it names none";
     runWell("{\"do\":\"setvar\",\"name\":\"PICKFIRST\",\"value\":0}\n");
     EXPECT_EQ(shown("TEXTSTYLE"), "STANDARD") << "nothing counts as selected";
     runWell("{\"do\":\"setvar\",\"name\":\"PICKFIRST\",\"value\":1}\n" + select(""));
