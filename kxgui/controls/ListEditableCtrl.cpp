@@ -2,6 +2,8 @@
 
 #include "platform/toolkit/Edit.h"
 
+#include <algorithm>
+
 using Editor = CInPlaceCtrlModel::Editor;
 using tv::ui::Key;
 
@@ -35,8 +37,8 @@ bool CListEditableCtrl::openEditor(int row, int column) {
                                  editor == Editor::combo ? kComboEditable : kInPlacePlain,
                                  [&](CComboBox& made) { made.SetItems(m_cells->choices(row, column)); });
     if (combo && editor == Editor::command)
-        combo->onSelChange = [this, combo, row, column] {
-            if (combo->GetCurSel() == combo->GetCount() - 1) runCommandLater(row, column);
+        combo->onSelChange = [this, combo, column] {
+            if (combo->GetCurSel() == combo->GetCount() - 1) runCommandLater(column);
         };
     return combo != nullptr;
 }
@@ -46,8 +48,13 @@ bool CListEditableCtrl::OnItemLButtonClick(int item, int column) {
 }
 
 bool CListEditableCtrl::toggle(int row, int column) {
+    EndLabelEditing(); // which may change the cell
+    if (editorOf(row, column) != Editor::toggle) return false;
     const auto texts = m_cells->choices(row, column);
-    return texts.size() == 2 && ToggleSubLabel(row, column, texts[0].text, texts[1].text) != 0;
+    m_entered = true; // by SetItemText, whatever the model makes of it
+    const bool done = texts.size() == 2 && ToggleSubLabel(row, column, texts[0].text, texts[1].text) != 0;
+    m_entered = false;
+    return done;
 }
 
 bool CListEditableCtrl::controlKey(const tv::ui::KeyEvent& key) {
@@ -63,7 +70,7 @@ bool CListEditableCtrl::controlKey(const tv::ui::KeyEvent& key) {
 // --- what was entered ----------------------------------------------------------------------------------------
 
 void CListEditableCtrl::answered(int row, int column, const InPlaceAnswer& answer) {
-    if (answer.refusal.empty()) RowsChanged(row, row);
+    if (answer.refusal.empty()) RowsChanged(std::max(row, 0), row); // all, when its row is gone
     if (onEntered) onEntered(row, column, answer);
 }
 
@@ -99,6 +106,11 @@ void CListEditableCtrl::OnEndLabelEdit(const LVDispInfo& info) {
     VORDBaseListCtrl::OnEndLabelEdit(info);
 }
 
+void CListEditableCtrl::OnEditorMoved() {
+    VORDBaseListCtrl::OnEditorMoved();
+    if (m_cells) m_key = m_cells->rowKey(openedItem());
+}
+
 int CListEditableCtrl::editedItem() const {
     if (!m_cells) return -1;
     const int row = openedItem();
@@ -107,14 +119,15 @@ int CListEditableCtrl::editedItem() const {
 }
 
 // Not within the choice itself: what is asked runs a loop of its own, and the drop-down list is gone by then.
-void CListEditableCtrl::runCommandLater(int row, int column) {
+void CListEditableCtrl::runCommandLater(int column) {
     tv::ui::Toolkit* toolkit = tv::ui::Toolkit::current();
-    m_entered = true;
     CloseEditor();
     if (!toolkit) return;
     m_command = toolkit->post([this, column, key = m_key] {
-        const int row = m_cells ? m_cells->rowOfKey(key) : -1;
-        if (row >= 0) answered(row, column, m_cells->runCommand(row, column));
+        const auto cells = m_cells; // whatever is done meanwhile
+        const int row = cells ? cells->rowOfKey(key) : -1;
+        if (row < 0) return;
+        const InPlaceAnswer answer = cells->runCommand(row, column);
+        if (cells == m_cells) answered(cells->rowOfKey(key), column, answer);
     });
-    (void)row;
 }

@@ -29,6 +29,7 @@ class KXGUI_EXPORT CListEditableCtrl : public VORDBaseListCtrl {
   protected:
     void OnEndLabelEdit(const LVDispInfo& info) override;
     int editedItem() const override;
+    void OnEditorMoved() override;
 
   private:
     CInPlaceCtrlModel::Editor editorOf(int row, int column) const;
@@ -36,7 +37,7 @@ class KXGUI_EXPORT CListEditableCtrl : public VORDBaseListCtrl {
     // False when the model refuses it.
     bool enter(int row, int column, const std::wstring& text);
     void answered(int row, int column, const InPlaceAnswer& answer);
-    void runCommandLater(int row, int column);
+    void runCommandLater(int column);
 
     std::shared_ptr<CInPlaceCtrlModel> m_cells;
     std::uintptr_t m_key = 0; // of the row the open editor was begun on

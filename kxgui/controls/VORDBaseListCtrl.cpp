@@ -20,17 +20,25 @@ constexpr int mostCellsSearched = 10000;
 
 int VORDBaseListCtrl::InsertColumn(int column, const tv::ui::ListColumn& description) {
     if (column < 0) return -1;
-    const int at = CListCtrl::InsertColumn(column, description);
-    if (at < 0) return -1;
-    m_headerData.resize(columns().size() - 1);
-    m_headerData.insert(m_headerData.begin() + at, nullptr);
-    return at;
+    EndLabelEditing();
+    column = std::min(column, layout().count());
+    m_headerData.resize(columns().size());
+    m_headerData.insert(m_headerData.begin() + column, nullptr);
+    if (m_rows)
+        for (auto& cells : m_rows->rows)
+            if (column < static_cast<int>(cells.size()))
+                cells.insert(cells.begin() + column, tv::ui::ListCell{});
+    return CListCtrl::InsertColumn(column, description);
 }
 
 bool VORDBaseListCtrl::DeleteColumn(int column) {
-    if (!CListCtrl::DeleteColumn(column)) return false;
+    EndLabelEditing();
+    if (!layout().valid(column)) return false;
     if (column < static_cast<int>(m_headerData.size())) m_headerData.erase(m_headerData.begin() + column);
-    return true;
+    if (m_rows)
+        for (auto& cells : m_rows->rows)
+            if (column < static_cast<int>(cells.size())) cells.erase(cells.begin() + column);
+    return CListCtrl::DeleteColumn(column);
 }
 
 void VORDBaseListCtrl::SetColumns(std::vector<tv::ui::ListColumn> columns) {
@@ -90,16 +98,19 @@ tv::ui::TextRows& VORDBaseListCtrl::ownRows() {
 void VORDBaseListCtrl::RowsInserted(int at, int count) {
     m_editCount += count;
     CListCtrl::RowsInserted(at, count);
+    if (editor()) OnEditorMoved();
 }
 
 void VORDBaseListCtrl::RowsRemoved(int at, int count) {
     if (editorRow() >= at && editorRow() - at < count) CloseEditor();
     m_editCount -= count;
     CListCtrl::RowsRemoved(at, count);
+    if (editor()) OnEditorMoved();
 }
 
+void VORDBaseListCtrl::OnEditorMoved() { m_editItem = editorRow(); }
+
 int VORDBaseListCtrl::InsertItem(int item, std::wstring_view text) {
-    EndLabelEditing();
     auto& rows = ownRows().rows;
     const int count = static_cast<int>(rows.size());
     if (item < 0 || item > count) item = count;
@@ -111,7 +122,6 @@ int VORDBaseListCtrl::InsertItem(int item, std::wstring_view text) {
 }
 
 bool VORDBaseListCtrl::DeleteItem(int item) {
-    EndLabelEditing();
     if (!m_rows || item < 0 || item >= GetItemCount()) return false;
     m_rows->rows.erase(m_rows->rows.begin() + item);
     RowsRemoved(item);
@@ -145,6 +155,7 @@ bool VORDBaseListCtrl::bringIntoView(int item, int column) {
 }
 
 bool VORDBaseListCtrl::showEditor(std::unique_ptr<CWnd> editor, int item, int column) {
+    if (!layout().valid(column) || item >= GetItemCount()) return false; // what filling it led to
     editor->SetAccessibleName(columns()[static_cast<std::size_t>(column)].title);
     ++m_edit;
     m_editing = true;
@@ -193,7 +204,7 @@ CComboBox* VORDBaseListCtrl::openCombo(int item, int column, const CRuntimeClass
             if (edit == m_edit && editor() && mayLeaveEditor()) LeaveEditor();
         });
     };
-    showEditor(std::move(made), item, column);
+    if (!showEditor(std::move(made), item, column)) return nullptr;
     combo.ShowDropDown();
     return &combo;
 }
@@ -204,15 +215,18 @@ bool VORDBaseListCtrl::nothingChosen() const {
 }
 
 bool VORDBaseListCtrl::openEditor(int item, int column) {
+    EndLabelEditing(); // which may change the cell
     const HeaderInplaceData* data = headerData(column);
     if (!data || item < 0 || item >= GetItemCount()) return false;
-    const ICtrlFillerPtr filler = data->filler; // whatever happens to the columns meanwhile
+    // Whatever happens to the columns meanwhile.
+    const ICtrlFillerPtr filler = data->filler;
+    const unsigned style = data->style;
     if (data->kind == HeaderInplaceData::kEdit) {
         const auto text = filler ? filler->EditText(item, column) : std::nullopt;
-        return openEdit(item, column, text.value_or(cellText(item, column)), data->style);
+        return openEdit(item, column, text.value_or(cellText(item, column)), style);
     }
     const int value = static_cast<const HeaderInplaceComboboxData*>(data)->value;
-    return openCombo(item, column, static_cast<const HeaderInplaceComboboxData*>(data)->runtime, data->style,
+    return openCombo(item, column, static_cast<const HeaderInplaceComboboxData*>(data)->runtime, style,
                      [&](CComboBox& combo) {
                          if (filler) filler->FillCombo(combo, item, column);
                          InitalizeInplaceCombobox(combo, item, column, value);

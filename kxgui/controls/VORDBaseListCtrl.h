@@ -30,6 +30,7 @@ class KXGUI_EXPORT VORDBaseListCtrl : public CListCtrl {
     // -------------------------------------------------------------------- The new column has no editor. Its
     // number, that of the last one for a place beyond it; -1 for no place.
     int InsertColumn(int column, const tv::ui::ListColumn& description);
+    // An open edit ends first. The texts of own rows stay with their columns.
     bool DeleteColumn(int column);
     // No column has an editor afterwards.
     void SetColumns(std::vector<tv::ui::ListColumn> columns);
@@ -101,6 +102,8 @@ class KXGUI_EXPORT VORDBaseListCtrl : public CListCtrl {
     // Lets a derived list fill a drop-down list, after its filler, before it is shown.
     virtual void InitalizeInplaceCombobox(CComboBox& combo, int item, int column, int value);
     virtual void OnEndLabelEdit(const LVDispInfo& info);
+    // Rows came or went in front of the open editor's: it is another one now.
+    virtual void OnEditorMoved();
     // The row that the open editor's cell belongs to now; -1 when it is gone or nobody can say.
     virtual int editedItem() const;
     void OnCellClick(int row, int column) override;

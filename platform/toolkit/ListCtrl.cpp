@@ -159,8 +159,12 @@ void CListCtrl::SetSortMark(int column, bool ascending) {
 void CListCtrl::SortBy(int column, bool ascending) {
     if (!m_model || !m_columns.valid(column) || !m_model->sortable(column)) return;
     LeaveEditor();
+    if (!m_model || !m_columns.valid(column)) return; // what the edit led to
     m_searching.cancel();
     const int count = GetItemCount();
+    m_selection.clip(count); // should the model have shrunk in silence
+    m_focusRow = std::min(m_focusRow, count - 1);
+    m_anchor = std::min(m_anchor, count - 1);
     // All or nothing stays what it is.
     const bool whole = m_selection.empty() || m_selection.count() == count;
     std::vector<int> selected = whole ? std::vector<int>() : m_selection.rows();
@@ -258,6 +262,7 @@ UserResult CListCtrl::userDoubleClick(int row, int column) {
 UserResult CListCtrl::userHeader(int column) {
     if (auto r = acceptsColumn(column); !r) return r;
     LeaveEditor();
+    if (!acceptsColumn(column)) return UserResult::done();
     if (onHeaderClick) {
         onHeaderClick(column);
     } else if (m_model && m_model->sortable(column)) {
@@ -324,6 +329,7 @@ UserResult CListCtrl::userShowColumn(int column, bool show) {
     if (!show && m_columns.visible() == std::vector<int>{column})
         return refuse(VORD_ResourceString("IDS_TAVO_UI_LAST_COLUMN", L"마지막 열은 숨길 수 없습니다."));
     LeaveEditor();
+    if (!acceptsColumn(column)) return UserResult::done();
     ShowColumn(column, show);
     if (onColumnsChange) onColumnsChange();
     return UserResult::done();

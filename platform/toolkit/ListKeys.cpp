@@ -58,9 +58,10 @@ bool CListCtrl::moveSideways(const KeyEvent& key) {
         return false;
     } else {
         const auto shown = m_columns.visible();
-        const bool cells = m_focusRow >= 0 && std::any_of(shown.begin(), shown.end(), [this](int column) {
-                               return hasEditor(m_focusRow, column);
-                           });
+        const bool cells =
+            key.ctrl || (m_focusRow >= 0 && std::any_of(shown.begin(), shown.end(), [this](int column) {
+                             return hasEditor(m_focusRow, column);
+                         }));
         if (!cells) {
             (void)userScroll(m_topRow, m_scrollX + by * sidewaysStep);
             return true;
@@ -129,6 +130,10 @@ bool CListCtrl::command(const KeyEvent& key) {
         selectByUser(std::move(rows));
         return true;
     }
+    case L'S':
+        if (!key.shift || !m_columns.valid(m_focusColumn)) return false;
+        (void)userHeader(m_focusColumn);
+        return true;
     case L'C':
         if (!m_selection.empty()) tv::ui::Toolkit::current()->setClipboardText(selectedText());
         return true;

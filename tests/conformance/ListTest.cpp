@@ -323,9 +323,14 @@ TYPED_TEST(Lists, TitlesSortAndTheSelectionStaysWithItsRows) {
         EXPECT_EQ(order(), L"01324");
         EXPECT_EQ(rows.selection(), (RowSet{0, 3}));
         EXPECT_EQ(sorted->rowOf(2), 3);
-        sorted->setUnsortable({1});
-        u.act(list, this->column(UserAction::Kind::header, 1));
-        EXPECT_EQ(rows.sortColumn(), 0);
+        this->keys(u, {L"Ctrl+Left", L"Ctrl+Left", L"Ctrl+Shift+S"});
+        EXPECT_EQ(order(), L"42130") << "by keys alone";
+        this->keys(u, {L"Ctrl+Right", L"Ctrl+Shift+S"});
+        EXPECT_EQ(order(), L"01234");
+        EXPECT_EQ(rows.sortColumn(), 1);
+        sorted->setUnsortable({0});
+        u.act(list, this->column(UserAction::Kind::header, 0));
+        EXPECT_EQ(rows.sortColumn(), 1);
     });
 }
 

@@ -43,8 +43,12 @@ class Million : public CInPlaceCtrlModel {
         return setValue(row, column, L"commanded");
     }
     // What a row stands for is its number before rows in front of it went away.
-    std::uintptr_t rowKey(int row) const override { return static_cast<std::uintptr_t>(row + first); }
+    bool keyed = true;
+    std::uintptr_t rowKey(int row) const override {
+        return keyed ? static_cast<std::uintptr_t>(row + first) : CInPlaceCtrlModel::rowKey(row);
+    }
     int rowOfKey(std::uintptr_t key) const override {
+        if (!keyed) return CInPlaceCtrlModel::rowOfKey(key);
         const auto row = static_cast<std::int64_t>(key) - first;
         return row >= 0 && row < count ? static_cast<int>(row) : -1;
     }
@@ -148,6 +152,40 @@ TEST_F(EditableList, AnEditGoesToTheRowItWasBegunOn) {
         EXPECT_EQ(model->values.size(), 1u);
         u.click("IDOK");
     });
+}
+
+TEST_F(EditableList, AnEditStaysWithARowThatOnlyTheListFollows) {
+    model->keyed = false;
+    run([&](auto& u) {
+        const auto removeFront = [&](int rows) {
+            model->first += rows;
+            model->count -= rows;
+            list.RowsRemoved(0, rows);
+        };
+        u.act("LIST", click(5, 0));
+        u.type(CInPlaceEdit::kName, L"five");
+        removeFront(3);
+        u.key(L"Enter");
+        EXPECT_EQ((model->values[{5, 0}]), L"five");
+        u.act("LIST", click(0, 0));
+        u.type(CInPlaceEdit::kName, L"lost");
+        removeFront(1);
+        EXPECT_EQ(list.editor(), nullptr);
+        EXPECT_EQ(model->values.size(), 1u);
+        u.click("IDOK");
+    });
+}
+
+TEST_F(EditableList, ARefusedToggleIsToldOnce) {
+    struct Stubborn : Million {
+        InPlaceAnswer setValue(int, int, const std::wstring&) override { return {L"No.", {}}; }
+    };
+    list.SetCellModel(std::make_shared<Stubborn>());
+    run([&](auto& u) {
+        u.act("LIST", click(0, 2));
+        u.click("IDOK");
+    });
+    EXPECT_THAT(refusals, ElementsAre(L"No."));
 }
 
 TEST_F(EditableList, ACommandRunsWhenItsEntryIsChosen) {

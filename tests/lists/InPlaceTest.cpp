@@ -1,6 +1,7 @@
 #include "kxgui/controls/InPlaceEdit.h"
 #include "kxgui/controls/InPlaceFontCombos.h"
 #include "platform/host/TavoFonts.h"
+#include "platform/toolkit/SortedRows.h"
 #include "tests/lists/ListProbe.h"
 
 #include <gmock/gmock.h>
@@ -334,6 +335,38 @@ TEST_F(InPlace, AnEditWhoseRowIsAnotherOneIsDropped) {
         };
         u.key(L"Enter");
         EXPECT_EQ(list.GetItemCount(), 0);
+    });
+}
+
+TEST_F(InPlace, OwnTextsAndAnOpenEditGoAlongWithRowsAndColumns) {
+    ASSERT_TRUE(list.CreateInPlaceEdit(1, kInPlacePlain, nullptr));
+    run([&](auto& u) {
+        u.act("LIST", click(1, 1));
+        u.type(CInPlaceEdit::kName, L"new");
+        list.InsertItem(0, L"zero");
+        EXPECT_EQ(list.editorRow(), 2);
+        EXPECT_TRUE(list.told.empty());
+        EXPECT_EQ(list.InsertColumn(0, {L"First", 50}), 0); // which ends it
+        EXPECT_EQ(list.editor(), nullptr);
+        EXPECT_EQ(list.GetItemText(2, 1), L"two");
+        EXPECT_EQ(list.GetItemText(2, 2), L"new");
+        ASSERT_TRUE(list.DeleteColumn(1));
+        EXPECT_EQ(list.GetItemText(2, 1), L"new");
+        u.act("LIST", click(2, 1));
+        u.type(CInPlaceEdit::kName, L"gone");
+        ASSERT_TRUE(list.DeleteItem(2));
+        EXPECT_EQ(list.editor(), nullptr);
+        EXPECT_EQ(list.told.size(), 1u);
+        EXPECT_EQ(list.GetItemText(2, 1), L"");
+
+        auto base = std::make_shared<tv::ui::TextRows>();
+        base->rows.push_back({tv::ui::ListCell{.text = L"a"}, tv::ui::ListCell{.text = L"b"}});
+        list.SetModel(std::make_shared<tv::ui::SortedRows>(base));
+        list.onEndLabelEdit = [&](const LVDispInfo&) { list.SetModel(nullptr); };
+        u.act("LIST", click(0, 1));
+        list.SortBy(1, false);
+        EXPECT_EQ(list.GetItemCount(), 0) << "nothing is left to sort";
+        u.click("IDOK");
     });
 }
 
