@@ -108,7 +108,10 @@ void VORDBaseListCtrl::RowsRemoved(int at, int count) {
     if (editor()) OnEditorMoved();
 }
 
-void VORDBaseListCtrl::OnEditorMoved() { m_editItem = editorRow(); }
+void VORDBaseListCtrl::OnEditorMoved() {
+    m_editItem = editorRow();
+    m_editIdentity = identityOf(m_editItem);
+}
 
 int VORDBaseListCtrl::InsertItem(int item, std::wstring_view text) {
     auto& rows = ownRows().rows;
@@ -161,6 +164,7 @@ bool VORDBaseListCtrl::showEditor(std::unique_ptr<CWnd> editor, int item, int co
     m_editing = true;
     m_cancelled = false;
     m_editItem = item;
+    m_editIdentity = identityOf(item);
     m_editColumn = column;
     m_editCount = GetItemCount();
     m_editText = cellText(item, column);
@@ -282,7 +286,9 @@ void VORDBaseListCtrl::EndLabelEditing() {
 
 int VORDBaseListCtrl::editedItem() const {
     const int row = editorRow(); // goes along with rows that came and went
-    return GetItemCount() == m_editCount && cellText(row, m_editColumn) == m_editText ? row : -1;
+    const bool same = GetItemCount() == m_editCount && identityOf(row) == m_editIdentity &&
+                      cellText(row, m_editColumn) == m_editText;
+    return same ? row : -1;
 }
 
 void VORDBaseListCtrl::editorLeft(std::optional<std::wstring> text, bool cancelled) {

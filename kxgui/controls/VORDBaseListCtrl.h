@@ -130,7 +130,7 @@ class KXGUI_EXPORT VORDBaseListCtrl : public CListCtrl {
     // What the open editor stands on.
     unsigned m_edit = 0; // counts the editors, so that a later one is told from an earlier one
     bool m_editing = false, m_cancelled = false;
-    int m_editItem = -1, m_editColumn = -1, m_editCount = 0;
+    int m_editItem = -1, m_editIdentity = -1, m_editColumn = -1, m_editCount = 0;
     std::wstring m_editText;
     tv::ui::Timer m_leaving;
 };

@@ -159,6 +159,10 @@ class KXPLATFORM_EXPORT CListCtrl : public CWnd {
 
   protected:
     void OnWindowGone() override;
+    // What the row stands for in its model, which is more than its number in one that is sorted; -1 for none.
+    int identityOf(int row) const {
+        return m_model && row >= 0 && row < m_model->rowCount() ? m_model->identity(row) : -1;
+    }
     // A click on a cell, after the row was selected.
     virtual void OnCellClick(int row, int column);
 

@@ -19,8 +19,7 @@ namespace {
 class CellTextEditor : public CEdit {
   public:
     CellTextEditor(CListCtrl& list, int row, int column)
-        : CEdit(list, "IDC_CELL_EDITOR"), m_list(list), m_row(row), m_column(column),
-          m_before(list.cellText(row, column)) {
+        : CEdit(list, "IDC_CELL_EDITOR"), m_list(list), m_before(list.cellText(row, column)) {
         SetAccessibleName(list.columns()[static_cast<std::size_t>(column)].title);
         SetWindowText(m_before);
         SelectAll();
@@ -46,16 +45,16 @@ class CellTextEditor : public CEdit {
   private:
     bool commit() {
         if (m_done) return true;
-        if (GetWindowText() != m_before) {
-            m_done = true; // whatever the owner shows meanwhile
-            m_done = m_list.onEdit && m_list.onEdit(m_row, m_column, GetWindowText());
-            return m_done;
-        }
-        return m_done = true;
+        m_done = true; // whatever the owner shows meanwhile
+        // The list takes it along with its row; a cell with another text by now is another one.
+        const int row = m_list.editorRow(), column = m_list.editorColumn();
+        const bool same =
+            m_list.editor() == this && row < m_list.GetItemCount() && m_list.cellText(row, column) == m_before;
+        if (!same || GetWindowText() == m_before) return true;
+        return m_done = m_list.onEdit && m_list.onEdit(row, column, GetWindowText());
     }
 
     CListCtrl& m_list;
-    int m_row, m_column;
     std::wstring m_before;
     bool m_done = false;
 };

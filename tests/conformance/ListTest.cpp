@@ -233,6 +233,29 @@ TYPED_TEST(Lists, CellTextsAreEditedInPlace) {
         u.click("IDC_EDIT");
         EXPECT_EQ(rows.editor(), nullptr);
         EXPECT_THAT(taken, ElementsAre(L"bad", L"good"));
+        int told = -1;
+        rows.onEdit = [&](int row, int, const std::wstring&) {
+            told = row;
+            return true;
+        };
+        auto own = names({L"a", L"b", L"c"});
+        for (auto& cells : own->rows)
+            cells[1].editable = true;
+        rows.SetModel(own);
+        u.act(list, this->cell(UserAction::Cell::open, 2, 1));
+        u.type("IDC_CELL_EDITOR", L"of c");
+        own->rows.erase(own->rows.begin());
+        rows.RowsRemoved(0);
+        u.key(L"Enter");
+        EXPECT_EQ(told, 1) << "where its row is by then";
+        told = -1;
+        u.act(list, this->cell(UserAction::Cell::open, 0, 1));
+        u.type("IDC_CELL_EDITOR", L"of b");
+        own->rows.erase(own->rows.begin()); // and nobody said so
+        rows.RowsChanged();
+        u.key(L"Enter");
+        EXPECT_EQ(told, -1);
+        rows.SetModel(std::make_shared<CountingRows>(10));
         u.refused(list, this->cell(UserAction::Cell::open, 2, 0));
     });
 }

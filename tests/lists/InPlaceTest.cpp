@@ -360,8 +360,16 @@ TEST_F(InPlace, OwnTextsAndAnOpenEditGoAlongWithRowsAndColumns) {
         EXPECT_EQ(list.GetItemText(2, 1), L"");
 
         auto base = std::make_shared<tv::ui::TextRows>();
-        base->rows.push_back({tv::ui::ListCell{.text = L"a"}, tv::ui::ListCell{.text = L"b"}});
-        list.SetModel(std::make_shared<tv::ui::SortedRows>(base));
+        for (const wchar_t* text : {L"a", L"b"})
+            base->rows.push_back({tv::ui::ListCell{.text = text}});
+        const auto sorted = std::make_shared<tv::ui::SortedRows>(base);
+        list.SetModel(sorted);
+        u.act("LIST", click(0, 1));
+        u.type(CInPlaceEdit::kName, L"of a");
+        sorted->sort(0, false); // the list was not asked to
+        list.RowsChanged();
+        u.key(L"Enter");
+        EXPECT_EQ(list.told.size(), 1u) << "both cells are empty, but it was begun in the other row";
         list.onEndLabelEdit = [&](const LVDispInfo&) { list.SetModel(nullptr); };
         u.act("LIST", click(0, 1));
         list.SortBy(1, false);
