@@ -81,10 +81,10 @@ def main():
     program.ask("command", name="UNITS")
     program.ask("screenshot", path="1-units.png")
     print(f"    length type: {change_length_type(program)}")
-    program.ask("save", path=str(changed))
+    program.ask("save", path=str(changed), force=True)
     print("Undo")
     program.ask("undo")
-    program.ask("save", path=str(undone))
+    program.ask("save", path=str(undone), force=True)
     code = program.end()
 
     before, after = header_and_rest(drawing.read_bytes()), header_and_rest(changed.read_bytes())

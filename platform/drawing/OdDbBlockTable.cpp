@@ -38,6 +38,18 @@ std::size_t findOldUnits(const RecordEditor& record) {
     return RecordEditor::npos;
 }
 
+// Sets the last of the record's own tags of that code, or inserts one behind the last of `behind`.
+bool setOwn(RecordEditor& record, int code, const Value& value, std::initializer_list<int> behind) {
+    const std::vector<std::size_t> own = ownTags(record);
+    std::size_t place = own.back() + 1;
+    std::size_t there = RecordEditor::npos;
+    for (const std::size_t i : own) {
+        if (record.code(i) == code) there = i;
+        if (std::find(behind.begin(), behind.end(), record.code(i)) != behind.end()) place = i + 1;
+    }
+    return there != RecordEditor::npos ? record.set(there, value) : record.insert(place, code, value);
+}
+
 } // namespace
 
 OdDbObjectId OdDbBlockTableRecord::blockBeginId() const {
@@ -58,15 +70,7 @@ Tavo::ErrorStatus OdDbBlockTableRecord::setAtBegin(int code, const Value& value,
     if (begin.isNull()) return Tavo::eKeyNotFound;
     RecordStore& store = database()->store();
     RecordEditor record(format(), store.text(begin.record()));
-    const std::vector<std::size_t> own = ownTags(record);
-    std::size_t place = own.back() + 1;
-    std::size_t there = RecordEditor::npos;
-    for (const std::size_t i : own) {
-        if (record.code(i) == code) there = i;
-        if (std::find(behind.begin(), behind.end(), record.code(i)) != behind.end()) place = i + 1;
-    }
-    if (there != RecordEditor::npos ? !record.set(there, value) : !record.insert(place, code, value))
-        return Tavo::eWrongType;
+    if (!setOwn(record, code, value, behind)) return Tavo::eWrongType;
     if (record.edited()) store.replace(begin.record(), record.bytes());
     return Tavo::eOk;
 }
@@ -254,8 +258,13 @@ Tavo::ErrorStatus OdDbBlockTableRecord::setName(std::wstring_view given) {
     // The definition says its name twice.
     RecordStore& store = database()->store();
     RecordEditor record(format(), store.text(begin.record()));
-    for (const std::size_t i : ownTags(record))
-        if (record.code(i) == 2 || record.code(i) == 3) record.set(i, OdString(name));
+    bool named = false;
+    for (const std::size_t i : ownTags(record)) {
+        if (record.code(i) != 2 && record.code(i) != 3) continue;
+        named |= record.code(i) == 2;
+        record.set(i, OdString(name));
+    }
+    if (!named && !setOwn(record, 2, OdString(name), {8, 100})) return Tavo::eWrongType;
     if (record.edited()) store.replace(begin.record(), record.bytes());
     return Tavo::eOk;
 }
