@@ -34,7 +34,7 @@ namespace {
 
 constexpr wchar_t propertiesBarKey[] = L"PropertiesBar";
 
-constexpr wchar_t referencePath[] = L"XREFPATH";
+constexpr wchar_t referencePath[] = L"XREFPATH", fontPath[] = L"FONTPATH";
 
 // UNDO and REDO run as commands, inside an undo record of their own, in which a drawing takes no step. The
 // record is empty: ending it leaves no trace.
@@ -88,6 +88,7 @@ TavoSession::TavoSession(std::unique_ptr<tv::SettingsStore> settings)
     m_cutWatched = m_scenes->cut.connect([this](const tv::scene::Cut& cut) { tellCut(cut); });
     m_sysvarsWatched =
         m_host->sysvarManager()->onSysvarChanged([this](const OdString& name, const OdDbDatabasePtr&) {
+            if (name == fontPath) findShapeFonts();
             if (name != referencePath || !document()) return;
             m_scenes->forget(document()->database().get());
             tellReferenceFaults(m_scenes->referencesOf(document()->database()), *m_host->commandLine());
@@ -95,7 +96,9 @@ TavoSession::TavoSession(std::unique_ptr<tv::SettingsStore> settings)
     m_documentsWatched = m_host->documentManager()->onDocumentEvent(
         [this](TavoDocumentManager::Event event, TavoDocument* document) {
             if (event == TavoDocumentManager::Event::kClosing) m_scenes->release(document->database().get());
+            findShapeFonts();
         });
+    findShapeFonts();
     m_objects = std::make_unique<SelectionRequests>(*m_host->selection(), [this] { return pickTolerance(); });
     m_versionWarnings = std::make_unique<VersionWarnings>(*m_host->documentManager(), *m_host->commandLine());
     m_host->setPointInput(m_points.get());
@@ -107,6 +110,17 @@ TavoSession::~TavoSession() {
     m_propertiesBar.reset(); // while there is a host to let go of
     m_host->selection()->setLocator(nullptr);
     zel::frx::setPlacementStore(nullptr);
+}
+
+void TavoSession::findShapeFonts() {
+    std::vector<std::filesystem::path> folders;
+    if (const TavoDocument* current = document(); current && !current->path().empty())
+        folders.push_back(current->path().parent_path());
+    OdString path;
+    m_host->sysvarManager()->getText(fontPath, path, nullptr);
+    for (std::filesystem::path& folder : foldersOf(path.view()))
+        folders.push_back(std::move(folder));
+    m_host->defaultFonts().setShapeFolders(std::move(folders));
 }
 
 TavoInterfaces& TavoSession::host() { return *m_host; }

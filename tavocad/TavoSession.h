@@ -140,6 +140,8 @@ class TavoSession {
     tv::host::Signal<> propertiesBarShown; // or hidden
 
   private:
+    // Beside the current drawing, then in the folders of the user's FONTPATH.
+    void findShapeFonts();
     // An alias spelled out.
     OdString fullName(const OdString& typed) const;
 

@@ -4,6 +4,7 @@
 #include "kxgui/frame/ColorNames.h"
 #include "platform/drawing/OdDbLayerTable.h"
 #include "platform/host/TavoSysvarManager.h"
+#include "platform/text/MessageManager.h"
 #include "platform/text/ResourceString.h"
 #include "platform/toolkit/Pictures.h"
 
@@ -69,8 +70,10 @@ int CCobxColor::AddEntry(std::wstring_view text, std::uintptr_t item, const tv::
 }
 
 void CCobxColor::BuildList() {
-    if (m_built) return;
+    const std::uint16_t language = VORD_MSGFunction::GetCurrentLanguageId();
+    if (m_built && language == m_language) return;
     m_built = true;
+    m_language = language;
     m_own = -1;
     ResetContent();
     struct Entry {

@@ -24,7 +24,7 @@ class KXGUI_EXPORT CCobxColor : public CCobxPropertyBase {
     void SetNoneAndBackground(bool both) { m_noneAndBackground = both; }
     void SetType(ControlType type) override;
 
-    // Builds the entries unless they are built. A refill does this by itself.
+    // Builds the entries unless they are built, in the current language. A refill does this by itself.
     void BuildList();
     bool IsBuilt() const { return m_built; }
 
@@ -55,7 +55,8 @@ class KXGUI_EXPORT CCobxColor : public CCobxPropertyBase {
 
     bool m_useCurrent = false, m_none = false, m_noneAndBackground = false;
     bool m_built = false;
-    int m_own = -1; // the entry of a colour that is none of the standard ones
+    std::uint16_t m_language = 0; // the entries are in
+    int m_own = -1;               // the entry of a colour that is none of the standard ones
 };
 
 // The colours alone, for things that have a colour of their own: no ByLayer, no ByBlock, nothing of the

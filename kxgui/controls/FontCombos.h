@@ -39,9 +39,11 @@ class KXGUI_EXPORT CCobxFontStyle : public VORDCobxBase {
     void SetFont(std::wstring_view family);
     void SetComboBoxList() { RefillList(); }
     std::wstring GetStyleName() const { return GetLBText(GetCurSel()); }
-    bool IsBold() const { return m_bold; }
-    bool IsItalic() const { return m_italic; }
-    // The first style that is so; the first one at all when the family has none.
+    // Of the selected style; what was asked for when the family has no styles.
+    bool IsBold() const;
+    bool IsItalic() const;
+    // The first style that is so, a plain one ("Regular") before others ("Light"); the first one at all when
+    // the family has none.
     void SelectStyle(bool bold, bool italic);
 
   protected:

@@ -113,15 +113,23 @@ std::wstring CCobxPrintStyle::UndoName() const {
 void CCobxDictionaryBase::RefillList() {
     const OdDbDatabasePtr current = prepareUpdateList();
     const OdDbDatabasePtr database = m_database ? m_database : current;
-    if (database != m_filledFrom.lock() && !m_filledFrom.expired()) m_chosen = 0;
+    // What was chosen in another drawing, perhaps a closed one, stands for nothing in this one.
+    if (!m_asked && database != m_filledFrom.lock()) m_chosen = {};
     m_filledFrom = database;
     if (!database) return;
+    m_asked = false;
     SetItems(Entries(*database));
-    SetCurSel(m_chosen ? FindItemData(m_chosen) : -1);
+    showChosen();
+}
+
+void CCobxDictionaryBase::showChosen() {
+    const bool listed = !m_chosen.isNull() && m_chosen.database() == m_filledFrom.lock().get();
+    SetCurSel(listed ? FindItemData(kx::controls::itemData(m_chosen)) : -1);
 }
 
 void CCobxDictionaryBase::OnSelChange() {
-    m_chosen = GetItemData(GetCurSel());
+    m_chosen = GetSelectedId();
+    m_asked = false;
     VORDCobxBase::OnSelChange();
 }
 
@@ -132,8 +140,9 @@ OdDbObjectId CCobxDictionaryBase::GetSelectedId() const {
 }
 
 void CCobxDictionaryBase::SelectId(OdDbObjectId id) {
-    m_chosen = kx::controls::itemData(id);
-    SetCurSel(m_chosen ? FindItemData(m_chosen) : -1);
+    m_chosen = id;
+    m_asked = true;
+    showChosen();
 }
 
 std::vector<tv::ui::ListItem> CCobxScaleList::Entries(const OdDbDatabase& database) const {

@@ -64,9 +64,12 @@ class KXGUI_EXPORT CCobxDictionaryBase : public VORDCobxBase {
     virtual std::vector<tv::ui::ListItem> Entries(const OdDbDatabase& database) const = 0;
 
   private:
+    void showChosen();
+
     OdDbDatabasePtr m_database;
     std::weak_ptr<OdDbDatabase> m_filledFrom;
-    std::uintptr_t m_chosen = 0;
+    OdDbObjectId m_chosen;
+    bool m_asked = false; // for m_chosen since the list was filled
 };
 
 // The drawing's scales in their own order, but for those that came with external references.

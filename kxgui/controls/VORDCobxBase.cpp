@@ -99,6 +99,7 @@ int VORDCobxBase::SetCurSel(int index) {
 }
 
 int VORDCobxBase::SelectString(int start, const wchar_t* text, bool ignoreCase) {
+    if (!text) return -1;
     for (int from = start, turn = 0;; ++turn) {
         const int found = FindString(from, text);
         // The first search may come round to the entry it started after; a later one has been there.

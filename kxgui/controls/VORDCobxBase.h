@@ -81,12 +81,13 @@ class KXGUI_EXPORT VORDCobxBase : public CComboBox {
     OdDbDatabasePtr prepareUpdateList();
     void OnWindowGone() override;
 
+    int curSel = -1, lastSel = -1; // the index last selected by the program, both written together
+
   private:
     void SetUpdateTimer();
     void selectPendingEntry();
     void refillSafely();
 
-    int curSel = -1, lastSel = -1;
     unsigned timerId = 0;
     std::wstring pendingSelectName;
     int pendingSelectIndex = -1;

@@ -17,7 +17,7 @@ struct Fonts : TavoFonts {
     std::vector<OdString> families() const override { return {L"Face 10", L"face 9"}; }
     std::vector<Style> styles(const OdString& family) const override {
         if (family != L"face 9") return {};
-        return {{L"Regular", false, false}, {L"Bold Italic", true, true}};
+        return {{L"Light", false, false}, {L"Regular", false, false}, {L"Bold Italic", true, true}};
     }
     std::vector<OdString> shapeFonts() const override { return {L"txt.shx", L"romans.shx"}; }
 };
@@ -76,11 +76,20 @@ TEST_F(ArrowAndFont, FontsAndTheirStyles) {
         EXPECT_EQ(combo.GetWindowText(), L"Missing") << "not on this machine";
         u.choose("IDC_COMBO", L"txt.shx");
         EXPECT_TRUE(combo.IsShapeFont());
+        combo.SelectFont(L"GONE.SHX");
+        EXPECT_TRUE(combo.IsShapeFont());
     });
-    run<CCobxFontStyle>([&](CCobxFontStyle& combo, auto&) {
+    run<CCobxFontStyle>([&](CCobxFontStyle& combo, auto& u) {
         combo.SelectStyle(true, true);
         combo.SetFont(L"face 9");
         EXPECT_EQ(combo.GetStyleName(), L"Bold Italic");
+        combo.SelectStyle(false, false);
+        EXPECT_EQ(combo.GetStyleName(), L"Regular") << "not any style that is neither bold nor italic";
+        u.choose("IDC_COMBO", L"Light");
+        refill(combo);
+        EXPECT_EQ(combo.GetStyleName(), L"Light");
+        combo.SelectStyle(true, false);
+        EXPECT_FALSE(combo.IsBold()) << "the family has no such style";
         combo.SetFont(L"Face 10");
         EXPECT_EQ(combo.GetCount(), 0);
     });

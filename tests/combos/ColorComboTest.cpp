@@ -2,6 +2,7 @@
 #include "kxgui/frame/ColorDlg.h"
 #include "platform/toolkit/Pictures.h"
 #include "tests/combos/ComboTest.h"
+#include "tests/text/TempFolder.h"
 
 #include <gmock/gmock.h>
 
@@ -89,4 +90,19 @@ TEST_F(ColorCombo, FollowsTheCurrentColourAndLayer) {
         u.choose("IDC_COMBO", combo.GetCount() - 1);
         EXPECT_EQ(combo.GetWindowText(), L"30") << "given up";
     });
+}
+
+TEST_F(ColorCombo, EntriesFollowTheLanguage) {
+    const TempFolder folder;
+    folder.write("texts_en.ini", "IDC_TBMNU_509 = Scarlet\n");
+    VORD_MSGFunction::AddFileBase(folder.path / "texts");
+    run<CCobxColor>([&](CCobxColor& combo, auto& u) {
+        refill(combo);
+        u.choose("IDC_COMBO", L"Red");
+        VORD_MSGFunction::SetCurrentLanguageId(1033);
+        EXPECT_TRUE(VORD_MSGFunction::LoadFile());
+        refill(combo);
+        EXPECT_EQ(combo.GetWindowText(), L"Scarlet");
+    });
+    VORD_MSGFunction::Reset();
 }

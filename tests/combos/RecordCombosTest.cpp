@@ -97,7 +97,6 @@ TEST_F(RecordCombos, AChoiceInAToolbarIsOneStepAndElsewhereChangesNothing) {
 
 TEST_F(RecordCombos, LinetypesHaveTheirSpecialEntries) {
     const auto table = database()->getLinetypeTableId().open<OdDbLinetypeTable>(OdDb::kForWrite);
-    const std::wstring huge(2000, L'Z');
     ASSERT_FALSE(table->add(L"Dash10").isNull());
     ASSERT_FALSE(table->add(L"Dash9").isNull()); // without a pattern
     run<CCobxLineType>([&](CCobxLineType& combo, auto& u) {

@@ -15,6 +15,7 @@ constexpr unsigned comboTemplate = 9201;
 constexpr tv::ui::DialogTemplate templates[] = {{comboTemplate, "IDD_TEST_COMBO", {100, 50}, false}};
 
 struct TestCombo : VORDCobxBase {
+    using VORDCobxBase::curSel;
     using VORDCobxBase::VORDCobxBase;
     int refills = 0;
     bool broken = false;
@@ -123,6 +124,9 @@ TEST_F(CobxBase, SelectStringWantsTheWholeText) {
         const auto before = toolkit.changeCount();
         combo.SetCurSel(2);
         EXPECT_EQ(toolkit.changeCount(), before) << "nothing is sent for what is selected already";
+        combo.CComboBox::SetCurSel(0);
+        combo.SetCurSel(0);
+        EXPECT_EQ(combo.curSel, 0) << "but recorded";
     });
 }
 

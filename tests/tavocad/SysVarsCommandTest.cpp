@@ -1,7 +1,10 @@
+#include "platform/host/TavoFonts.h"
 #include "tests/tavocad/HeaderDifference.h"
 #include "tests/tavocad/ScriptedSession.h"
 
 #include <gmock/gmock.h>
+
+#include <fstream>
 
 using SysVarsCommand = ScriptedSession;
 
@@ -41,4 +44,24 @@ TEST_F(SysVarsCommand, CancelLeavesNoTrace) {
     ASSERT_GE(replies.size(), 3u);
     EXPECT_FALSE(replies[replies.size() - 2]["ok"].get<bool>()) << "there is no step to undo";
     EXPECT_EQ(replies.back()["discarded"], false);
+}
+
+TEST_F(SysVarsCommand, FontFilesAreFoundBesideTheDrawingAndOnTheirPath) {
+    const auto file = makeDrawing("plan.dxf");
+    const auto shapes = folder / "shapes";
+    std::filesystem::create_directory(shapes);
+    for (const auto& font : {folder / "own.shx", shapes / "path.shx"})
+        std::ofstream(font, std::ios::binary) << "Some-86 shapes 1.0\r\n\x1a";
+    const auto found = [&] { return session.host().fonts()->shapeFonts(); };
+    const auto search = [](const std::string& path) {
+        return "{\"do\":\"setvar\",\"name\":\"FONTPATH\",\"value\":" + quoted(path) + "}\n";
+    };
+    runWell("{\"do\":\"open\",\"path\":" + quoted(file) + "}\n");
+    EXPECT_THAT(found(), testing::ElementsAre(OdString(L"own.shx")));
+    runWell(search("/nowhere; " + shapes.string()));
+    EXPECT_THAT(found(), testing::ElementsAre(OdString(L"own.shx"), OdString(L"path.shx")));
+    runWell("{\"do\":\"close\"}\n");
+    EXPECT_THAT(found(), testing::ElementsAre(OdString(L"path.shx")));
+    runWell(search("."));
+    EXPECT_TRUE(found().empty());
 }

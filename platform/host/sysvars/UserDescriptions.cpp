@@ -13,6 +13,7 @@ constexpr text::TableText kUserDescriptions[] = {
     {"IDS_TAVO_SYSVAR_DCTMAIN", L"기본 맞춤법 사전"},
     {"IDS_TAVO_SYSVAR_EXPERT", L"생략하는 경고의 단계: 0 모두 표시, 5 가장 많이 생략"},
     {"IDS_TAVO_SYSVAR_FINDSTRINGS", L"최근에 찾은 문자열"},
+    {"IDS_TAVO_SYSVAR_FONTPATH", L"셰이프 글꼴 파일을 찾는 폴더들, 세미콜론으로 구분, 점 하나는 없음"},
     {"IDS_TAVO_SYSVAR_LWUNITS", L"선가중치의 표시 단위: 0 인치, 1 밀리미터"},
     {"IDS_TAVO_SYSVAR_PICKBOX", L"클릭으로 객체를 찾는 사각형의 한 변의 절반(픽셀)"},
     {"IDS_TAVO_SYSVAR_PICKFIRST", L"명령 전에 선택한 객체를 명령에 씀: 0 끔, 1 켬"},

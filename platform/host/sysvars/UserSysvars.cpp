@@ -18,6 +18,8 @@ constexpr SysvarInfo kUserSysvars[] = {
     text(L"DCTMAIN").at(kProfile),
     integer(L"EXPERT", 0, 0, 5).at(kSession),
     text(L"FINDSTRINGS").at(kProfile),
+    // Folders in which files of stroked fonts are looked for, parted by semicolons.
+    text(L"FONTPATH").at(kProfile),
     // Lineweights are shown in: 0 inches, 1 millimetres.
     flag(L"LWUNITS", 1).at(kProfile),
     // Half the side of the square in which a click finds objects, pixels.
