@@ -91,12 +91,12 @@ DisplayList dashes(const std::vector<double>& lengths) {
     double length = 0;
     for (const double dash : lengths)
         length += std::abs(dash);
-    if (!std::isfinite(length) || length <= 0) {
+    // A unit of the drawing is 14 pixels; longer patterns shrink until they show twice, very short ones grow.
+    constexpr double pixelsPerUnit = 14, shortest = 6;
+    if (!std::isfinite(length) || !std::isfinite(shortest / length)) {
         piece(1, end);
         return out;
     }
-    // A unit of the drawing is 14 pixels; longer patterns shrink until they show twice, very short ones grow.
-    constexpr double pixelsPerUnit = 14, shortest = 6;
     const double scale = std::max(std::min(end / (2 * length), pixelsPerUnit), shortest / length);
     for (double x = 1; x < end;)
         for (const double dash : lengths) {

@@ -105,6 +105,8 @@ TEST_F(RecordCombos, LinetypesHaveTheirSpecialEntries) {
                                               L"Add Linetypes..."));
         EXPECT_EQ(combo.GetCurSel(), 0) << "CELTYPE";
         EXPECT_EQ(combo.items().at(3).picture, tv::ui::dashPicture({}));
+        // Neither nothing nor long enough to be drawn.
+        EXPECT_EQ(tv::ui::dashPicture({1e-310, -1e-310})->items.size(), 1U);
 
         u.choose("IDC_COMBO", L"Dash10");
         EXPECT_EQ(variable(L"CELTYPE"), L"Dash10");
