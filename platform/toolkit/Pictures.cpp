@@ -109,7 +109,7 @@ DisplayList dashes(const std::vector<double>& lengths) {
     return out;
 }
 
-constexpr std::uint32_t lit = 0xF2B705, unlit = 0x8A94A6, cold = 0x3D8BE0, brass = 0xD9902F;
+constexpr std::uint32_t lit = 0xF2B705, unlit = 0x8A94A6, cold = 0x2E9BE8, brass = 0xD9902F;
 
 void addLamp(DisplayList& out, bool on) {
     out.items.push_back(disc({8, 9.5}, 4.5, on ? lit : unlit));

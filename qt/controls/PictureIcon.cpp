@@ -101,6 +101,7 @@ class IconCache {
                                   if (selected) {
                                       palette.setBrush(QPalette::Text, palette.highlightedText());
                                       palette.setBrush(QPalette::Base, palette.highlight());
+                                      palette.setBrush(QPalette::Shadow, palette.highlightedText());
                                   }
                                   paintDisplayList(painter, *list, map, palette);
                               });

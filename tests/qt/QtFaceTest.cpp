@@ -1,4 +1,5 @@
 // What only a face with widgets can get wrong.
+#include "platform/toolkit/Pictures.h"
 #include "qt/Theme.h"
 #include "tests/conformance/ProbeDlg.h"
 #include "tests/qt/CutOffText.h"
@@ -76,6 +77,48 @@ TEST_F(QtFaceTest, ThemesAreReadable) {
         }
         for (const auto role : {P::Link, P::LinkVisited, P::PlaceholderText})
             EXPECT_GE(contrast(palette.color(role), palette.color(P::Base)), 4.5) << role;
+    }
+}
+
+TEST_F(QtFaceTest, PicturesOfHighlightedEntriesAreReadable) {
+    const auto picture = tv::ui::namedPicture("test:ink and frame", [] {
+        tv::ui::DisplayList out{{0, 0}, {32, 16}, {}, {}};
+        for (const std::uint32_t color : {tv::ui::inkColor, tv::ui::frameColor}) {
+            const double left = out.items.empty() ? 2 : 18;
+            tv::ui::DrawItem& box = out.items.emplace_back();
+            box.shape = tv::ui::DrawItem::Shape::polygon;
+            box.points = {{left, 2}, {left + 12, 2}, {left + 12, 14}, {left, 14}};
+            box.fill = color;
+        }
+        return out;
+    });
+    for (const auto theme : {tv::qt::Theme::light, tv::qt::Theme::dark}) {
+        tv::qt::applyTheme(theme);
+        ProbeDlg dialog;
+        run(dialog, [&](QWidget&) {
+            std::vector<tv::ui::ListItem> items;
+            for (const wchar_t* text : {L"", L" "})
+                items.push_back({text, 0, picture});
+            dialog.combo.SetItems(std::move(items));
+            dialog.combo.SetCurSel(1);
+            dialog.combo.ShowDropDown();
+            settle();
+            QWidget* popup = QApplication::activePopupWidget();
+            ASSERT_NE(popup, nullptr);
+            const QImage shown = popup->grab().toImage();
+            const auto has = [&](QPalette::ColorRole role, int row) {
+                const QColor color = QApplication::palette().color(QPalette::Active, role);
+                const int rowHeight = shown.height() / 2;
+                for (int y = 3 + row * rowHeight; y < (row + 1) * rowHeight - 3; ++y)
+                    for (int x = 3; x < shown.width() - 3; ++x)
+                        if (shown.pixelColor(x, y) == color) return true;
+                return false;
+            };
+            EXPECT_TRUE(has(QPalette::Text, 0) && !has(QPalette::Highlight, 0));
+            EXPECT_TRUE(has(QPalette::Highlight, 1) && has(QPalette::HighlightedText, 1));
+            EXPECT_TRUE(has(QPalette::Shadow, 0));
+            EXPECT_FALSE(has(QPalette::Text, 1) || has(QPalette::Shadow, 1)) << "dark on dark";
+        });
     }
 }
 
