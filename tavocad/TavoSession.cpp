@@ -140,8 +140,7 @@ void TavoSession::print(const tv::Problem& problem) {
     if (problem) m_host->commandLine()->print(problem.sentence);
 }
 
-// --- commands
-// --------------------------------------------------------------------------------------------------------
+// --- commands ---
 
 void TavoSession::addCommand(CommandSpec spec) {
     TavoCommands& commands = *m_host->commands();
@@ -226,8 +225,7 @@ OdString TavoSession::unknownCommand(const OdString& word) const {
                   word, joined(near));
 }
 
-// --- documents
-// -------------------------------------------------------------------------------------------------------
+// --- documents ---
 
 void TavoSession::tellFaults(const std::vector<tv::Problem>& problems) {
     constexpr std::size_t mostTold = 5;
@@ -396,8 +394,7 @@ bool TavoSession::closeAsking(TavoDocument* document) {
     return true;
 }
 
-// --- the program
-// -----------------------------------------------------------------------------------------------------
+// --- the program ---
 
 void TavoSession::setLanguage(const UiLanguage& language) {
     VORD_MSGFunction::SetCurrentLanguageId(language.id);

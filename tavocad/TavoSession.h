@@ -59,9 +59,9 @@ class TavoSession {
     double pickTolerance();
     TavoDocument* document() const;
 
-    // --- commands
-    // ------------------------------------------------------------------------------------------------- A
-    // command or alias whose name is taken is a fault of the program.
+    // --- commands ---
+
+    // A command or alias whose name is taken is a fault of the program.
     void addCommand(CommandSpec spec);
     // In the order they were added.
     const std::vector<CommandSpec>& commands() const { return m_commands; }
@@ -87,10 +87,10 @@ class TavoSession {
         return m_commandEnded.connect(std::move(listener));
     }
 
-    // --- documents
-    // ------------------------------------------------------------------------------------------------ What was
-    // wrong with a file that opened nevertheless goes to the command line; the problem says why it did not
-    // open. Many faults are told shortened; all of them come with `faults`.
+    // --- documents ---
+
+    // What was wrong with a file that opened nevertheless goes to the command line; the problem says why it did
+    // not open. Many faults are told shortened; all of them come with `faults`.
     tv::Problem open(const std::filesystem::path& file, std::vector<tv::Problem>* faults = nullptr);
     // An empty path means the drawing's own file. Refused for one that is damaged or that somebody else changed
     // since it was opened, and for any other file that is there already, unless `force`.
@@ -121,8 +121,8 @@ class TavoSession {
     // nobody to ask. Nothing when he gave up.
     std::function<std::optional<std::filesystem::path>(FileQuestion)> askFile;
 
-    // --- the program
-    // ----------------------------------------------------------------------------------------------
+    // --- the program ---
+
     void setLanguage(const UiLanguage& language);
     // The one of the settings, else the system's.
     const UiLanguage& rememberedLanguage();

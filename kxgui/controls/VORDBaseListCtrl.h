@@ -26,9 +26,9 @@ class KXGUI_EXPORT VORDBaseListCtrl : public CListCtrl {
   public:
     using CListCtrl::CListCtrl;
 
-    // --- columns and what they are edited with
-    // -------------------------------------------------------------------- The new column has no editor. Its
-    // number, that of the last one for a place beyond it; -1 for no place.
+    // --- columns and what they are edited with ---
+
+    // The new column has no editor. Its number, that of the last one for a place beyond it; -1 for no place.
     int InsertColumn(int column, const tv::ui::ListColumn& description);
     // An open edit ends first. The texts of own rows stay with their columns.
     bool DeleteColumn(int column);
@@ -49,9 +49,9 @@ class KXGUI_EXPORT VORDBaseListCtrl : public CListCtrl {
     void RowsInserted(int at, int count = 1);
     void RowsRemoved(int at, int count = 1);
 
-    // --- own rows
-    // ------------------------------------------------------------------------------------------------- Rows of
-    // a list without a model of its own. The first call makes the list one of those.
+    // --- own rows ---
+
+    // Rows of a list without a model of its own. The first call makes the list one of those.
     int InsertItem(int item, std::wstring_view text); // -1: behind the last one
     bool DeleteItem(int item);
     void DeleteAllItems();
@@ -59,9 +59,9 @@ class KXGUI_EXPORT VORDBaseListCtrl : public CListCtrl {
     virtual bool SetItemText(int item, int column, std::wstring_view text);
     std::wstring GetItemText(int item, int column) const { return cellText(item, column); }
 
-    // --- editing
-    // -------------------------------------------------------------------------------------------------- A
-    // click on a cell: opens the editor of its column. True when one was opened.
+    // --- editing ---
+
+    // A click on a cell: opens the editor of its column. True when one was opened.
     virtual bool OnItemLButtonClick(int item, int column);
     // Toggles a cell between two texts and reports the new one. 0 when nothing was done.
     int ToggleSubLabel(int item, int column, std::wstring_view text1, std::wstring_view text2);
@@ -84,9 +84,9 @@ class KXGUI_EXPORT VORDBaseListCtrl : public CListCtrl {
     // The mode before; a value above 2 changes nothing.
     EHighlight SetHighlightType(unsigned type);
 
-    // --- for the editors
-    // ------------------------------------------------------------------------------------------ False keeps an
-    // editor that Enter or Tab would leave.
+    // --- for the editors ---
+
+    // False keeps an editor that Enter or Tab would leave.
     virtual bool mayLeaveEditor() { return true; }
     // The focus left the editor, which holds `text`.
     void editorLeft(std::optional<std::wstring> text, bool cancelled);

@@ -45,8 +45,8 @@ class KXPLATFORM_EXPORT CDialog : public CWnd {
     // OnDestroy of its own calls this in its destructor.
     void DestroyWindow();
     bool modeless() const { return m_modeless; }
-    // Made with Create the window stands within the program's main window, which places it; it has no frame and no title
-    // bar.
+    // Made with Create the window stands within the program's main window, which places it; it has no frame and
+    // no title bar.
     virtual bool embedded() const { return false; }
     // Ends the run. Ignored when the dialog is not running or has ended already: the first end counts. A window
     // made with Create is taken away when everything under way has finished.
@@ -66,9 +66,9 @@ class KXPLATFORM_EXPORT CDialog : public CWnd {
     void SetDefaultButton(CButton& button);
     CButton* defaultButton() const;
 
-    // --- called by the toolkit
-    // ------------------------------------------------------------------------------------ Returns nonzero when
-    // the toolkit should set the first focus.
+    // --- called by the toolkit ---
+
+    // Returns nonzero when the toolkit should set the first focus.
     virtual int OnInitDialog() { return 1; }
     virtual void OnOK() { EndDialog(IDOK); }
     virtual void OnCancel() { EndDialog(IDCANCEL); }
@@ -89,8 +89,8 @@ class KXPLATFORM_EXPORT CDialog : public CWnd {
     std::intptr_t WindowProc(unsigned message, std::uintptr_t wParam, std::intptr_t lParam) override;
     static constexpr unsigned sizeMessage = 0x0005;
 
-    // --- the user path
-    // --------------------------------------------------------------------------------------------
+    // --- the user path ---
+
     tv::ui::UserResult perform(const tv::ui::UserAction& action) override;
     // The close box of the title bar.
     tv::ui::UserResult userClose();

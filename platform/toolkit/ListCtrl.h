@@ -28,8 +28,8 @@ class KXPLATFORM_EXPORT CListCtrl : public CWnd {
     bool multiSelect() const { return m_multiSelect; }
     void MoveWindow(const CRect& rect) override;
 
-    // --- columns
-    // --------------------------------------------------------------------------------------------------
+    // --- columns ---
+
     void SetColumns(std::vector<tv::ui::ListColumn> columns);
     const std::vector<tv::ui::ListColumn>& columns() const { return m_columns.all(); }
     // The new column's number, `at` or the last one; the columns from there on count one more.
@@ -44,8 +44,8 @@ class KXPLATFORM_EXPORT CListCtrl : public CWnd {
     // As it is shown: the title's width at least, and the last one takes the room left over.
     int columnWidth(int column) const { return m_columns.shownWidth(column, clientSize().cx); }
 
-    // --- rows
-    // -----------------------------------------------------------------------------------------------------
+    // --- rows ---
+
     // Shares the model; null empties the list. Clears the selection.
     void SetModel(std::shared_ptr<tv::ui::ListModel> model);
     // The model's rows changed: their number, or the contents of [first, last] (-1: all). Selected rows that no
@@ -78,8 +78,8 @@ class KXPLATFORM_EXPORT CListCtrl : public CWnd {
     // The rows the last RowsChanged named, for the face.
     std::pair<int, int> changedRows() const { return m_changed; }
 
-    // --- geometry
-    // -------------------------------------------------------------------------------------------------
+    // --- geometry ---
+
     CSize clientSize() const;
     int rowHeight() const { return m_rowHeight; }
     int rowsInView() const; // whole ones, at least 1
@@ -96,11 +96,11 @@ class KXPLATFORM_EXPORT CListCtrl : public CWnd {
     // In the list's font.
     int textWidth(std::wstring_view text) const;
 
-    // --- editors in cells
-    // ----------------------------------------------------------------------------------------- Shows `editor`,
-    // a child window made for it, over the cell and gives it the focus. One at a time: an open one is ended
-    // first. It follows its cell; MoveWindow (in the list's own coordinates) makes it larger than that. While
-    // it has the focus it gets all keys before anybody else (CWnd::routeKey).
+    // --- editors in cells ---
+
+    // Shows `editor`, a child window made for it, over the cell and gives it the focus. One at a time: an open
+    // one is ended first. It follows its cell; MoveWindow (in the list's own coordinates) makes it larger than
+    // that. While it has the focus it gets all keys before anybody else (CWnd::routeKey).
     void ShowEditor(std::unique_ptr<CWnd> editor, int row, int column);
     CWnd* editor() const { return m_editor.get(); }
     int editorRow() const { return m_editorRow; }
@@ -114,8 +114,8 @@ class KXPLATFORM_EXPORT CListCtrl : public CWnd {
     virtual bool hasEditor(int row, int column) const;
     virtual bool openEditor(int row, int column);
 
-    // --- what happened
-    // --------------------------------------------------------------------------------------------
+    // --- what happened ---
+
     std::function<void()> onSelChange;
     std::function<void(int row, int column)> onClick, onDoubleClick;
     // Set, it decides what a click on a title does; else the model sorts when it can.
@@ -127,8 +127,8 @@ class KXPLATFORM_EXPORT CListCtrl : public CWnd {
     // A person moved, resized, hid or showed a column, or sorted by one.
     std::function<void()> onColumnsChange;
 
-    // --- the user path
-    // --------------------------------------------------------------------------------------------
+    // --- the user path ---
+
     tv::ui::UserResult userSelect(tv::ui::RowSet rows);
     // A row is pressed: alone, with Shift up to the row before, with Ctrl added or taken away.
     tv::ui::UserResult userPress(int row, int column, bool ctrl, bool shift);
@@ -152,8 +152,8 @@ class KXPLATFORM_EXPORT CListCtrl : public CWnd {
     // when it gets too long for a clipboard.
     std::wstring selectedText() const;
 
-    // --- told by the face
-    // -----------------------------------------------------------------------------------------
+    // --- told by the face ---
+
     void faceGeometry(CSize client, int rowHeight);
     void faceTitleWidth(int column, int width) { m_columns.setTitleWidth(column, width); }
 

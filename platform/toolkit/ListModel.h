@@ -32,8 +32,8 @@ class KXPLATFORM_EXPORT ListModel {
     // The cell's text alone, for those who go through many rows.
     virtual std::wstring text(int row, int column) const { return cell(row, column).text; }
 
-    // --- for models that can sort themselves
-    // ------------------------------------------------------------------
+    // --- for models that can sort themselves ---
+
     virtual bool sortable(int /*column*/) const { return false; }
     virtual void sort(int /*column*/, bool /*ascending*/) {}
     // What a row stands for whatever the order is, a number from 0 to rowCount() - 1, and the row it is at now.

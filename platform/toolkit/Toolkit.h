@@ -92,11 +92,12 @@ class KXPLATFORM_EXPORT Toolkit {
 
     static Toolkit* current();
 
-    // --- time
-    // -----------------------------------------------------------------------------------------------------
+    // --- time ---
+
     [[nodiscard]] Timer after(std::chrono::milliseconds delay, std::function<void()> work);
-    // The work of `timer` runs that much later from now instead; costs next to nothing, however often it is asked for.
-    // False, and nothing changed, when it no longer waits or would have to run earlier than it was going to.
+    // The work of `timer` runs that much later from now instead; costs next to nothing, however often it is
+    // asked for. False, and nothing changed, when it no longer waits or would have to run earlier than it was
+    // going to.
     bool postpone(Timer& timer, std::chrono::milliseconds delay) const;
     // Runs after everything already posted, never inside the event that asked for it.
     [[nodiscard]] Timer post(std::function<void()> work) {
@@ -106,9 +107,9 @@ class KXPLATFORM_EXPORT Toolkit {
     void postDetached(std::function<void()> work);
     virtual std::chrono::milliseconds now() const = 0;
 
-    // --- windows
-    // -------------------------------------------------------------------------------------------------- Shows
-    // `dialog` above all others and returns when it has ended.
+    // --- windows ---
+
+    // Shows `dialog` above all others and returns when it has ended.
     void runModal(CDialog& dialog);
     // Runs the loop until waiting.done().
     virtual void wait(Waiting& waiting) = 0;
@@ -130,17 +131,18 @@ class KXPLATFORM_EXPORT Toolkit {
     // Where windows may be placed.
     virtual CRect workArea() const { return {0, 0, 1920, 1040}; }
 
-    // --- told by windows
-    // ------------------------------------------------------------------------------------------
+    // --- told by windows ---
+
     virtual void changed(CWnd& wnd, Change change) = 0;
     virtual void show(CDialog& dialog) = 0;
     virtual void hide(CDialog& dialog) = 0;
 
-    // --- the rest of the desk
-    // -------------------------------------------------------------------------------------
+    // --- the rest of the desk ---
+
     virtual void setClipboardText(const std::wstring& text) = 0;
     virtual std::wstring clipboardText() const = 0;
-    // How wide a control shows a text, in logical pixels. Without pixels every character is as wide as a usual one.
+    // How wide a control shows a text, in logical pixels. Without pixels every character is as wide as a usual
+    // one.
     virtual int textWidth(const CWnd& wnd, std::wstring_view text) const;
     virtual const char* name() const = 0; // "headless" or "qt"
 

@@ -62,8 +62,7 @@ tv::SettingsStore* settings() {
 
 } // namespace
 
-// --- the list
-// ----------------------------------------------------------------------------------------------------
+// --- the list ---
 
 bool CGalleryList::toggle(int item) {
     const auto [on, off] = GalleryRows::states();
@@ -79,8 +78,7 @@ bool CGalleryList::controlKey(const tv::ui::KeyEvent& key) {
     return VORDBaseListCtrl::controlKey(key);
 }
 
-// --- the page
-// ----------------------------------------------------------------------------------------------------
+// --- the page ---
 
 CGalleryListPage::CGalleryListPage(CWnd& parent, const char* name)
     : VORDBaseChildDlg(IDD_GALLERY_LIST, parent, name), m_memory(settings(), L"Gallery") {

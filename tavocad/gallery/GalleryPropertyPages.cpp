@@ -43,8 +43,7 @@ std::wstring named(const std::wstring& name, OdDbObjectId id) {
 
 } // namespace
 
-// --- what they have in common
-// --------------------------------------------------------------------------------------
+// --- what they have in common ---
 
 void CGalleryPropertyPage::addProperty(CCobxPropertyBase& list, Property property) {
     list.SetFollowsDrawing(false); // a choice is for looking at
@@ -60,8 +59,7 @@ void CGalleryPropertyPage::OnFilled() {
     }
 }
 
-// --- the pages
-// -----------------------------------------------------------------------------------------------------
+// --- the pages ---
 
 CGalleryColorsPage::CGalleryColorsPage(CWnd& parent, const char* name)
     : CGalleryPropertyPage(IDD_GALLERY_COLORS, parent, name) {

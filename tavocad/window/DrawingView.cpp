@@ -42,8 +42,7 @@ DrawingView::DrawingView(QWidget* parent) : QWidget(parent), m_scene(std::make_s
     connect(&m_hoverTimer, &QTimer::timeout, this, &DrawingView::updateHover);
 }
 
-// --- what is shown
-// ---------------------------------------------------------------------------------------------------
+// --- what is shown ---
 
 void DrawingView::setScene(std::shared_ptr<const Scene> scene) {
     m_scene = std::move(scene);
@@ -90,8 +89,7 @@ void DrawingView::redraw() {
     update();
 }
 
-// --- what part of it
-// ------------------------------------------------------------------------------------------------
+// --- what part of it ---
 
 void DrawingView::zoom(const ZoomRequest& request) {
     using Kind = ZoomRequest::Kind;
@@ -178,8 +176,7 @@ ScenePainter DrawingView::view() const {
 
 OdGePoint2d DrawingView::toDrawing(QPointF point) const { return view().toDrawing(point); }
 
-// --- painting
-// --------------------------------------------------------------------------------------------------------
+// --- painting ---
 
 QColor DrawingView::markColor() const {
     return readableOn(palette().color(QPalette::Highlight), palette().color(QPalette::Base));
@@ -306,8 +303,7 @@ void DrawingView::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) redraw();
 }
 
-// --- points
-// ----------------------------------------------------------------------------------------------------------
+// --- points ---
 
 void DrawingView::beginPick(std::optional<OdGePoint2d> base) {
     m_picking = true;
@@ -323,8 +319,7 @@ void DrawingView::endPick() {
     update();
 }
 
-// --- objects
-// ---------------------------------------------------------------------------------------------------------
+// --- objects ---
 
 void DrawingView::updateHover() {
     std::optional<Scene::Hit> hit;
@@ -364,8 +359,7 @@ void DrawingView::dropBox() {
     update();
 }
 
-// --- pointer and keys
-// ------------------------------------------------------------------------------------------------
+// --- pointer and keys ---
 
 bool DrawingView::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {

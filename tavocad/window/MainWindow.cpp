@@ -259,8 +259,7 @@ void MainWindow::rememberPlace() {
                                            fromQt(QString::fromLatin1(saveGeometry().toBase64())).view());
 }
 
-// --- what the window shows
-// -------------------------------------------------------------------------------------------
+// --- what the window shows ---
 
 void MainWindow::showPrompt() {
     const OdString asked =
@@ -390,8 +389,7 @@ void MainWindow::showSettings() {
     showZoom();
 }
 
-// --- objects
-// ---------------------------------------------------------------------------------------------------------
+// --- objects ---
 
 void MainWindow::choose(const TavoSelectionQuery& query, bool remove) {
     TavoSelection& selection = *m_session.host().selection();
@@ -420,8 +418,7 @@ void MainWindow::cancel() {
         m_session.host().selection()->clear();
 }
 
-// --- events
-// ----------------------------------------------------------------------------------------------------------
+// --- events ---
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     if (m_session.quitRequested()) return;
