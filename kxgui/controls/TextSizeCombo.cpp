@@ -19,6 +19,17 @@ bool isHeight(double height) { return std::isfinite(height) && height > 0; }
 
 } // namespace
 
+void CCobxTextSize::RefillList() {
+    const OdDbDatabasePtr before = filledFrom();
+    // "*varies*" may stand there in another language.
+    const bool typing = before && !Varies() && isTyped();
+    const std::wstring typed = GetWindowText();
+    CCobxPropertyBase::RefillList();
+    if (!typing || filledFrom() != before) return;
+    clearSelection();
+    SetWindowText(typed);
+}
+
 void CCobxTextSize::Fill(const OdDbDatabasePtr& database) {
     std::vector<double> heights;
     const auto add = [&](double height) {

@@ -19,6 +19,8 @@ class KXGUI_EXPORT CCobxTextSize : public CCobxPropertyBase {
     void OnKillFocus() override;
 
   protected:
+    // What a person is typing stays, unless it was for another drawing.
+    void RefillList() override;
     void Fill(const OdDbDatabasePtr& database) override;
     int EntryOf(const tv::dwg::Value& value) override;
     std::optional<tv::dwg::Value> ValueOf(int index) const override;

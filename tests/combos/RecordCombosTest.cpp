@@ -165,6 +165,8 @@ TEST_F(RecordCombos, TextHeightsCanBeTyped) {
         EXPECT_EQ(combo.GetTextSize(), 10);
         EXPECT_EQ(database()->undoName(), L"문자높이 변경");
         u.type("IDC_COMBO", L"3.75");
+        refill(combo);
+        EXPECT_EQ(combo.GetWindowText(), L"3.75") << "what is being typed isn't taken away";
         u.key(L"Enter");
         EXPECT_EQ(variable(L"TEXTSIZE"), L"3.75");
         EXPECT_EQ(combo.GetWindowText(), L"3.8");
