@@ -51,7 +51,7 @@ bool IToolbarComboBox::available() const {
     const OdDbDatabasePtr database = tvedWorkingDatabase();
     if (!database || (m_property == Property::plotStyle && !hasNamedPlotStyles(database))) return false;
     const auto picked = kx::controls::pickedObjects(*database);
-    return picked.empty() || kx::controls::commonValue(picked, m_property).known;
+    return picked.empty() || kx::controls::anyHasProperty(picked, m_property);
 }
 
 void IToolbarComboBox::RequestUpdate() {

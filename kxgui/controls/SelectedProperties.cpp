@@ -11,6 +11,7 @@
 #include "platform/text/ResourceString.h"
 #include "platform/text/Unicode.h"
 
+#include <algorithm>
 #include <unordered_map>
 
 namespace kx::controls {
@@ -181,6 +182,12 @@ CommonValue commonValue(const std::vector<OdDbObjectId>& objects, Property prope
     return common;
 }
 
+bool anyHasProperty(const std::vector<OdDbObjectId>& objects, Property property) {
+    PropertyFinder finder(property);
+    return std::any_of(objects.begin(), objects.end(),
+                       [&](OdDbObjectId object) { return isAlive(object) && finder.of(object); });
+}
+
 CommonValue currentValue(const OdDbDatabasePtr& database, Property property) {
     const auto* manager = getSysvarManagerInterface(getTavoInterfaces());
     CommonValue current;
@@ -246,8 +253,8 @@ tv::Problem changeProperty(const OdDbDatabasePtr& database, Property property, c
                            std::wstring_view undoName) {
     if (!database) return {Tavo::eNoDatabase, {}, {}, 0};
     const std::vector<OdDbObjectId> picked = pickedObjects(*database);
-    return commonValue(picked, property).known ? changeObjects(picked, property, value, undoName)
-                                               : changeCurrent(database, property, value, undoName);
+    return anyHasProperty(picked, property) ? changeObjects(picked, property, value, undoName)
+                                            : changeCurrent(database, property, value, undoName);
 }
 
 } // namespace kx::controls

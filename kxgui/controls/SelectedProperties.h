@@ -35,6 +35,8 @@ struct CommonValue {
 };
 // Objects without the property don't count. Reads no further than the first difference.
 KXGUI_EXPORT CommonValue commonValue(const std::vector<OdDbObjectId>& objects, Property property);
+// Whether one of the objects has the property; reads no further than that one.
+KXGUI_EXPORT bool anyHasProperty(const std::vector<OdDbObjectId>& objects, Property property);
 // What new objects get; unknown without a drawing or a host.
 KXGUI_EXPORT CommonValue currentValue(const OdDbDatabasePtr& database, Property property);
 // Of the picked objects or, when none of them has the property, the current one.
