@@ -2,9 +2,9 @@
 
 #include "kxgui/controls/PropertyCobx.h"
 
-// The layers of the drawing, each with a picture of its state: on, frozen, locked, colour. Never those that
-// other programs hide ("*Information Hidden Layer"), nor those of external references, on which nothing new can
-// be drawn.
+// The layers of the drawing, each with a picture of its state: on, frozen, locked, colour. Never "*Information
+// Hidden Layer", on which programs keep things of their own, nor those of external references, on which nothing
+// new can be drawn.
 class KXGUI_EXPORT CCobxLayer : public CCobxNameBase {
   public:
     CCobxLayer(CWnd& parent, const char* name) : CCobxNameBase(parent, name, kx::controls::Property::layer) {}

@@ -46,6 +46,9 @@ bool isForOneKind(std::wstring_view name) {
     return name.size() > 2 && name[name.size() - 2] == L'$' && name.back() >= L'0' && name.back() <= L'9';
 }
 
+// Programs keep things of their own on it.
+constexpr std::wstring_view kHiddenLayer = L"*Information Hidden Layer";
+
 // Null when the record isn't listed.
 std::optional<ListItem> itemOf(OdDbObjectId id, RecordKind kind) {
     ++g_read;
@@ -56,7 +59,7 @@ std::optional<ListItem> itemOf(OdDbObjectId id, RecordKind kind) {
     switch (kind) {
     case RecordKind::layers: {
         const auto layer = std::dynamic_pointer_cast<OdDbLayerTableRecord>(record);
-        if (!layer || item.text.front() == L'*') return std::nullopt;
+        if (!layer || tv::text::equalNoCase(item.text, kHiddenLayer)) return std::nullopt;
         item.picture = pictureOf(*layer);
         break;
     }

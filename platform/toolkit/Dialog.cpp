@@ -2,6 +2,7 @@
 
 #include "platform/toolkit/Button.h"
 #include "platform/toolkit/Edit.h"
+#include "platform/toolkit/ListCtrl.h"
 #include "platform/toolkit/ModuleChain.h"
 #include "platform/toolkit/Page.h"
 #include "platform/toolkit/TabCtrl.h"
@@ -31,6 +32,12 @@ bool enabledWithParents(const CWnd& wnd) {
     for (const CWnd* w = &wnd; w; w = w->GetParent())
         if (!w->IsWindowEnabled()) return false;
     return true;
+}
+
+bool isCellEditor(const CWnd& wnd) {
+    const CWnd* parent = wnd.GetParent();
+    return parent && parent->kind() == ControlKind::list &&
+           static_cast<const CListCtrl*>(parent)->editor() == &wnd;
 }
 
 bool isButtonKind(const CWnd* wnd) {
@@ -185,8 +192,9 @@ void CDialog::moveFocusTo(CWnd* wnd, bool byUser) {
     m_focus = wnd;
     if (old) old->tell(Change::focus);
     if (wnd) wnd->tell(Change::focus);
+    // An editor in a cell lives as long as it has the focus, whoever takes it away.
+    if (old && (byUser || isCellEditor(*old))) old->OnKillFocus();
     if (!byUser) return;
-    if (old) old->OnKillFocus();
     if (wnd && m_focus == wnd) wnd->OnSetFocus();
 }
 

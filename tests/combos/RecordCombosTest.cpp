@@ -21,11 +21,12 @@ struct RecordCombos : ComboTest {};
 
 TEST_F(RecordCombos, LayersAreInReadingOrderWithTheirStateAndFollowChanges) {
     for (const wchar_t* name :
-         {L"Wall10", L"wall2", L"*Information Hidden Layer", L"Ελλ\u0301 עברית", L"A&B <c>"})
+         {L"Wall10", L"wall2", L"*Information Hidden Layer", L"*Mine", L"Ελλ\u0301 עברית", L"A&B <c>"})
         ASSERT_FALSE(addLayer(name).isNull()) << name;
     run<CCobxLayer>([&](CCobxLayer& combo, auto&) {
         refill(combo);
-        EXPECT_THAT(texts(combo), ElementsAre(L"0", L"A&B <c>", L"wall2", L"Wall10", L"Ελλ\u0301 עברית"));
+        EXPECT_THAT(texts(combo),
+                    ElementsAre(L"*Mine", L"0", L"A&B <c>", L"wall2", L"Wall10", L"Ελλ\u0301 עברית"));
         EXPECT_EQ(combo.GetLayerName(), L"0") << "the current one";
         const auto layer = [&](const wchar_t* name) {
             return database()->layers()->getAt(name).open<OdDbLayerTableRecord>(OdDb::kForWrite);
@@ -35,13 +36,14 @@ TEST_F(RecordCombos, LayersAreInReadingOrderWithTheirStateAndFollowChanges) {
         const std::uint64_t before = kx::controls::recordsRead();
         refill(combo);
         EXPECT_EQ(kx::controls::recordsRead() - before, 1U) << "only the one that changed";
-        EXPECT_EQ(combo.items().at(2).picture, tv::ui::layerPicture({false, true, false, 0xFF0000}));
+        EXPECT_EQ(combo.items().at(3).picture, tv::ui::layerPicture({false, true, false, 0xFF0000}));
 
         layer(L"Wall10")->setName(L"Wall1");
         addLayer(L"Wall3");
         layer(L"A&B <c>")->erase();
         refill(combo);
-        EXPECT_THAT(texts(combo), ElementsAre(L"0", L"Wall1", L"wall2", L"Wall3", L"Ελλ\u0301 עברית"));
+        EXPECT_THAT(texts(combo),
+                    ElementsAre(L"*Mine", L"0", L"Wall1", L"wall2", L"Wall3", L"Ελλ\u0301 עברית"));
         while (database()->hasUndo())
             database()->undo();
         refill(combo);

@@ -126,6 +126,13 @@ TEST_F(InPlace, EnterAndLeavingReportTheTextAndEscapeReportsNone) {
                   EXPECT_EQ(list.told[2].text, L"elsewhere");
                   EXPECT_EQ(list.told[3].text, std::nullopt) << "an empty text is none";
                   EXPECT_FALSE(list.told[3].cancelled);
+                  u.act("LIST", click(2, 1));
+                  u.type(CInPlaceEdit::kName, L"by the program");
+                  dialog.ok.SetFocus();
+                  EXPECT_EQ(list.editor(), nullptr);
+                  EXPECT_EQ(list.told.back().text, L"by the program");
+                  EXPECT_EQ(dialog.GetFocus(), &dialog.ok);
+                  list.SetFocus();
                   EXPECT_EQ(list.GetItemText(0, 1), L"typed");
                   EXPECT_EQ(list.GetItemText(1, 1), L"elsewhere");
                   u.key(L"Escape"); // in the list itself it is the dialog's
