@@ -102,6 +102,8 @@ void AutomationServer::doScreenshot(const Fields& fields) {
         throw RequestError{VORD_ResourceString("IDS_TAVO_AUTO_NO_PIXELS",
                                                L"이 화면은 그림을 그리지 않으므로 screenshot을 쓸 수 없습니다.")
                                .c_str()};
+    for (CDialog* open : m_toolkit.modelessWindows())
+        open->settle();
     if (const tv::Problem problem = m_abilities.screenshot(m_abilities.screenshotFolder / path))
         throw RequestError{problem.sentence};
 }
