@@ -21,7 +21,7 @@ constexpr std::array<tv::ui::DialogTemplate, 15> templates{{
     {IDD_LINETYPE, "IDD_LINETYPE", {300, 190}, true},
     {IDD_PROPERTIES_BAR, "IDD_PROPERTIES_BAR", {600, 20}, false},
     {IDD_LINEWEIGHT, "IDD_LINEWEIGHT", {170, 200}, true},
-    {IDD_SYSVARS, "IDD_SYSVARS", {580, 310}, true},
+    {IDD_SYSVARS, "IDD_SYSVARS", {680, 330}, true},
     {IDD_ARROW_BLOCK, "IDD_ARROW_BLOCK", {180, 170}, true},
 }};
 

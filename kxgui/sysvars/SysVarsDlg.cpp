@@ -51,9 +51,9 @@ void CSysVarsDlg::SetText() {
     m_listLabel.SetWindowText(VORD_ResourceString("IDS_TAVO_SYSVARS_LIST", L"변수(&V):"));
     m_list.SetColumns({{L"*", 20},
                        {VORD_ResourceString("IDS_TAVO_SYSVARS_COL_NAME", L"이름").c_str(), 130},
-                       {VORD_ResourceString("IDS_TAVO_SYSVARS_COL_VALUE", L"값").c_str(), 120},
-                       {VORD_ResourceString("IDS_TAVO_SYSVARS_COL_RANGE", L"허용 값").c_str(), 115},
-                       {VORD_ResourceString("IDS_TAVO_SYSVARS_COL_PLACE", L"저장 위치").c_str(), 110},
+                       {VORD_ResourceString("IDS_TAVO_SYSVARS_COL_VALUE", L"값").c_str(), 110},
+                       {VORD_ResourceString("IDS_TAVO_SYSVARS_COL_RANGE", L"허용 값").c_str(), 140},
+                       {VORD_ResourceString("IDS_TAVO_SYSVARS_COL_PLACE", L"저장 위치").c_str(), 165},
                        {VORD_ResourceString("IDS_TAVO_SYSVARS_COL_DESCRIPTION", L"설명").c_str(), 330}});
     m_reset.SetWindowText(VORD_ResourceString("IDS_TAVO_SYSVARS_RESET", L"되돌리기(&R)"));
     m_reset.SetToolTip(VORD_ResourceString("IDS_TAVO_SYSVARS_RESET_TIP",
