@@ -31,7 +31,7 @@ void CColorIndexPage::wire(CSwatchGrid& grid) {
     grid.onDoubleClick = [this] {
         if (onAccept) onAccept();
     };
-    grid.onHover = [this, colorAt](int cell) { describe(cell < 0 ? m_color : colorAt(cell)); };
+    grid.onHover = [this, colorAt](int cell) { showInfo(cell < 0 ? m_color : colorAt(cell)); };
 }
 
 void CColorIndexPage::pick(const OdCmColor& color) {
@@ -62,7 +62,7 @@ void CColorIndexPage::showColor(const OdCmColor& color) {
     m_color = color;
     m_edit.SetWindowText(color.isByColor() ? std::wstring() : colorText(color));
     markCell(color);
-    describe(color);
+    showInfo(color);
 }
 
 void CColorIndexPage::markCell(const OdCmColor& color) {
@@ -70,7 +70,7 @@ void CColorIndexPage::markCell(const OdCmColor& color) {
         grid->SetCurSel(color.isByACI() ? grid->FindData(static_cast<std::uintptr_t>(color.colorIndex())) : -1);
 }
 
-void CColorIndexPage::describe(const OdCmColor& color) {
+void CColorIndexPage::showInfo(const OdCmColor& color) {
     if (color.isByLayer() || color.isByBlock()) return m_info.SetWindowText(colorText(color));
     const int red = color.red(), green = color.green(), blue = color.blue();
     m_info.SetWindowText(
@@ -86,7 +86,7 @@ void CColorIndexPage::entered() {
     if (const auto color = indexedColorOf(text, m_special)) {
         m_color = *color;
         markCell(*color);
-        describe(*color);
+        showInfo(*color);
         return choose(*color);
     }
     setFault(m_edit,

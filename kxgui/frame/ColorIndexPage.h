@@ -21,7 +21,7 @@ class KXGUI_EXPORT CColorIndexPage : public CColorPage {
   private:
     void wire(CSwatchGrid& grid);
     void pick(const OdCmColor& color); // pointed at, not entered
-    void describe(const OdCmColor& color);
+    void showInfo(const OdCmColor& color);
     void markCell(const OdCmColor& color);
     void entered();
 
