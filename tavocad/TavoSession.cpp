@@ -144,7 +144,7 @@ void TavoSession::print(const tv::Problem& problem) {
 
 void TavoSession::addCommand(CommandSpec spec) {
     TavoCommands& commands = *m_host->commands();
-    bool added = commands.add(spec.name, spec.function) == Tavo::eOk;
+    bool added = commands.add(spec.name, spec.function, spec.undo) == Tavo::eOk;
     for (const wchar_t* alias : spec.aliases)
         added = commands.addAlias(alias, spec.name) == Tavo::eOk && added;
     if (!added) throw std::logic_error("command defined twice: " + tv::text::toUtf8(spec.name));

@@ -36,6 +36,7 @@ struct CommandSpec {
     std::vector<const wchar_t*> aliases;
     OdString (*summary)(); // one line for HELP, in the current language
     TavoCommands::Function function;
+    TavoCommands::Undo undo = TavoCommands::Undo::kOneStep;
 };
 
 // The program without its window: the embedded host with the program's commands, shared by the window, the

@@ -340,6 +340,10 @@ void OdDbDatabase::endUndoRecord() {
     m_store->undoLog().end();
 }
 
+void OdDbDatabase::cancelUndoRecord() {
+    if (!m_store->replaying()) m_store->cancelUndo();
+}
+
 bool OdDbDatabase::isUndoRecording() const { return m_store->undoLog().recording(); }
 
 bool OdDbDatabase::undo() {

@@ -175,6 +175,9 @@ class KXPLATFORM_EXPORT OdDbDatabase {
     // nothing changed leaves no trace. A change outside any record is a step of its own.
     void startUndoRecord(std::wstring_view name);
     void endUndoRecord();
+    // Ends the innermost record after taking back everything that was changed since its start; reactors are
+    // told as of an undo. There is no redo of it.
+    void cancelUndoRecord();
     bool isUndoRecording() const;
     // False when there is nothing to undo, or inside an open record.
     bool undo();
@@ -226,10 +229,18 @@ class OdDbUndoScope {
     OdDbUndoScope(OdDbDatabase& database, std::wstring_view name) : m_database(database) {
         m_database.startUndoRecord(name);
     }
-    ~OdDbUndoScope() { m_database.endUndoRecord(); }
+    ~OdDbUndoScope() {
+        if (m_cancelled)
+            m_database.cancelUndoRecord();
+        else
+            m_database.endUndoRecord();
+    }
+    // What was changed in the scope is taken back when it ends.
+    void cancel() { m_cancelled = true; }
     OdDbUndoScope(const OdDbUndoScope&) = delete;
     OdDbUndoScope& operator=(const OdDbUndoScope&) = delete;
 
   private:
     OdDbDatabase& m_database;
+    bool m_cancelled = false;
 };

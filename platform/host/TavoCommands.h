@@ -45,23 +45,26 @@ class KXPLATFORM_EXPORT TavoEdCommandContext {
 // around belong to the typing, not to the name.
 class TavoCommands {
   public:
+    enum class Undo {
+        kOneStep,  // all it does to the drawing is one step named "_NAME"
+        kOwnSteps, // it makes steps of its own, as a window does that writes each edit at once
+    };
     using Function = std::function<int(TavoEdCommandContext&)>;
     using ActivityListener = std::function<void(int activity)>;
 
     virtual ~TavoCommands() = default;
 
     // eDuplicate when a command or alias has the name, eInvalidInput for an empty name or function.
-    virtual Tavo::ErrorStatus add(const OdString& name, Function function) = 0;
+    virtual Tavo::ErrorStatus add(const OdString& name, Function function, Undo undo = Undo::kOneStep) = 0;
     // eKeyNotFound when there is no such command.
     virtual Tavo::ErrorStatus addAlias(const OdString& alias, const OdString& name) = 0;
     virtual bool has(const OdString& name) const = 0;
     // Command names, without aliases, in alphabetical order.
     virtual std::vector<OdString> names() const = 0;
 
-    // Runs a command on the current document and answers its result. All it does to the drawing is one undo
-    // step named
-    // "_NAME" (none when it changed nothing). An unknown command or one that throws is told on the command
-    // line: RTERROR.
+    // Runs a command on the current document and answers its result. What it does to the drawing is one undo
+    // step (none when it changed nothing) unless it was added with steps of its own. An unknown command or one
+    // that throws is told on the command line: RTERROR.
     virtual int run(const OdString& name) = 0;
 
     // Names of the running commands, the innermost last; empty when the program is idle.

@@ -84,6 +84,14 @@ TEST(Undo, LongRandomEditSequencesGoBackToTheFirstBytesAndForthToTheLast) {
             db->startUndoRecord(name);
             for (unsigned n = some(3) == 0 ? 5 : 1; n > 0; --n)
                 editAnything(*db, some);
+            if (some(4) == 0) {
+                const std::string before = db->bytes();
+                db->startUndoRecord(L"given up");
+                for (unsigned n = some(4); n > 0; --n)
+                    editAnything(*db, some);
+                db->cancelUndoRecord();
+                ASSERT_EQ(db->bytes(), before);
+            }
             db->endUndoRecord();
             if (db->undoName() == OdString(name)) states.push_back(db->bytes());
         }

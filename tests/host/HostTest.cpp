@@ -77,6 +77,21 @@ TEST(Host, ACommandIsOneUndoStepAndLeavesNoTraceWhenItChangesNothing) {
     EXPECT_TRUE(database->undo());
     EXPECT_FALSE(database->hasUndo());
 
+    commands->add(
+        L"STEPS",
+        [](TavoEdCommandContext& context) {
+            for (const int units : {3, 4}) {
+                const OdDbUndoScope step(*context.database(), L"_STEP");
+                tvedSetVar(L"LUNITS", units, context.database());
+            }
+            return RTNORM;
+        },
+        TavoCommands::Undo::kOwnSteps);
+    EXPECT_EQ(commands->run(L"steps"), RTNORM);
+    EXPECT_EQ(database->undoName(), L"_STEP");
+    EXPECT_TRUE(database->undo() && database->undo());
+    EXPECT_FALSE(database->hasUndo());
+
     host.commandLine()->takeNew();
     EXPECT_EQ(commands->run(L"throw"), RTERROR);
     EXPECT_EQ(commands->run(L"nonsense"), RTERROR);

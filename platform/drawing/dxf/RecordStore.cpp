@@ -201,14 +201,23 @@ bool RecordStore::undo() {
     if (!step || m_undo.recording() || m_replaying) return false;
     const Held held(m_replaying);
     m_undo.stepBack();
-    for (auto change = step->changes.rbegin(); change != step->changes.rend(); ++change) {
+    takeBack(step->changes);
+    return true;
+}
+
+void RecordStore::cancelUndo() {
+    const Held held(m_replaying);
+    takeBack(m_undo.cancel());
+}
+
+void RecordStore::takeBack(const std::vector<Change>& changes) {
+    for (auto change = changes.rbegin(); change != changes.rend(); ++change) {
         apply(*change, false);
         notify(change->kind == ChangeKind::kReplaced   ? ChangeKind::kReplaced
                : change->kind == ChangeKind::kInserted ? ChangeKind::kRemoved
                                                        : ChangeKind::kInserted,
                change->record);
     }
-    return true;
 }
 
 bool RecordStore::redo() {

@@ -124,6 +124,8 @@ class KXPLATFORM_EXPORT RecordStore {
     UndoLog& undoLog() { return m_undo; }
     const UndoLog& undoLog() const { return m_undo; }
     bool undo();
+    // Ends the innermost undo record after taking its changes back.
+    void cancelUndo();
     bool redo();
     bool replaying() const { return m_replaying; }
     void setListener(Listener listener) { m_listener = std::move(listener); }
@@ -137,6 +139,7 @@ class KXPLATFORM_EXPORT RecordStore {
     using Block = UndoLog::Block;
 
     void apply(const Change& change, bool forward);
+    void takeBack(const std::vector<Change>& changes);
     void setBlock(RecordId id, const Block& block);
     void link(RecordId id, RecordId after);
     void unlink(RecordId id);

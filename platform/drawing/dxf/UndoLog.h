@@ -34,9 +34,12 @@ class KXPLATFORM_EXPORT UndoLog {
 
     void start(std::wstring_view name);
     void end();
-    bool recording() const { return m_depth > 0; }
+    bool recording() const { return !m_starts.empty(); }
     // The next end() ends the step.
-    bool outermost() const { return m_depth == 1; }
+    bool outermost() const { return m_starts.size() == 1; }
+    // Ends the innermost record; its changes, which the caller carries back from the last one on, are no part
+    // of the step.
+    std::vector<Change> cancel();
     // Outside a record the change is a step of its own.
     void push(Change change);
 
@@ -46,17 +49,18 @@ class KXPLATFORM_EXPORT UndoLog {
     void stepForward() { ++m_position; }
 
     void markSaved() { m_saved = m_position; }
-    bool changed() const { return m_saved != m_position || (m_depth > 0 && !m_open.changes.empty()); }
+    bool changed() const { return m_saved != m_position || !m_open.changes.empty(); }
 
   private:
     void close(Step step);
+    void joinLast();
 
     static constexpr std::size_t kUnreachable = static_cast<std::size_t>(-1);
     std::vector<Step> m_steps;
     std::size_t m_position = 0;
     std::size_t m_saved = 0;
     Step m_open;
-    int m_depth = 0;
+    std::vector<std::size_t> m_starts; // of the open records: how many changes the step had
 };
 
 } // namespace tv::dwg

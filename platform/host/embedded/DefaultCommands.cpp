@@ -25,11 +25,11 @@ std::wstring commandName(const OdString& typed) {
 
 } // namespace
 
-Tavo::ErrorStatus DefaultCommands::add(const OdString& name, Function function) {
+Tavo::ErrorStatus DefaultCommands::add(const OdString& name, Function function, Undo undo) {
     const std::wstring key = commandName(name);
     if (key.empty() || !function) return Tavo::eInvalidInput;
     if (m_commands.contains(key) || m_aliases.contains(key)) return Tavo::eDuplicate;
-    m_commands.emplace(key, std::move(function));
+    m_commands.emplace(key, Command{std::move(function), undo});
     return Tavo::eOk;
 }
 
@@ -45,7 +45,7 @@ Tavo::ErrorStatus DefaultCommands::addAlias(const OdString& alias, const OdStrin
 
 std::vector<OdString> DefaultCommands::names() const {
     std::vector<OdString> names;
-    for (const auto& [name, function] : m_commands)
+    for (const auto& [name, command] : m_commands)
         names.emplace_back(name);
     return names;
 }
@@ -65,22 +65,22 @@ int DefaultCommands::run(const OdString& name) {
         return RTERROR;
     }
     // A copy: the command may add or replace commands while it runs.
-    const auto [key, function] = *command;
-    return call(key, function);
+    const auto [key, copy] = *command;
+    return call(key, copy);
 }
 
-int DefaultCommands::call(const std::wstring& name, const Function& function) {
+int DefaultCommands::call(const std::wstring& name, const Command& command) {
     auto* document = m_documents.isClosing() ? nullptr : m_documents.currentDocument();
     TavoEdCommandContext context(document ? document->database() : nullptr, document);
     std::optional<OdDbUndoScope> undo;
-    if (context.database()) undo.emplace(*context.database(), L"_" + name);
+    if (context.database() && command.undo == Undo::kOneStep) undo.emplace(*context.database(), L"_" + name);
     m_running.emplace_back(name);
     beginActivity(kActiveCommand);
     int result = RTERROR;
     const wchar_t* failed = nullptr;
     std::wstring reason;
     try {
-        result = function(context);
+        result = command.function(context);
     } catch (const std::exception& error) {
         failed = name.c_str();
         reason = text::fromUtf8(error.what());

@@ -16,7 +16,7 @@ class KXPLATFORM_EXPORT DefaultCommands final : public TavoCommands {
     DefaultCommands(TavoDocumentManager& documents, TavoCommandLine& commandLine)
         : m_documents(documents), m_commandLine(commandLine) {}
 
-    Tavo::ErrorStatus add(const OdString& name, Function function) override;
+    Tavo::ErrorStatus add(const OdString& name, Function function, Undo undo = Undo::kOneStep) override;
     Tavo::ErrorStatus addAlias(const OdString& alias, const OdString& name) override;
     bool has(const OdString& name) const override { return find(name) != m_commands.end(); }
     std::vector<OdString> names() const override;
@@ -31,9 +31,13 @@ class KXPLATFORM_EXPORT DefaultCommands final : public TavoCommands {
     }
 
   private:
-    using Commands = std::map<std::wstring, Function>;
+    struct Command {
+        Function function;
+        Undo undo;
+    };
+    using Commands = std::map<std::wstring, Command>;
     Commands::const_iterator find(const OdString& typed) const;
-    int call(const std::wstring& name, const Function& function);
+    int call(const std::wstring& name, const Command& command);
     void count(TavoCommandActivity bit, int step);
 
     TavoDocumentManager& m_documents;
