@@ -8,9 +8,12 @@
 #include "platform/drawing/dxf/TableNames.h"
 #include "platform/text/Unicode.h"
 
+#include <array>
+#include <optional>
 #include <set>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -35,16 +38,16 @@ enum class Holder : std::uint8_t { kNone, kViewport, kLayerState, kLayerGroup };
 
 class Retarget {
   public:
-    Retarget(OdDbDatabase& database, NamedKind kind, std::wstring_view from, std::wstring_view to)
+    Retarget(OdDbDatabase& database, NamedKind kind, std::wstring_view to, OdDbHandle toHandle = {})
         : m_database(database), m_store(database.store()), m_tags(database, kind), m_kind(kind),
-          m_from(nameAsRead(m_store.format(), from).view()), m_to(nameAsRead(m_store.format(), to)) {}
+          m_to(nameAsRead(m_store.format(), to)), m_toHandle(toHandle) {}
 
-    void handles(OdDbHandle from, OdDbHandle to) {
-        m_fromHandle = from;
-        m_toHandle = to;
+    void from(std::wstring_view name, OdDbHandle handle = {}) {
+        if (!name.empty()) m_from.insert(text::foldCase(nameAsRead(m_store.format(), name).view()));
+        if (!handle.isNull()) m_fromHandles.insert(handle.value());
     }
-    // From then on both names are what names begin with.
-    void prefixes() { m_prefixes = true; }
+    // Names that begin with `prefix` begin with the target's name instead.
+    void fromPrefix(std::wstring_view prefix) { m_prefix = nameAsRead(m_store.format(), prefix).view(); }
 
     std::size_t run() {
         const OdDbUndoScope step(m_database, L"RENAME");
@@ -56,13 +59,27 @@ class Retarget {
             });
             m_handlePositions.clear();
             m_holder = Holder::kNone;
-            if (!m_fromHandle.isNull() && !(m_store.record(id).flags & kStructure)) {
+            if (!m_fromHandles.empty() && !(m_store.record(id).flags & kStructure)) {
                 m_holder = holderOf(id);
                 findHandles(id);
             }
             if (!m_positions.empty() || !m_handlePositions.empty()) edited += edit(id);
         }
         return edited;
+    }
+
+    // Entities that refer by name, and nothing is changed.
+    std::size_t countEntities() {
+        std::size_t count = 0;
+        for (RecordId id = m_store.next(RecordStore::kHead); id != kNoRecord; id = m_store.next(id)) {
+            const Record& record = m_store.record(id);
+            if (record.section != Section::kEntities && record.section != Section::kBlocks) continue;
+            if (record.type == kTypeBlock || (record.flags & (kStructure | kSubEntity))) continue;
+            bool refers = false;
+            m_tags.forEach(id, [&](std::size_t, const Tag& tag) { refers |= renamed(tag.value) != nullptr; });
+            count += refers;
+        }
+        return count;
     }
 
   private:
@@ -72,9 +89,9 @@ class Retarget {
         if (known == m_spellings.end()) {
             const OdString name = decodeText(m_store.format(), raw);
             std::optional<OdString> now;
-            if (!m_prefixes && text::equalNoCase(name.view(), m_from)) now = m_to;
-            if (m_prefixes && text::equalNoCase(name.view().substr(0, m_from.size()), m_from))
-                now = OdString(m_to.wstr() + std::wstring(name.view().substr(m_from.size())));
+            if (m_from.contains(text::foldCase(name.view()))) now = m_to;
+            if (!m_prefix.empty() && text::equalNoCase(name.view().substr(0, m_prefix.size()), m_prefix))
+                now = OdString(m_to.wstr() + std::wstring(name.view().substr(m_prefix.size())));
             known = m_spellings.emplace(std::string(raw), std::move(now)).first;
         }
         return known->second ? &*known->second : nullptr;
@@ -106,42 +123,53 @@ class Retarget {
         }
     }
 
+    bool isFrom(const Tag& tag) const {
+        const auto handle = handleOf(m_store.format(), tag);
+        return handle && m_fromHandles.contains(handle->value());
+    }
+
     void findHandles(RecordId id) {
         TagCursor cursor = m_store.tags(id);
         std::size_t position = 0;
         bool marked = false; // behind the owner and the reactors
         for (Tag tag; cursor.next(tag); ++position) {
             marked |= tag.code == 100;
-            if ((isPointer(tag.code) || tag.code == 1005 || (marked && isListed(tag.code))) &&
-                handleOf(m_store.format(), tag) == m_fromHandle)
+            if ((isPointer(tag.code) || tag.code == 1005 || (marked && isListed(tag.code))) && isFrom(tag))
                 m_handlePositions.push_back(position);
         }
     }
 
-    // Of a layer in a list that names the other one already: where what is said about it ends, else its place.
-    std::size_t endOfDoubled(const RecordEditor& record, std::size_t at) const {
+    // Of a layer in a list that names the target already: where what is said about it ends, else its place.
+    std::size_t endOfDoubled(const RecordEditor& record, std::size_t at) {
         const int code = record.code(at);
-        const bool byName = code == 8 || code == 1003;
         const bool starts = m_holder == Holder::kLayerState && (code == 330 || code == 8);
         const bool alone = m_holder == Holder::kViewport ? code == 1003 || isListed(code)
                                                          : m_holder == Holder::kLayerGroup && code == 330;
         if (m_kind != NamedKind::kLayer || (!starts && !alone)) return at;
-        bool doubled = false;
-        for (std::size_t i = 0; i < record.size() && !doubled; ++i) {
-            if (i == at || (byName ? record.code(i) != code : !isListed(record.code(i)))) continue;
-            doubled = byName ? text::equalNoCase(record.text(i).view(), m_to.view())
-                             : record.value(i) == Value(m_toHandle);
-        }
-        if (!doubled) return at;
+        const bool byName = code == 8 || code == 1003;
+        std::optional<bool>& listed = m_listed[byName ? (code == 8 ? 0 : 1) : 2];
+        if (!listed) listed = lists(record, code, byName);
+        if (!std::exchange(listed, true).value()) return at;
         std::size_t end = at + 1;
         while (starts && end < record.size() && record.code(end) != code && record.code(end) < 1000)
             ++end;
         return end;
     }
 
+    bool lists(const RecordEditor& record, int code, bool byName) const {
+        for (std::size_t i = 0; i < record.size(); ++i) {
+            if (byName ? record.code(i) != code : !isListed(record.code(i))) continue;
+            if (byName ? text::equalNoCase(record.text(i).view(), m_to.view())
+                       : record.value(i) == Value(m_toHandle))
+                return true;
+        }
+        return false;
+    }
+
     bool edit(RecordId id) {
         RecordEditor record(m_store.format(), m_store.text(id));
         std::set<std::size_t> dropped;
+        m_listed = {};
         const auto put = [&](std::size_t at, const Value& value) {
             const std::size_t end = endOfDoubled(record, at);
             for (std::size_t i = at; i < end; ++i)
@@ -152,8 +180,7 @@ class Retarget {
             put(position, *name);
         for (const std::size_t i : m_handlePositions)
             put(i, m_toHandle);
-        for (auto i = dropped.rbegin(); i != dropped.rend(); ++i)
-            record.erase(*i);
+        record.erase(dropped);
         return record.edited() && m_store.replace(id, record.bytes());
     }
 
@@ -166,11 +193,12 @@ class Retarget {
     NameTags m_tags;
     NamedKind m_kind;
     Holder m_holder = Holder::kNone; // of the record looked at
-    std::wstring m_from;
     OdString m_to;
-    bool m_prefixes = false;
-    OdDbHandle m_fromHandle;
     OdDbHandle m_toHandle;
+    std::wstring m_prefix;
+    std::unordered_set<std::wstring> m_from; // folded
+    std::unordered_set<std::uint64_t> m_fromHandles;
+    std::array<std::optional<bool>, 3> m_listed; // the record lists the target: as 8, as 1003, by handle
     std::unordered_map<std::string, std::optional<OdString>, Hash, std::equal_to<>> m_spellings;
     std::vector<std::pair<std::size_t, const OdString*>> m_positions;
     std::vector<std::size_t> m_handlePositions;
@@ -192,18 +220,41 @@ std::optional<NamedKind> namedKindOf(OdDbObjectId record) {
 
 std::size_t retargetReferences(OdDbDatabase& database, NamedKind kind, std::wstring_view from,
                                std::wstring_view to) {
-    return !database.store().writable() ? 0 : Retarget(database, kind, from, to).run();
+    if (!database.store().writable()) return 0;
+    Retarget retarget(database, kind, to);
+    retarget.from(from);
+    return retarget.run();
+}
+
+std::size_t retargetReferences(std::span<const OdDbObjectId> from, OdDbObjectId to) {
+    const auto kind = namedKindOf(to);
+    const auto target = to.open<OdDbSymbolTableRecord>();
+    if (!kind || !target || !to.database()->store().writable()) return 0;
+    Retarget retarget(*to.database(), *kind, target->getName().view(), to.handle());
+    bool any = false;
+    for (const OdDbObjectId id : from) {
+        if (id == to || id.database() != to.database() || namedKindOf(id) != kind) continue;
+        const auto source = id.open<OdDbSymbolTableRecord>();
+        if (!source) continue;
+        retarget.from(source->getName().view(), id.handle());
+        any = true;
+    }
+    return any ? retarget.run() : 0;
 }
 
 std::size_t retargetReferences(OdDbObjectId from, OdDbObjectId to) {
-    const auto kind = namedKindOf(from);
-    if (!kind || kind != namedKindOf(to) || from.database() != to.database() || from == to) return 0;
-    const auto source = from.open<OdDbSymbolTableRecord>();
-    const auto target = to.open<OdDbSymbolTableRecord>();
-    if (!source || !target || !from.database()->store().writable()) return 0;
-    Retarget retarget(*from.database(), *kind, source->getName().view(), target->getName().view());
-    retarget.handles(from.handle(), to.handle());
-    return retarget.run();
+    return retargetReferences(std::span(&from, 1), to);
+}
+
+std::size_t countEntitiesNaming(std::span<const OdDbObjectId> records) {
+    const auto kind = records.empty() ? std::nullopt : namedKindOf(records.front());
+    if (!kind) return 0;
+    OdDbDatabase& database = *records.front().database();
+    Retarget naming(database, *kind, L"");
+    for (const OdDbObjectId id : records)
+        if (id.database() == &database && namedKindOf(id) == kind)
+            if (const auto record = id.open<OdDbSymbolTableRecord>()) naming.from(record->getName().view());
+    return naming.countEntities();
 }
 
 Tavo::ErrorStatus renameDependents(OdDbDatabase& database, std::wstring_view from, std::wstring_view to) {
@@ -245,8 +296,8 @@ Tavo::ErrorStatus renameDependents(OdDbDatabase& database, std::wstring_view fro
         if (record.edited()) store.replace(id, record.bytes());
     }
     for (const NamedKind kind : kinds) {
-        Retarget retarget(database, kind, before, after);
-        retarget.prefixes();
+        Retarget retarget(database, kind, after);
+        retarget.fromPrefix(before);
         retarget.run();
     }
     return Tavo::eOk;

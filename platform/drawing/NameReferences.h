@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string_view>
 
 namespace tv::dwg {
@@ -37,6 +38,12 @@ KXPLATFORM_EXPORT std::size_t retargetReferences(OdDbDatabase& database, NamedKi
 // and viewports, layer groups and layer states that then would list a layer twice keep one. Nothing is done for
 // records of different kinds or drawings.
 KXPLATFORM_EXPORT std::size_t retargetReferences(OdDbObjectId from, OdDbObjectId to);
+// Many to one, still in one pass. Those of another kind or drawing, and `to` itself, are left out.
+KXPLATFORM_EXPORT std::size_t retargetReferences(std::span<const OdDbObjectId> from, OdDbObjectId to);
+
+// How many entities, in any space or block, refer by name to one of these records, which are of one kind.
+// Sub-entities count with theirs. One pass over the drawing.
+KXPLATFORM_EXPORT std::size_t countEntitiesNaming(std::span<const OdDbObjectId> records);
 
 // What came with the external reference `from` ("from|Walls") is named after `to`, in all tables and with every
 // reference, in one undo step. eDuplicate or eNotHandled, and no change, when one of the new names is taken or

@@ -4,6 +4,7 @@
 #include "platform/drawing/OdDbBlockTable.h"
 #include "platform/drawing/OdDbLayerTable.h"
 #include "platform/drawing/OdDbStyleTables.h"
+#include "platform/drawing/OdDbViewport.h"
 #include "platform/drawing/UsageData.h"
 #include "platform/drawing/dxf/RecordStore.h"
 
@@ -171,6 +172,38 @@ TEST(NameReferences, MergingLayersReachesTheListsOfHandles) {
     EXPECT_EQ(text(0x63), "AcDbXrecord|330|22|90|1|62|1|1001|KX|1070|1|") << "what was said of the other goes";
     EXPECT_EQ(text(0x64), "AcDbXrecord|1|AcLyLayerGroup|90|1|330|22|");
     EXPECT_EQ(text(0x65), "AcDbXrecord|1|Mine|330|21|") << "nobody knows what that means";
+    EXPECT_TRUE(db->undo());
+    EXPECT_EQ(db->bytes(), first);
+}
+
+TEST(NameReferences, ManyLayersBecomeOneInOnePass) {
+    const auto db = openText(
+        lines("0|SECTION|2|HEADER|9|$ACADVER|1|AC1027|0|ENDSEC|0|SECTION|2|TABLES|"
+              "0|TABLE|2|LAYER|5|2|100|AcDbSymbolTable|70|4|"
+              "0|LAYER|5|21|100|AcDbSymbolTableRecord|100|AcDbLayerTableRecord|2|A|70|0|62|7|6|Continuous|"
+              "0|LAYER|5|22|100|AcDbSymbolTableRecord|100|AcDbLayerTableRecord|2|B|70|0|62|7|6|Continuous|"
+              "0|LAYER|5|23|100|AcDbSymbolTableRecord|100|AcDbLayerTableRecord|2|C|70|0|62|7|6|Continuous|"
+              "0|LAYER|5|24|100|AcDbSymbolTableRecord|100|AcDbLayerTableRecord|2|T|70|0|62|7|6|Continuous|"
+              "0|ENDTAB|0|ENDSEC|0|SECTION|2|ENTITIES|"
+              "0|POINT|5|31|330|1F|100|AcDbEntity|8|a|100|AcDbPoint|10|0|20|0|30|0|"
+              "0|POINT|5|32|330|1F|100|AcDbEntity|8|T|100|AcDbPoint|10|0|20|0|30|0|"
+              "0|INSERT|5|33|330|1F|100|AcDbEntity|8|B|66|1|100|AcDbBlockReference|2|X|10|0|20|0|30|0|"
+              "0|ATTRIB|5|34|330|33|100|AcDbEntity|8|C|100|AcDbText|10|0|20|0|30|0|1|x|0|SEQEND|8|C|"
+              "0|VIEWPORT|5|35|330|1F|100|AcDbEntity|8|0|100|AcDbViewport|69|2|331|21|331|22|331|23|"
+              "0|VIEWPORT|5|36|330|1F|100|AcDbEntity|8|0|100|AcDbViewport|69|3|331|23|331|24|331|21|"
+              "0|ENDSEC|0|EOF"));
+    const std::string first = db->bytes();
+    const auto id = [&](std::uint64_t handle) { return db->getOdDbObjectId(handle); };
+    const auto layerOf = [&](std::uint64_t handle) { return id(handle).open<OdDbEntity>()->layer(); };
+    const std::vector<OdDbObjectId> from = {id(0x21), id(0x22), id(0x23), id(0x24), id(0x31), {}};
+    EXPECT_EQ(tv::dwg::countEntitiesNaming(std::span(from).first(3)), 2u) << "attributes go with their insert";
+    EXPECT_EQ(tv::dwg::retargetReferences(from, id(0x24)), 6u) << "the target and what is no layer stay out";
+    for (const std::uint64_t entity : {0x31, 0x32, 0x33, 0x34})
+        EXPECT_EQ(layerOf(entity), L"T");
+    const std::vector<OdDbObjectId> one = {id(0x24)};
+    EXPECT_EQ(id(0x35).open<OdDbViewport>()->frozenLayers(), one) << "three become one";
+    EXPECT_EQ(id(0x36).open<OdDbViewport>()->frozenLayers(), one) << "two join one that was there";
+    EXPECT_EQ(db->undoName(), L"RENAME");
     EXPECT_TRUE(db->undo());
     EXPECT_EQ(db->bytes(), first);
 }

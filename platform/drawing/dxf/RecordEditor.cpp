@@ -68,6 +68,22 @@ void RecordEditor::erase(std::size_t i) {
     m_edited = true;
 }
 
+void RecordEditor::erase(const std::set<std::size_t>& places) {
+    if (places.empty()) return;
+    auto gone = places.begin();
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i < m_tags.size(); ++i) {
+        if (gone != places.end() && *gone == i) {
+            ++gone;
+            continue;
+        }
+        if (kept != i) m_tags[kept] = std::move(m_tags[i]);
+        ++kept;
+    }
+    m_tags.erase(m_tags.begin() + static_cast<std::ptrdiff_t>(kept), m_tags.end());
+    m_edited = true;
+}
+
 std::string RecordEditor::bytes() const {
     std::string out;
     for (const Part& part : m_tags)

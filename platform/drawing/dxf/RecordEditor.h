@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,6 +33,8 @@ class KXPLATFORM_EXPORT RecordEditor {
     // Also false for a place before the first tag or behind the last.
     bool insert(std::size_t before, int code, const Value& value);
     void erase(std::size_t i);
+    // Places as they are before the first one goes.
+    void erase(const std::set<std::size_t>& places);
 
     bool edited() const { return m_edited; }
     std::string bytes() const;
