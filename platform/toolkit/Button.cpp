@@ -26,8 +26,8 @@ void CButton::pressed() {
     else if (name() == "IDCANCEL") dialog()->OnCancel();
 }
 
-UserResult CButton::perform(const UserAction& action) {
-    return action.kind == UserAction::Kind::click ? userClick() : CWnd::perform(action);
+UserResult CButton::carryOut(const UserAction& action) {
+    return action.kind == UserAction::Kind::click ? userClick() : CWnd::carryOut(action);
 }
 
 bool CButton::controlKey(const tv::ui::KeyEvent& key) {
@@ -67,8 +67,8 @@ void CCheckBox::pressed() {
     if (onClick) onClick();
 }
 
-UserResult CCheckBox::perform(const UserAction& action) {
-    return action.kind == UserAction::Kind::check ? userCheck(action.checked) : CButton::perform(action);
+UserResult CCheckBox::carryOut(const UserAction& action) {
+    return action.kind == UserAction::Kind::check ? userCheck(action.checked) : CButton::carryOut(action);
 }
 
 void CCheckBox::describe(tv::ui::ControlSnapshot& out) const {
@@ -100,8 +100,8 @@ void CRadioButton::pressed() {
     if (onClick) onClick();
 }
 
-UserResult CRadioButton::perform(const UserAction& action) {
-    if (action.kind != UserAction::Kind::check) return CButton::perform(action);
+UserResult CRadioButton::carryOut(const UserAction& action) {
+    if (action.kind != UserAction::Kind::check) return CButton::carryOut(action);
     if (action.checked == 1) return userClick();
     if (auto r = acceptsUser(); !r) return r;
     return refuse(VORD_ResourceString("IDS_TAVO_UI_RADIO_UNCHECK", L"라디오 단추는 다른 항목을 선택해야 해제됩니다."));

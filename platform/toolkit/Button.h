@@ -15,7 +15,7 @@ class KXPLATFORM_EXPORT CButton : public CWnd {
 
     // Presses it as a person does: takes the focus, then the handler.
     tv::ui::UserResult userClick();
-    tv::ui::UserResult perform(const tv::ui::UserAction& action) override;
+    tv::ui::UserResult carryOut(const tv::ui::UserAction& action) override;
     bool controlKey(const tv::ui::KeyEvent& key) override;
 
   protected:
@@ -44,7 +44,7 @@ class KXPLATFORM_EXPORT CCheckBox : public CButton {
     bool triState() const { return m_triState; }
 
     tv::ui::UserResult userCheck(int state);
-    tv::ui::UserResult perform(const tv::ui::UserAction& action) override;
+    tv::ui::UserResult carryOut(const tv::ui::UserAction& action) override;
     void describe(tv::ui::ControlSnapshot& out) const override;
 
   protected:
@@ -64,7 +64,7 @@ class KXPLATFORM_EXPORT CRadioButton : public CButton {
     void SetCheck(bool check); // checking it clears the others of its group
     bool GetCheck() const { return m_check; }
 
-    tv::ui::UserResult perform(const tv::ui::UserAction& action) override;
+    tv::ui::UserResult carryOut(const tv::ui::UserAction& action) override;
     // The arrow keys move the check within the group, as a click.
     bool controlKey(const tv::ui::KeyEvent& key) override;
     void describe(tv::ui::ControlSnapshot& out) const override;

@@ -134,7 +134,7 @@ UserResult CComboBox::userEdit(std::wstring_view text) {
     return UserResult::done();
 }
 
-UserResult CComboBox::perform(const UserAction& action) {
+UserResult CComboBox::carryOut(const UserAction& action) {
     switch (action.kind) {
     case UserAction::Kind::choose: {
         const int index = tv::ui::chosenItem(items(), action);
@@ -147,7 +147,7 @@ UserResult CComboBox::perform(const UserAction& action) {
     case UserAction::Kind::click:
         return m_dropped ? userCloseUp(false) : userDropDown();
     default:
-        return CItemsWnd::perform(action);
+        return CItemsWnd::carryOut(action);
     }
 }
 

@@ -38,7 +38,7 @@ class KXPLATFORM_EXPORT CComboBox : public CItemsWnd {
     tv::ui::UserResult userHighlight(int index); // -1: none
     // Closes the list, taking the highlighted entry or giving up. Nothing when it is closed.
     tv::ui::UserResult userCloseUp(bool accept);
-    tv::ui::UserResult perform(const tv::ui::UserAction& action) override;
+    tv::ui::UserResult carryOut(const tv::ui::UserAction& action) override;
     tv::ui::KeyRoute routeKey(const tv::ui::KeyEvent& key) override;
     bool controlKey(const tv::ui::KeyEvent& key) override;
     void OnKillFocus() override;

@@ -115,6 +115,7 @@ bool CDialog::create() {
 }
 
 void CDialog::destroy() {
+    if (Toolkit* toolkit = Toolkit::current()) toolkit->closeMenuOf(*this, true);
     OnDestroy();
     m_created = m_running = m_modeless = false;
     m_focus = nullptr;
@@ -139,6 +140,7 @@ void CDialog::layOutControls() {
 
 void CDialog::EndDialog(int code) {
     if (!m_running || m_endCode) return;
+    if (Toolkit* toolkit = Toolkit::current()) toolkit->closeMenuOf(*this, true);
     m_endCode = code;
     if (!m_modeless) return;
     // Whoever ends it is one of its own handlers, and the face's are under way, too.
@@ -333,13 +335,13 @@ UserResult CDialog::userMove(CPoint topLeft) {
     return UserResult::done();
 }
 
-UserResult CDialog::perform(const tv::ui::UserAction& action) {
+UserResult CDialog::carryOut(const tv::ui::UserAction& action) {
     switch (action.kind) {
     case tv::ui::UserAction::Kind::key:
         return userKey(action.keyEvent);
     case tv::ui::UserAction::Kind::closeBox:
         return userClose();
     default:
-        return CWnd::perform(action);
+        return CWnd::carryOut(action);
     }
 }

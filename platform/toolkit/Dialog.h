@@ -91,7 +91,7 @@ class KXPLATFORM_EXPORT CDialog : public CWnd {
 
     // --- the user path ---
 
-    tv::ui::UserResult perform(const tv::ui::UserAction& action) override;
+    tv::ui::UserResult carryOut(const tv::ui::UserAction& action) override;
     // The close box of the title bar.
     tv::ui::UserResult userClose();
     // Any key pressed while the dialog is topmost.

@@ -11,7 +11,7 @@ tv::ui::UserResult CDrawArea::userClick(tv::ui::DrawPoint point) {
     return tv::ui::UserResult::done();
 }
 
-tv::ui::UserResult CDrawArea::perform(const tv::ui::UserAction& action) {
+tv::ui::UserResult CDrawArea::carryOut(const tv::ui::UserAction& action) {
     return action.kind == tv::ui::UserAction::Kind::point && onClick ? userClick({action.x, action.y})
-                                                                     : CWnd::perform(action);
+                                                                     : CWnd::carryOut(action);
 }

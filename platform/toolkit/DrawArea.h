@@ -17,7 +17,7 @@ class KXPLATFORM_EXPORT CDrawArea : public CWnd {
     std::function<void(tv::ui::DrawPoint)> onClick;
 
     tv::ui::UserResult userClick(tv::ui::DrawPoint point);
-    tv::ui::UserResult perform(const tv::ui::UserAction& action) override;
+    tv::ui::UserResult carryOut(const tv::ui::UserAction& action) override;
 
   private:
     tv::ui::DisplayList m_list;

@@ -40,11 +40,11 @@ UserResult CEdit::userType(std::wstring_view text) {
     return UserResult::done();
 }
 
-UserResult CEdit::perform(const UserAction& action) {
+UserResult CEdit::carryOut(const UserAction& action) {
     switch (action.kind) {
     case UserAction::Kind::type: return userType(action.text);
     case UserAction::Kind::click: return userFocus();
-    default: return CWnd::perform(action);
+    default: return CWnd::carryOut(action);
     }
 }
 

@@ -34,7 +34,7 @@ class KXPLATFORM_EXPORT CEdit : public CWnd {
 
     // The text as a person left it after an edit; longer than the limit: cut off.
     tv::ui::UserResult userType(std::wstring_view text);
-    tv::ui::UserResult perform(const tv::ui::UserAction& action) override;
+    tv::ui::UserResult carryOut(const tv::ui::UserAction& action) override;
     bool controlKey(const tv::ui::KeyEvent& key) override;
     void OnSetFocus() override;
     void OnKillFocus() override;

@@ -11,7 +11,7 @@ UserResult CListBox::userDoubleClick(int index) {
     return UserResult::done();
 }
 
-UserResult CListBox::perform(const UserAction& action) {
+UserResult CListBox::carryOut(const UserAction& action) {
     switch (action.kind) {
     case UserAction::Kind::choose:
         return userChoose(tv::ui::chosenItem(items(), action));
@@ -21,6 +21,6 @@ UserResult CListBox::perform(const UserAction& action) {
     case UserAction::Kind::selectRows:
         return userChoose(action.rows.count() == 1 ? action.rows.first() : -1);
     default:
-        return CItemsWnd::perform(action);
+        return CItemsWnd::carryOut(action);
     }
 }

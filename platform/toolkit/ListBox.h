@@ -13,6 +13,6 @@ class KXPLATFORM_EXPORT CListBox : public CItemsWnd {
     std::function<void()> onDoubleClick;
 
     tv::ui::UserResult userDoubleClick(int index);
-    tv::ui::UserResult perform(const tv::ui::UserAction& action) override;
+    tv::ui::UserResult carryOut(const tv::ui::UserAction& action) override;
     bool controlKey(const tv::ui::KeyEvent& key) override { return choiceKey(key); }
 };

@@ -2,6 +2,7 @@
 
 #include "platform/text/ResourceString.h"
 #include "platform/toolkit/Snapshot.h"
+#include "platform/toolkit/TreeCtrl.h"
 
 #include <algorithm>
 
@@ -225,6 +226,7 @@ UserResult CListCtrl::userPress(int row, int column, bool ctrl, bool shift) {
     if (auto r = acceptsCell(row, column); !r) return r;
     m_focusRow = row;
     m_focusColumn = column;
+    m_clicked = {};
     RowSet rows{row};
     if (m_multiSelect && shift && m_anchor >= 0) {
         rows = ctrl ? m_selection : RowSet();
@@ -247,15 +249,32 @@ void CListCtrl::OnCellClick(int row, int column) {
     if (onClick) onClick(row, column);
 }
 
+void CListCtrl::OnTakeBack(int row, int column) {
+    if (onTakeBack) onTakeBack(row, column);
+}
+
+void CListCtrl::OnDoubleClick(int row, int column) {
+    if (onDoubleClick) onDoubleClick(row, column);
+}
+
 UserResult CListCtrl::userClick(int row, int column) {
     if (auto r = userPress(row, column, false, false); !r) return r;
-    if (acceptsCell(row, column)) OnCellClick(row, column);
+    if (!acceptsCell(row, column)) return UserResult::done();
+    m_clicked = {row, column, identityOf(row)};
+    OnCellClick(row, column);
     return UserResult::done();
 }
 
 UserResult CListCtrl::userDoubleClick(int row, int column) {
+    if (auto r = acceptsCell(row, column); !r) return r;
+    const auto clicked = m_clicked;
+    const bool again = clicked.row == row && clicked.column == column;
+    if (again && clicked.identity != identityOf(row)) return userPress(row, column, false, false);
     if (auto r = userPress(row, column, false, false); !r) return r;
-    if (onDoubleClick && acceptsCell(row, column)) onDoubleClick(row, column);
+    if (again && acceptsCell(row, column)) OnTakeBack(row, column);
+    // Taking it back may have brought the row to another place.
+    const int now = again && m_model ? m_model->rowOf(clicked.identity) : row;
+    if (acceptsCell(now, column)) OnDoubleClick(now, column);
     return UserResult::done();
 }
 
@@ -294,10 +313,23 @@ UserResult CListCtrl::userCheck(int row, int column, bool checked) {
 }
 
 UserResult CListCtrl::userContextMenu(int row, int column) {
-    if (auto r = acceptsUser(); !r) return r;
-    if (row >= 0 && !m_selection.contains(row))
+    if (auto r = row < 0 ? acceptsUser() : acceptsCell(row, std::max(column, 0)); !r) return r;
+    LeaveEditor();
+    if (row >= 0 && !m_selection.contains(row)) {
         if (auto r = userPress(row, std::max(column, 0), false, false); !r) return r;
-    if (onContextMenu) onContextMenu(row, column);
+    } else {
+        takeFocus();
+        if (row >= 0) SetFocusCell(row, column);
+    }
+    if (row >= 0 && !acceptsCell(row, std::max(column, 0))) return UserResult::done();
+    if (onContextMenu && acceptsUser()) onContextMenu(std::max(row, -1), row < 0 ? -1 : column);
+    return UserResult::done();
+}
+
+UserResult CListCtrl::userBeginDrag() {
+    if (auto r = acceptsUser(); !r) return r;
+    if (m_selection.empty() || !onBeginDrag || !onBeginDrag())
+        return refuse(VORD_ResourceString("IDS_TAVO_UI_NO_DRAG", L"끌어 옮길 수 없습니다."));
     return UserResult::done();
 }
 
@@ -335,7 +367,7 @@ UserResult CListCtrl::userShowColumn(int column, bool show) {
     return UserResult::done();
 }
 
-UserResult CListCtrl::perform(const UserAction& action) {
+UserResult CListCtrl::carryOut(const UserAction& action) {
     switch (action.kind) {
     case UserAction::Kind::selectRows:
         return userSelect(action.rows);
@@ -347,6 +379,9 @@ UserResult CListCtrl::perform(const UserAction& action) {
         return userMoveColumn(action.column, action.index);
     case UserAction::Kind::resizeColumn:
         return action.index < 0 ? userFitColumn(action.column) : userResizeColumn(action.column, action.index);
+    case UserAction::Kind::drag:
+        if (auto r = userBeginDrag(); !r) return r;
+        return CTreeCtrl::dropByAction(*this, action);
     case UserAction::Kind::showColumn:
         return userShowColumn(action.column, action.checked != 0);
     case UserAction::Kind::cell:
@@ -354,7 +389,12 @@ UserResult CListCtrl::perform(const UserAction& action) {
         case UserAction::Cell::click:
             return userClick(action.row, action.column);
         case UserAction::Cell::doubleClick:
-            return userDoubleClick(action.row, action.column);
+            // The first half of it may have led elsewhere.
+            if (auto r = userClick(action.row, action.column); !r) return r;
+            return m_clicked.row < 0 || m_editor || !acceptsUser() ? UserResult::done()
+                                                                   : userDoubleClick(action.row, action.column);
+        case UserAction::Cell::menu:
+            return userContextMenu(action.row, action.column);
         case UserAction::Cell::edit:
             return userEdit(action.row, action.column, action.text);
         case UserAction::Cell::open:
@@ -368,7 +408,7 @@ UserResult CListCtrl::perform(const UserAction& action) {
         }
         return UserResult::done();
     default:
-        return CWnd::perform(action);
+        return CWnd::carryOut(action);
     }
 }
 

@@ -117,13 +117,19 @@ class KXPLATFORM_EXPORT CListCtrl : public CWnd {
     // --- what happened ---
 
     std::function<void()> onSelChange;
-    std::function<void(int row, int column)> onClick, onDoubleClick;
+    // A double click is told as a click, when the button is released for the first time, and then as onTakeBack
+    // and onDoubleClick, when it is pressed again: what the click did at once is not what was meant. Nothing of
+    // it is told when another row stands there by then, or when the click opened an editor.
+    std::function<void(int row, int column)> onClick, onTakeBack, onDoubleClick;
     // Set, it decides what a click on a title does; else the model sorts when it can.
     std::function<void(int column)> onHeaderClick;
     // The text a person entered; false refuses it and keeps the editor open.
     std::function<bool(int row, int column, const std::wstring& text)> onEdit;
     std::function<void(int row, int column, bool checked)> onCheck;
-    std::function<void(int row, int column)> onContextMenu;
+    std::function<void(int row, int column)> onContextMenu; // row -1: where no row is
+    // Whether the selected rows may be dragged to somewhere that takes them (CTreeCtrl::acceptsDrop). Without
+    // it none may.
+    std::function<bool()> onBeginDrag;
     // A person moved, resized, hid or showed a column, or sorted by one.
     std::function<void()> onColumnsChange;
 
@@ -139,12 +145,13 @@ class KXPLATFORM_EXPORT CListCtrl : public CWnd {
     tv::ui::UserResult userOpenEditor(int row, int column);
     tv::ui::UserResult userCheck(int row, int column, bool checked);
     tv::ui::UserResult userContextMenu(int row, int column);
+    tv::ui::UserResult userBeginDrag();
     tv::ui::UserResult userMoveColumn(int column, int place);
     tv::ui::UserResult userResizeColumn(int column, int width);
     tv::ui::UserResult userFitColumn(int column);
     tv::ui::UserResult userShowColumn(int column, bool show);
     tv::ui::UserResult userScroll(int topRow, int scrollX);
-    tv::ui::UserResult perform(const tv::ui::UserAction& action) override;
+    tv::ui::UserResult carryOut(const tv::ui::UserAction& action) override;
     bool controlKey(const tv::ui::KeyEvent& key) override;
     tv::ui::KeyRoute routeKey(const tv::ui::KeyEvent& key) override;
     void describe(tv::ui::ControlSnapshot& out) const override;
@@ -165,6 +172,9 @@ class KXPLATFORM_EXPORT CListCtrl : public CWnd {
     }
     // A click on a cell, after the row was selected.
     virtual void OnCellClick(int row, int column);
+    // What OnCellClick did there a moment ago was not meant.
+    virtual void OnTakeBack(int row, int column);
+    virtual void OnDoubleClick(int row, int column);
 
   private:
     tv::ui::UserResult acceptsCell(int row, int column) const;
@@ -191,6 +201,9 @@ class KXPLATFORM_EXPORT CListCtrl : public CWnd {
     std::shared_ptr<tv::ui::ListModel> m_model;
     tv::ui::RowSet m_selection;
     int m_focusRow = -1, m_focusColumn = -1, m_anchor = -1;
+    struct {
+        int row = -1, column = -1, identity = -1;
+    } m_clicked; // last, and nothing else since
     tv::ui::RowHighlight m_highlight = tv::ui::RowHighlight::wholeRow;
     int m_sortColumn = -1;
     bool m_sortAscending = true;

@@ -14,6 +14,11 @@ struct ListCell {
     bool bold = false;
     std::optional<std::uint32_t> textColor = {};  // 0xRRGGBB; without one the theme's
     std::optional<std::uint32_t> background = {}; // of the cell, when its row isn't selected
+    // Only the picture is painted; the text is what it says: to a screen reader, when it is copied, sorted,
+    // searched, or shown as the hint.
+    bool pictureOnly = false;
+    std::wstring hint =
+        {}; // shown while the pointer rests on the cell; empty: the text, when it isn't in full view
 };
 
 struct ListColumn {
@@ -21,6 +26,7 @@ struct ListColumn {
     int width = 100; // logical pixels
     enum class Align { left, right, center } align = Align::left;
     bool visible = true;
+    std::wstring hint = {}; // shown while the pointer rests on the title
 };
 
 // The rows of a list. A face asks for the rows in view only, so a list of 1,000,000 rows costs what it shows.

@@ -37,8 +37,8 @@ UserResult CSliderCtrl::userSet(int pos) {
     return UserResult::done();
 }
 
-UserResult CSliderCtrl::perform(const UserAction& action) {
-    return action.kind == UserAction::Kind::choose ? userSet(action.index) : CWnd::perform(action);
+UserResult CSliderCtrl::carryOut(const UserAction& action) {
+    return action.kind == UserAction::Kind::choose ? userSet(action.index) : CWnd::carryOut(action);
 }
 
 bool CSliderCtrl::controlKey(const tv::ui::KeyEvent& key) {

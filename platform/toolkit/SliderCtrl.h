@@ -20,7 +20,7 @@ class KXPLATFORM_EXPORT CSliderCtrl : public CWnd {
     std::function<void()> onChange;
 
     tv::ui::UserResult userSet(int pos); // out of range: refused
-    tv::ui::UserResult perform(const tv::ui::UserAction& action) override;
+    tv::ui::UserResult carryOut(const tv::ui::UserAction& action) override;
     bool controlKey(const tv::ui::KeyEvent& key) override;
     void describe(tv::ui::ControlSnapshot& out) const override;
 

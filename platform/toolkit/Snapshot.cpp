@@ -2,6 +2,7 @@
 
 #include "platform/text/Unicode.h"
 #include "platform/toolkit/Dialog.h"
+#include "platform/toolkit/Menu.h"
 
 #include <algorithm>
 
@@ -44,17 +45,50 @@ void write(std::string& out, const std::vector<ControlSnapshot>& controls, int d
     }
 }
 
+std::vector<MenuSnapshot> describeMenu(const std::vector<MenuItem>& items) {
+    std::vector<MenuSnapshot> out;
+    for (const MenuItem& item : items)
+        out.push_back(
+            {menuText(item.text), item.keys, item.available(), item.checked, describeMenu(item.items)});
+    return out;
+}
+
+void write(std::string& out, const std::vector<MenuSnapshot>& entries, int depth) {
+    for (const auto& entry : entries) {
+        out.append(static_cast<std::size_t>(depth) * 2, ' ');
+        out += entry.text.empty() ? "---" : text::toUtf8(entry.text);
+        if (entry.checked) out += *entry.checked ? " [x]" : " [ ]";
+        if (!entry.enabled && !entry.text.empty()) out += " disabled";
+        out += '\n';
+        write(out, entry.items, depth + 1);
+    }
+}
+
 } // namespace
 
 DialogSnapshot snapshot(const CDialog& dialog, int firstRow, int rowCount) {
-    return {dialog.templateName(), dialog.GetWindowText(), dialog.GetWindowRect().Size(),
-            describeChildren(dialog, firstRow, rowCount)};
+    DialogSnapshot out{dialog.templateName(),
+                       dialog.GetWindowText(),
+                       dialog.GetWindowRect().Size(),
+                       describeChildren(dialog, firstRow, rowCount),
+                       std::nullopt,
+                       {}};
+    const Toolkit* toolkit = Toolkit::current();
+    if (const Menu* menu = toolkit ? toolkit->menu() : nullptr; menu && menu->owner().dialog() == &dialog) {
+        out.menu = describeMenu(menu->items());
+        out.menuOwner = menu->owner().name();
+    }
+    return out;
 }
 
 std::string toText(const DialogSnapshot& snapshot) {
     std::string out = snapshot.templateName + " \"" + text::toUtf8(snapshot.title) + "\" " +
                       std::to_string(snapshot.size.cx) + "x" + std::to_string(snapshot.size.cy) + "\n";
     write(out, snapshot.controls, 1);
+    if (snapshot.menu) {
+        out += "  menu of " + snapshot.menuOwner + "\n";
+        write(out, *snapshot.menu, 2);
+    }
     return out;
 }
 

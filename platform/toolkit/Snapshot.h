@@ -31,11 +31,22 @@ struct ControlSnapshot {
     std::vector<ControlSnapshot> children; // of pages and tabs
 };
 
+// An entry of an open menu.
+struct MenuSnapshot {
+    std::wstring text; // as it is said; empty: a separator
+    std::wstring keys;
+    bool enabled = true;
+    std::optional<bool> checked;
+    std::vector<MenuSnapshot> items;
+};
+
 struct DialogSnapshot {
     std::string templateName;
     std::wstring title;
     CSize size;
     std::vector<ControlSnapshot> controls;
+    std::optional<std::vector<MenuSnapshot>> menu; // the one that is open, when it is this window's
+    std::string menuOwner;                         // the control it belongs to
 };
 
 // Rows of lists are given for [firstRow, firstRow + rowCount).

@@ -48,12 +48,12 @@ UserResult CSwatchGrid::userHover(int index) {
     return UserResult::done();
 }
 
-UserResult CSwatchGrid::perform(const UserAction& action) {
+UserResult CSwatchGrid::carryOut(const UserAction& action) {
     if (action.kind == UserAction::Kind::cell) {
         const int index = action.column < 0 || action.column >= m_columns ? -1 : action.row * m_columns + action.column;
         return action.cell == UserAction::Cell::doubleClick ? userDoubleClick(index) : userChoose(index);
     }
-    if (action.kind != UserAction::Kind::choose) return CWnd::perform(action);
+    if (action.kind != UserAction::Kind::choose) return CWnd::carryOut(action);
     if (action.index >= 0) return userChoose(action.index);
     for (std::size_t i = 0; i < m_cells.size(); ++i)
         if (m_cells[i].name == action.text) return userChoose(static_cast<int>(i));

@@ -45,8 +45,8 @@ UserResult CTabCtrl::userChoose(int index) {
     return UserResult::done();
 }
 
-UserResult CTabCtrl::perform(const UserAction& action) {
-    if (action.kind != UserAction::Kind::choose) return CWnd::perform(action);
+UserResult CTabCtrl::carryOut(const UserAction& action) {
+    if (action.kind != UserAction::Kind::choose) return CWnd::carryOut(action);
     if (action.index >= 0) return userChoose(action.index);
     for (int i = 0; i < GetItemCount(); ++i)
         if (title(i) == action.text || tv::ui::plainLabel(title(i)) == action.text) return userChoose(i);

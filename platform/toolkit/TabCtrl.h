@@ -23,7 +23,7 @@ class KXPLATFORM_EXPORT CTabCtrl : public CWnd {
     std::function<void()> onSelChange;
 
     tv::ui::UserResult userChoose(int index);
-    tv::ui::UserResult perform(const tv::ui::UserAction& action) override;
+    tv::ui::UserResult carryOut(const tv::ui::UserAction& action) override;
     bool controlKey(const tv::ui::KeyEvent& key) override;
     void describe(tv::ui::ControlSnapshot& out) const override;
 

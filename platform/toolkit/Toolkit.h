@@ -7,6 +7,7 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,9 @@ class CWnd;
 class CDialog;
 
 namespace tv::ui {
+
+class Menu;
+struct MenuItem;
 
 // What changed in a window, for the face that shows it.
 enum class Change {
@@ -131,6 +135,18 @@ class KXPLATFORM_EXPORT Toolkit {
     // Where windows may be placed.
     virtual CRect workArea() const { return {0, 0, 1920, 1040}; }
 
+    // --- the open menu; there is one at most ---
+
+    const Menu* menu() const { return m_menu.get(); }
+    void openMenu(CWnd& owner, std::vector<MenuItem> items, std::optional<CPoint> at);
+    void closeMenu();
+    // As closeMenu when it belongs to `wnd` or, with `within`, to a window in it.
+    void closeMenuOf(const CWnd& wnd, bool within = false);
+    // A person chooses an entry, by its texts or by its place (see Menu).
+    UserResult userMenu(const std::vector<std::wstring>& path);
+    UserResult userMenu(const std::vector<int>& place);
+    UserResult userMenuKey(const KeyEvent& key);
+
     // --- told by windows ---
 
     virtual void changed(CWnd& wnd, Change change) = 0;
@@ -155,6 +171,10 @@ class KXPLATFORM_EXPORT Toolkit {
     // A person went to another window, which is the present one already on screen. `dialog` is modeless, null:
     // the main window.
     void wentTo(CDialog* dialog);
+    // The menu came, went, or the keyboard is at another of its entries.
+    virtual void showMenu(const Menu& /*menu*/) {}
+    virtual void hideMenu() {}
+    virtual void menuMoved(const Menu& /*menu*/) {}
     // The keyboard shall go there on screen, too.
     virtual void showActive(CDialog* /*dialog*/) {}
     virtual void schedule(std::chrono::milliseconds delay, std::shared_ptr<Timer::Task> task) = 0;
@@ -169,6 +189,7 @@ class KXPLATFORM_EXPORT Toolkit {
     std::vector<CDialog*> m_modal, m_modeless;
     CDialog* m_active = nullptr; // one of m_modeless
     Driver* m_driver = nullptr;
+    std::unique_ptr<Menu> m_menu;
 };
 
 } // namespace tv::ui

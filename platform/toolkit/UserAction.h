@@ -45,26 +45,28 @@ KXPLATFORM_EXPORT KeyEvent parseKey(std::wstring_view text);
 struct UserAction {
     enum class Kind {
         click,
-        type,        // text replaces what the control shows
-        choose,      // index, or text when index is -1
-        check,       // checked: 0, 1, 2 (mixed)
-        selectRows,  // rows
-        cell,        // row, column, cell (and text to edit, checked to check)
-        header,      // column
-        moveColumn,  // column, index: the place from the left
+        type,         // text replaces what the control shows
+        choose,       // index, or text when index is -1
+        check,        // checked: 0, 1, 2 (mixed)
+        selectRows,   // rows
+        cell,         // row, column, cell (and text to edit, checked to check)
+        header,       // column
+        moveColumn,   // column, index: the place from the left
         resizeColumn, // column, index: the width in logical pixels; -1: what its contents need
-        showColumn,  // column, checked
-        treeSelect,  // path
-        treeExpand,  // path, checked
-        treeRename,  // path, text
-        treeMenu,    // path
-        menu,        // text: the entry of the open context menu
-        key,         // keyEvent
-        point,       // x, y, z in drawing units
+        showColumn,   // column, checked
+        treeSelect,   // path
+        treeExpand,   // path, checked
+        treeRename,   // path, text
+        treeMenu,     // path
+        drag,  // a list's selected rows, or a tree's selected item, onto the tree `text`: path; checked: a copy
+        menu,  // path, or text: the entry of the open context menu, in every window
+        key,   // keyEvent
+        point, // x, y, z in drawing units
         closeBox
     };
-    // open: the editor the cell has; cancel: closes an open one
-    enum class Cell { click, doubleClick, edit, open, check, cancel };
+    // open: the editor the cell has; cancel: closes an open one; menu: the context menu, row -1 stands for
+    // where no row is
+    enum class Cell { click, doubleClick, edit, open, check, cancel, menu };
 
     Kind kind = Kind::click;
     std::wstring text;
@@ -73,7 +75,8 @@ struct UserAction {
     int row = -1, column = -1;
     Cell cell = Cell::click;
     RowSet rows;
-    std::vector<std::wstring> path; // texts of the tree items from the root down
+    std::vector<std::wstring>
+        path; // texts of the tree items from the root down, of menu entries from the outer in
     KeyEvent keyEvent;
     double x = 0, y = 0, z = 0;
 };

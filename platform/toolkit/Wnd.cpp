@@ -18,24 +18,42 @@ namespace tv::ui {
 
 const char* kindName(ControlKind kind) {
     switch (kind) {
-    case ControlKind::dialog: return "dialog";
-    case ControlKind::page: return "page";
-    case ControlKind::label: return "label";
-    case ControlKind::groupBox: return "groupBox";
-    case ControlKind::image: return "image";
-    case ControlKind::button: return "button";
-    case ControlKind::commandButton: return "commandButton";
-    case ControlKind::checkBox: return "checkBox";
-    case ControlKind::radioButton: return "radioButton";
-    case ControlKind::edit: return "edit";
-    case ControlKind::comboBox: return "comboBox";
-    case ControlKind::listBox: return "listBox";
-    case ControlKind::list: return "list";
-    case ControlKind::tree: return "tree";
-    case ControlKind::tab: return "tab";
-    case ControlKind::slider: return "slider";
-    case ControlKind::swatchGrid: return "swatchGrid";
-    case ControlKind::drawArea: return "drawArea";
+    case ControlKind::dialog:
+        return "dialog";
+    case ControlKind::page:
+        return "page";
+    case ControlKind::label:
+        return "label";
+    case ControlKind::groupBox:
+        return "groupBox";
+    case ControlKind::image:
+        return "image";
+    case ControlKind::button:
+        return "button";
+    case ControlKind::commandButton:
+        return "commandButton";
+    case ControlKind::checkBox:
+        return "checkBox";
+    case ControlKind::radioButton:
+        return "radioButton";
+    case ControlKind::edit:
+        return "edit";
+    case ControlKind::comboBox:
+        return "comboBox";
+    case ControlKind::listBox:
+        return "listBox";
+    case ControlKind::list:
+        return "list";
+    case ControlKind::tree:
+        return "tree";
+    case ControlKind::tab:
+        return "tab";
+    case ControlKind::slider:
+        return "slider";
+    case ControlKind::swatchGrid:
+        return "swatchGrid";
+    case ControlKind::drawArea:
+        return "drawArea";
     }
     return "";
 }
@@ -51,7 +69,8 @@ std::wstring plainLabel(std::wstring_view text) {
         if (text[i] == L'&' && i + 1 < text.size()) ++i;
         out += text[i];
     }
-    while (!out.empty() && (out.back() == L':' || out.back() == L'.' || out.back() == L' ' || out.back() == L'：'))
+    while (!out.empty() &&
+           (out.back() == L':' || out.back() == L'.' || out.back() == L' ' || out.back() == L'：'))
         out.pop_back();
     return out;
 }
@@ -75,6 +94,7 @@ CWnd::CWnd(CWnd& parent, const char* name)
 CWnd::CWnd(CWnd*) : m_lifetime(std::make_shared<int>(0)) {}
 
 CWnd::~CWnd() {
+    if (Toolkit* toolkit = Toolkit::current()) toolkit->closeMenuOf(*this);
     if (!m_parent) return;
     std::erase(m_parent->m_children, this);
     if (m_dialog && m_dialog->m_focus == this) m_dialog->m_focus = nullptr;
@@ -82,6 +102,7 @@ CWnd::~CWnd() {
 
 void CWnd::dropChild(CWnd& child) {
     std::erase(m_children, &child);
+    if (Toolkit* toolkit = Toolkit::current()) toolkit->closeMenuOf(child);
     child.m_visible = false;
     child.m_timers.clear();
     if (m_dialog && m_dialog->m_focus == &child) m_dialog->m_focus = nullptr;
@@ -113,6 +134,7 @@ void CWnd::SetWindowText(std::wstring_view text) {
 void CWnd::EnableWindow(bool enable) {
     if (m_enabled == enable) return;
     m_enabled = enable;
+    if (Toolkit* toolkit = Toolkit::current(); toolkit && !enable) toolkit->closeMenuOf(*this, true);
     tell(Change::enabled);
     OnEnable(enable);
 }
@@ -120,6 +142,7 @@ void CWnd::EnableWindow(bool enable) {
 void CWnd::ShowWindow(bool show) {
     if (m_visible == show) return;
     m_visible = show;
+    if (Toolkit* toolkit = Toolkit::current(); toolkit && !show) toolkit->closeMenuOf(*this, true);
     tell(Change::visible);
     OnShowWindow(show);
 }
@@ -168,8 +191,10 @@ std::wstring CWnd::accessibleName() const {
     if (m_label) return tv::ui::plainLabel(m_label->m_text);
     switch (kind()) {
     case ControlKind::edit:
-    case ControlKind::comboBox: return {}; // their text is their value
-    default: return tv::ui::plainLabel(m_text);
+    case ControlKind::comboBox:
+        return {}; // their text is their value
+    default:
+        return tv::ui::plainLabel(m_text);
     }
 }
 
@@ -178,8 +203,10 @@ wchar_t CWnd::mnemonic() const {
     case ControlKind::button:
     case ControlKind::commandButton:
     case ControlKind::checkBox:
-    case ControlKind::radioButton: return tv::ui::mnemonicOf(m_text);
-    default: return m_label ? tv::ui::mnemonicOf(m_label->m_text) : 0;
+    case ControlKind::radioButton:
+        return tv::ui::mnemonicOf(m_text);
+    default:
+        return m_label ? tv::ui::mnemonicOf(m_label->m_text) : 0;
     }
 }
 
@@ -226,7 +253,8 @@ UserResult CWnd::acceptsUser() const {
         return refuse(VORD_ResourceString("IDS_TAVO_UI_COVERED", L"다른 대화상자가 열려 있습니다."));
     for (const CWnd* wnd = this; wnd; wnd = wnd->m_parent) {
         if (!wnd->m_visible) return refuse(VORD_ResourceString("IDS_TAVO_UI_HIDDEN", L"숨겨져 있습니다."));
-        if (!wnd->m_enabled) return refuse(VORD_ResourceString("IDS_TAVO_UI_DISABLED", L"사용할 수 없는 상태입니다."));
+        if (!wnd->m_enabled)
+            return refuse(VORD_ResourceString("IDS_TAVO_UI_DISABLED", L"사용할 수 없는 상태입니다."));
     }
     return UserResult::done();
 }
@@ -248,7 +276,23 @@ UserResult CWnd::userFocus() {
     return UserResult::done();
 }
 
+void CWnd::ShowMenu(std::vector<tv::ui::MenuItem> items, std::optional<CPoint> at) {
+    if (Toolkit* toolkit = Toolkit::current()) toolkit->openMenu(*this, std::move(items), at);
+}
+
 UserResult CWnd::perform(const tv::ui::UserAction& action) {
+    using Kind = tv::ui::UserAction::Kind;
+    Toolkit* toolkit = Toolkit::current();
+    if (toolkit && action.kind == Kind::menu)
+        return toolkit->userMenu(action.path.empty() ? std::vector{action.text} : action.path);
+    if (toolkit && toolkit->menu()) {
+        if (action.kind == Kind::key) return toolkit->userMenuKey(action.keyEvent);
+        toolkit->closeMenu();
+    }
+    return carryOut(action);
+}
+
+UserResult CWnd::carryOut(const tv::ui::UserAction& action) {
     if (auto r = acceptsUser(); !r) return r;
     if (action.kind == tv::ui::UserAction::Kind::key && focusable() && m_dialog != this) {
         takeFocus();
@@ -268,10 +312,12 @@ void CWnd::describe(tv::ui::ControlSnapshot& out) const {
     out.text = m_text;
     out.visible = IsWindowVisible();
     out.enabled = true;
-    for (const CWnd* wnd = this; wnd; wnd = wnd->m_parent) out.enabled = out.enabled && wnd->m_enabled;
+    for (const CWnd* wnd = this; wnd; wnd = wnd->m_parent)
+        out.enabled = out.enabled && wnd->m_enabled;
     if (const CDialog* owner = dialog()) {
         const Toolkit* toolkit = Toolkit::current();
-        out.focused = owner->GetFocus() == this && (!owner->modeless() || (toolkit && toolkit->active() == owner));
+        out.focused =
+            owner->GetFocus() == this && (!owner->modeless() || (toolkit && toolkit->active() == owner));
         out.isDefault = owner->defaultButton() == this;
     }
 }

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "platform/Export.h"
+#include "platform/toolkit/Menu.h"
 #include "platform/toolkit/Rect.h"
 #include "platform/toolkit/Toolkit.h"
 #include "platform/toolkit/UserAction.h"
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -44,12 +46,13 @@ struct ControlSnapshot;
 
 // A window: a dialog or one of its controls. It owns its whole state. Two ways lead to a change:
 // - dialog code calls the setters: the face is told, no handler runs;
-// - the face reports what a person did (the user... operations): the state changes, then the handler runs. An action
+// - the face reports what a person did (the user... operations): the state changes, then the handler runs. An
+// action
 //   on a window that is disabled, hidden, covered by another modal window or not on screen is refused.
 class KXPLATFORM_EXPORT CWnd {
   public:
-    // A control named as in the message files and the Designer file. Registers itself with the parent, which must
-    // outlive it; the order of registration is the tab order.
+    // A control named as in the message files and the Designer file. Registers itself with the parent, which
+    // must outlive it; the order of registration is the tab order.
     CWnd(CWnd& parent, const char* name);
     virtual ~CWnd();
     CWnd(const CWnd&) = delete;
@@ -92,14 +95,24 @@ class KXPLATFORM_EXPORT CWnd {
     const CWnd* label() const { return m_label; }
     // For controls no text on screen names.
     void SetAccessibleName(std::wstring_view text);
-    // What a screen reader says: the own name, the label's text or the own text, without mnemonic and closing colon.
+    // What a screen reader says: the own name, the label's text or the own text, without mnemonic and closing
+    // colon.
     std::wstring accessibleName() const;
     // The key that Alt takes to this control: from its own text or its label's; 0 when it has none. Upper case.
     wchar_t mnemonic() const;
 
-    // --- messages and timers --------------------------------------------------------------------------------------
+    // Opens a context menu and returns at once. It stays until an entry is chosen, whose work is done when the
+    // menu has gone, or until the person does anything else; and not longer than this window. `at` is relative
+    // to the window (in a list or a tree to its contents); without it the menu stands where it was asked for:
+    // at the pointer, or at what the keyboard is at. Nothing opens when there are no entries, or nobody could
+    // choose one.
+    void ShowMenu(std::vector<tv::ui::MenuItem> items, std::optional<CPoint> at = {});
+
+    // --- messages and timers
+    // --------------------------------------------------------------------------------------
     static constexpr unsigned userMessage = 0x0400; // the first private message number
-    // WindowProc gets the message when everything that is under way has finished, unless the window is gone by then.
+    // WindowProc gets the message when everything that is under way has finished, unless the window is gone by
+    // then.
     void PostMessage(unsigned message, std::uintptr_t wParam = 0, std::intptr_t lParam = 0);
     virtual std::intptr_t WindowProc(unsigned message, std::uintptr_t wParam, std::intptr_t lParam);
     // Starts or restarts the timer `id`; OnTimer(id) comes every `ms` until KillTimer.
@@ -107,12 +120,18 @@ class KXPLATFORM_EXPORT CWnd {
     void KillTimer(unsigned id);
     virtual void OnTimer(unsigned id);
 
-    // --- the user path --------------------------------------------------------------------------------------------
-    // Any action by kind; each control carries out what makes sense for it and refuses the rest.
-    virtual tv::ui::UserResult perform(const tv::ui::UserAction& action);
+    // --- the user path
+    // -------------------------------------------------------------------------------------------- Any action
+    // by kind; each control carries out what makes sense for it and refuses the rest. An open menu takes keys,
+    // whatever else is done closes it.
+    tv::ui::UserResult perform(const tv::ui::UserAction& action);
+    // Why a person can't act on this window now; empty when he can.
+    tv::ui::UserResult acceptsUser() const;
+    tv::ui::UserResult refuse(std::wstring_view why) const;
     // The focus arrives, by mouse or keyboard.
     tv::ui::UserResult userFocus();
-    // A key before the dialog's own use of it: asked of the control that has the focus, then of those it stands in.
+    // A key before the dialog's own use of it: asked of the control that has the focus, then of those it stands
+    // in.
     virtual tv::ui::KeyRoute routeKey(const tv::ui::KeyEvent&) { return tv::ui::KeyRoute::dialog; }
     // A key the dialog did not take; true when the control used it.
     virtual bool controlKey(const tv::ui::KeyEvent& key);
@@ -129,9 +148,7 @@ class KXPLATFORM_EXPORT CWnd {
   protected:
     explicit CWnd(CWnd* owner); // a dialog: no parent in the window tree
     void tell(tv::ui::Change change);
-    // Why a person can't act on this window now; empty when he can.
-    tv::ui::UserResult acceptsUser() const;
-    tv::ui::UserResult refuse(std::wstring_view what) const;
+    virtual tv::ui::UserResult carryOut(const tv::ui::UserAction& action);
     void takeFocus(); // as a click does, before the handler
     // A child that is going to be destroyed belongs to the window no more; nobody can act on it.
     void dropChild(CWnd& child);
