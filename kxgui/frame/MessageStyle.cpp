@@ -29,6 +29,8 @@ unsigned taskButtonsOf(unsigned style) {
     }
 }
 
+int defaultButtonOf(unsigned style) { return static_cast<int>((style & 0xF00) >> 8); }
+
 MessageText splitMessage(std::wstring_view text) {
     const auto end = text.find_first_of(L".!?\n");
     if (end == std::wstring_view::npos || end == 0) return {std::wstring(text), {}};

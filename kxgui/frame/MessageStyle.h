@@ -13,6 +13,8 @@ KXGUI_EXPORT unsigned taskIconOf(unsigned style);
 // The task-dialog buttons of the style's bits 0x0F. Abort/Retry/Ignore and Cancel/Try/Continue both become
 // OK, Cancel and Retry: a task dialog has no Abort, Ignore or Continue.
 KXGUI_EXPORT unsigned taskButtonsOf(unsigned style);
+// The button that Enter presses, counted from 0 (bits 0xF00).
+KXGUI_EXPORT int defaultButtonOf(unsigned style);
 
 struct MessageText {
     std::wstring instruction; // the first sentence, with its closing mark

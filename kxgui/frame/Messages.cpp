@@ -32,7 +32,8 @@ unsigned MessageDlg(CWnd* parent, const wchar_t* text, const wchar_t* caption, u
     if (!kxGuiModuleReady()) return static_cast<unsigned>(-1);
     const auto parts = kx::frame::splitMessage(orEmpty(text));
     CTaskDialogVE dialog(parent, orEmpty(caption), parts.instruction, parts.content,
-                         kx::frame::taskButtonsOf(style), kx::frame::taskIconOf(style));
+                         kx::frame::taskButtonsOf(style), kx::frame::taskIconOf(style),
+                         kx::frame::defaultButtonOf(style));
     const tv::host::ModalBracket bracket;
     return static_cast<unsigned>(dialog.DoModal());
 }

@@ -4,9 +4,10 @@
 
 class CWnd;
 
-// A message box: `style` holds the usual flags (buttons in bits 0x0F, icon in bits 0xF0), the answer is the
-// usual button result (1 OK, 2 Cancel, 4 Retry, 6 Yes, 7 No). `text` must not be null; a null caption is an
-// empty one. The run is bracketed with the host's modal notifications.
+// A message box: `style` holds the usual flags (buttons in bits 0x0F, icon in bits 0xF0, the number of the
+// button that Enter presses in bits 0xF00), the answer is the usual button result (1 OK, 2 Cancel, 4 Retry, 6
+// Yes, 7 No). `text` must not be null; a null caption is an empty one. The run is bracketed with the host's
+// modal notifications.
 KXGUI_EXPORT unsigned MessageDlg(CWnd* parent, const wchar_t* text, const wchar_t* caption, unsigned style);
 // The same above the main window.
 KXGUI_EXPORT unsigned MessageDlg(const wchar_t* text, const wchar_t* caption, unsigned style);

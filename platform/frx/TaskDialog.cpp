@@ -40,9 +40,10 @@ bool isButton(const CWnd& wnd) {
 } // namespace
 
 CTaskDialogVE::CTaskDialogVE(CWnd* owner, std::wstring_view caption, std::wstring_view instruction,
-                             std::wstring_view content, unsigned buttons, unsigned icon)
+                             std::wstring_view content, unsigned buttons, unsigned icon, int defaultButton)
     : MDialog(taskDialogTemplate, owner), m_parts(std::make_unique<Parts>(*this)), m_caption(caption),
-      m_instruction(instruction), m_content(content), m_buttons(buttons), m_icon(icon) {}
+      m_instruction(instruction), m_content(content), m_buttons(buttons), m_icon(icon),
+      m_defaultButton(defaultButton) {}
 
 CTaskDialogVE::CTaskDialogVE(unsigned templateId, CWnd* owner) : MDialog(templateId, owner) {}
 
@@ -70,7 +71,7 @@ int CTaskDialogVE::OnInitDialog() {
         unsigned flag;
         int code;
     };
-    bool first = true;
+    int number = 0;
     for (const Choice& choice : std::array<Choice, 5>{{{m_parts->ok, taskOK, IDOK},
                                                        {m_parts->yes, taskYes, IDYES},
                                                        {m_parts->no, taskNo, IDNO},
@@ -80,8 +81,9 @@ int CTaskDialogVE::OnInitDialog() {
         choice.button.ShowWindow(offered);
         choice.button.EnableWindow(offered);
         choice.button.onClick = [this, code = choice.code] { EndDialog(code); };
-        if (!offered || !first) continue;
-        first = false;
+        if (!offered) continue;
+        const int place = number++;
+        if (place != 0 && place != m_defaultButton) continue;
         SetDefaultButton(choice.button);
         choice.button.SetFocus();
     }

@@ -35,9 +35,10 @@ class KXPLATFORM_EXPORT CTaskDialogVE : public zel::frx::MDialog {
   public:
     // The standard box. Its end code is the result of the pressed button (IDOK, IDCANCEL, IDRETRY, IDYES,
     // IDNO). Escape and the close box press Cancel, or OK when that is the only button; a box with Yes and No
-    // only has to be answered.
+    // only has to be answered. Enter presses the button numbered `defaultButton` from the left, counted from 0;
+    // the first when there are not so many.
     CTaskDialogVE(CWnd* owner, std::wstring_view caption, std::wstring_view instruction,
-                  std::wstring_view content, unsigned buttons, unsigned icon);
+                  std::wstring_view content, unsigned buttons, unsigned icon, int defaultButton = 0);
     // A box with a template and controls of its own.
     CTaskDialogVE(unsigned templateId, CWnd* owner);
     ~CTaskDialogVE() override;
@@ -51,4 +52,5 @@ class KXPLATFORM_EXPORT CTaskDialogVE : public zel::frx::MDialog {
     std::unique_ptr<Parts> m_parts;
     std::wstring m_caption, m_instruction, m_content;
     unsigned m_buttons = 0, m_icon = 0;
+    int m_defaultButton = 0;
 };

@@ -3,6 +3,7 @@
 #include "platform/text/IcuText.h"
 
 #include <unicode/locid.h>
+#include <unicode/normalizer2.h>
 #include <unicode/ucasemap.h>
 #include <unicode/uchar.h>
 #include <unicode/utf8.h>
@@ -127,6 +128,16 @@ std::wstring foldCase(std::wstring_view text) {
         return out;
     }
     return fromIcu(toIcu(text).foldCase());
+}
+
+std::wstring foldComposed(std::wstring_view text) {
+    if (isAscii(text)) return foldCase(text);
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Normalizer2* composer = icu::Normalizer2::getNFCInstance(status);
+    if (U_FAILURE(status)) return foldCase(text);
+    const icu::UnicodeString folded = composer->normalize(toIcu(text), status).foldCase();
+    const icu::UnicodeString composed = composer->normalize(folded, status);
+    return U_FAILURE(status) ? foldCase(text) : fromIcu(composed);
 }
 
 int compareNoCase(std::wstring_view a, std::wstring_view b) {

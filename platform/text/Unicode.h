@@ -20,5 +20,8 @@ KXPLATFORM_EXPORT int compareNoCase(std::wstring_view a, std::wstring_view b);
 inline bool equalNoCase(std::wstring_view a, std::wstring_view b) { return compareNoCase(a, b) == 0; }
 // The folded form, for use as a key in a map that ignores case.
 KXPLATFORM_EXPORT std::wstring foldCase(std::wstring_view text);
+// The same with letters and their combining marks composed (normalization form C), so that texts that look
+// alike but for letter case are equal.
+KXPLATFORM_EXPORT std::wstring foldComposed(std::wstring_view text);
 
 } // namespace tv::text
