@@ -1,5 +1,6 @@
 #include "kxgui/layers/LayerMerge.h"
 
+#include "kxgui/layers/LayerBoxes.h"
 #include "kxgui/layers/LayerRecord.h"
 #include "platform/drawing/NameReferences.h"
 #include "platform/drawing/OdDbDatabase.h"
@@ -27,10 +28,7 @@ std::unordered_set<OdDbObjectId> setOf(std::span<const OdDbObjectId> layers) {
 } // namespace
 
 tv::Problem canMergeAway(const OdDbDatabase& database, std::span<const OdDbObjectId> layers) {
-    if (database.isReadOnly())
-        return refusal(
-            Tavo::eReadOnly,
-            VORD_ResourceString("IDS_TAVO_LAYERS_READ_ONLY", L"읽기 전용 도면은 바꿀 수 없습니다.").c_str());
+    if (database.isReadOnly()) return refusal(Tavo::eReadOnly, notWrittenBox(database, Tavo::eReadOnly).text);
     if (layers.empty())
         return refusal(
             Tavo::eInvalidInput,
@@ -42,14 +40,8 @@ tv::Problem canMergeAway(const OdDbDatabase& database, std::span<const OdDbObjec
             return refusal(Tavo::eWasErased, VORD_ResourceString("IDS_TAVO_LAYMRG_GONE",
                                                                  L"선택한 도면층이 도면에 더 이상 없습니다.")
                                                  .c_str());
-        if (layer->getName() == L"0")
-            return refusal(Tavo::eInvalidInput, VORD_ResourceString("IDS_ZEL_COMMANDS_ACTIONLAYMRGSELECTTOOL_6",
-                                                                    L"\n\"0\" 도면층을 병합할 수 없습니다.")
-                                                    .c_str());
-        if (id == current)
-            return refusal(Tavo::eInvalidInput, VORD_ResourceString("IDS_ZEL_COMMANDS_ACTIONLAYMRGSELECTTOOL_5",
-                                                                    L"\n현재 도면층을 병합할 수 없습니다.")
-                                                    .c_str());
+        if (layer->getName() == L"0") return refusal(Tavo::eInvalidInput, zeroNotMergedBox().text);
+        if (id == current) return refusal(Tavo::eInvalidInput, currentNotMergedBox().text);
         if (layer->isDependent())
             return refusal(Tavo::eInvalidInput,
                            tv::text::format(
@@ -104,9 +96,7 @@ MergeResult mergeLayers(OdDbDatabase& database, std::span<const OdDbObjectId> la
         const auto status = layer ? layer->erase() : Tavo::eWasErased;
         if (status != Tavo::eOk) {
             step.cancel();
-            return {refusal(status, VORD_ResourceString("IDS_TAVO_LAYERS_FAILED",
-                                                        L"도면을 바꿀 수 없어 모두 그대로 두었습니다.")
-                                        .c_str())};
+            return {refusal(status, notWrittenBox(database, status).text)};
         }
         ++result.layers;
     }
