@@ -6,11 +6,31 @@
 
 #include <unicode/coll.h>
 
+#include <algorithm>
+#include <cstring>
 #include <map>
 #include <mutex>
 #include <tuple>
 
 namespace tv::text {
+namespace {
+
+// An item with its sort key: the first bytes of the key as a number decide most comparisons.
+struct Keyed {
+    std::uint64_t head = 0;
+    std::size_t at = 0; // of the key's other bytes
+    std::uint32_t size = 0;
+    int item = 0;
+};
+
+std::uint64_t headOf(std::string_view key) {
+    std::uint64_t head = 0;
+    for (std::size_t i = 0; i < sizeof head; ++i)
+        head = head << 8 | (i < key.size() ? static_cast<unsigned char>(key[i]) : 0U);
+    return head;
+}
+
+} // namespace
 
 // Null when ICU has no collation data at all: code point order then.
 struct Collator::Rules {
@@ -64,6 +84,33 @@ std::string Collator::sortKey(std::wstring_view text) const {
     }
     key.resize(needed ? needed - 1 : 0); // without the closing zero
     return key;
+}
+
+void sortByText(std::vector<int>& items, bool ascending, const Collator& collator,
+                const std::function<std::wstring(int item)>& textOf) {
+    std::string tails;
+    std::vector<Keyed> keyed;
+    keyed.reserve(items.size());
+    for (const int item : items) {
+        const std::string key = collator.sortKey(textOf(item));
+        Keyed one{headOf(key), tails.size(), 0, item};
+        if (key.size() > sizeof one.head) {
+            one.size = static_cast<std::uint32_t>(key.size() - sizeof one.head);
+            tails.append(key, sizeof one.head);
+        }
+        keyed.push_back(one);
+    }
+    const auto before = [&tails](const Keyed& a, const Keyed& b) {
+        if (a.head != b.head) return a.head < b.head;
+        const int order = std::memcmp(tails.data() + a.at, tails.data() + b.at, std::min(a.size, b.size));
+        return order != 0 ? order < 0 : a.size < b.size;
+    };
+    if (ascending)
+        std::stable_sort(keyed.begin(), keyed.end(), before);
+    else
+        std::stable_sort(keyed.begin(), keyed.end(),
+                         [&](const Keyed& a, const Keyed& b) { return before(b, a); });
+    std::transform(keyed.begin(), keyed.end(), items.begin(), [](const Keyed& one) { return one.item; });
 }
 
 int compare(std::wstring_view a, std::wstring_view b, CollationOptions options) {

@@ -3,9 +3,11 @@
 #include "platform/Export.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tv::text {
 
@@ -36,6 +38,11 @@ class KXPLATFORM_EXPORT Collator {
 
     std::shared_ptr<const Rules> m_rules;
 };
+
+// Puts items in the order of their texts, each of which is asked for once. Items whose texts are equal keep
+// their order.
+KXPLATFORM_EXPORT void sortByText(std::vector<int>& items, bool ascending, const Collator& collator,
+                                  const std::function<std::wstring(int item)>& textOf);
 
 // One comparison in the current language.
 KXPLATFORM_EXPORT int compare(std::wstring_view a, std::wstring_view b, CollationOptions options = {});

@@ -33,13 +33,13 @@ std::optional<int> number(std::wstring_view text) {
 
 // From left to right "number:width", a hidden one with "-" before it; then ";" and "+" or "-" with the sorted
 // column.
-void ListColumnsMemory::save(const CListCtrl& list) {
+void ListColumnsMemory::save(const CListCtrl& list, const std::function<bool(int column)>& shows) {
     if (!m_store) return;
     std::wstring text;
     for (const int column : list.layout().order()) {
         const ListColumn& what = list.layout().at(column);
         if (!text.empty()) text += L' ';
-        if (!what.visible) text += L'-';
+        if (!(shows ? shows(column) : what.visible)) text += L'-';
         text += std::to_wstring(column) + L':' + std::to_wstring(what.width);
     }
     if (list.sortColumn() >= 0)

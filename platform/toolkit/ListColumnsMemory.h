@@ -14,7 +14,8 @@ class KXPLATFORM_EXPORT ListColumnsMemory {
 
     // Arranges the list, whose columns and model are set; false when there was nothing to go by.
     bool restore(CListCtrl& list) const;
-    void save(const CListCtrl& list);
+    // `shows`, when set, says of each column whether it counts as shown.
+    void save(const CListCtrl& list, const std::function<bool(int column)>& shows = {});
     void forget();
 
   private:

@@ -221,6 +221,10 @@ UserResult CListCtrl::userSelect(RowSet rows) {
 }
 
 UserResult CListCtrl::userPress(int row, int column, bool ctrl, bool shift) {
+    return press(row, column, ctrl, shift, false);
+}
+
+UserResult CListCtrl::press(int row, int column, bool ctrl, bool shift, bool byKey) {
     if (auto r = acceptsCell(row, column); !r) return r;
     takeFocus();
     if (auto r = acceptsCell(row, column); !r) return r;
@@ -233,7 +237,10 @@ UserResult CListCtrl::userPress(int row, int column, bool ctrl, bool shift) {
         rows.insert(std::min(m_anchor, row), std::max(m_anchor, row));
     } else {
         m_anchor = row;
-        if (m_multiSelect && ctrl) {
+        const bool keeps = !byKey && !ctrl && !shift && m_selection.contains(row);
+        if (m_multiSelect && keeps && keepsSelection(row, column)) {
+            rows = m_selection;
+        } else if (m_multiSelect && ctrl) {
             rows = m_selection;
             if (rows.contains(row))
                 rows.erase(row);

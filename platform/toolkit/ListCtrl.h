@@ -175,8 +175,15 @@ class KXPLATFORM_EXPORT CListCtrl : public CWnd {
     // What OnCellClick did there a moment ago was not meant.
     virtual void OnTakeBack(int row, int column);
     virtual void OnDoubleClick(int row, int column);
+    // Whether a plain press with the mouse on a cell of a selected row leaves the other rows selected, too.
+    virtual bool keepsSelection(int /*row*/, int /*column*/) const { return false; }
+    // The column whose texts are found by typing.
+    virtual int typedColumn() const;
+    // The row the open editor stands on is another one now.
+    void MoveEditor(int row);
 
   private:
+    tv::ui::UserResult press(int row, int column, bool ctrl, bool shift, bool byKey);
     tv::ui::UserResult acceptsCell(int row, int column) const;
     tv::ui::UserResult acceptsColumn(int column) const;
     void rowsMoved(int at, int by);

@@ -98,6 +98,12 @@ void CListCtrl::placeEditor() {
     m_editor->MoveWindow({cell.left, cell.top, cell.right + wider, cell.bottom + higher});
 }
 
+void CListCtrl::MoveEditor(int row) {
+    if (!m_editor || row < 0 || row >= GetItemCount()) return;
+    m_editorRow = row;
+    placeEditor();
+}
+
 void CListCtrl::CloseEditor() {
     if (!m_editor) return;
     CWnd& closing = *m_editor;

@@ -37,8 +37,8 @@ bool CListCtrl::moveFocus(const KeyEvent& key) {
         SetFocusCell(*target, m_focusColumn);
     } else {
         if (m_anchor < 0) m_anchor = std::max(0, m_focusRow);
-        if (!userPress(*target, m_focusColumn < 0 ? m_columns.neighbour(-1, 0) : m_focusColumn, false,
-                       key.shift))
+        if (!press(*target, m_focusColumn < 0 ? m_columns.neighbour(-1, 0) : m_focusColumn, false, key.shift,
+                   true))
             return true;
     }
     EnsureVisible(m_focusRow);
@@ -176,12 +176,15 @@ bool CListCtrl::typed(wchar_t ch) {
     return true;
 }
 
-void CListCtrl::search(int from, int left) {
-    const int count = GetItemCount();
+int CListCtrl::typedColumn() const {
     const auto shown = m_columns.visible();
-    if (count == 0 || shown.empty()) return;
     const bool sorted = std::find(shown.begin(), shown.end(), m_sortColumn) != shown.end();
-    const int column = sorted ? m_sortColumn : shown.front();
+    return sorted ? m_sortColumn : m_columns.neighbour(-1, 0);
+}
+
+void CListCtrl::search(int from, int left) {
+    const int count = GetItemCount(), column = typedColumn();
+    if (count == 0 || !m_columns.valid(column)) return;
     const bool oneLetter = m_typed.find_first_not_of(m_typed.front()) == std::wstring::npos;
     const std::wstring prefix = oneLetter ? m_typed.substr(0, 1) : m_typed;
     for (int step = 0; step < std::min(left, rowsPerSearch); ++step) {
@@ -202,6 +205,6 @@ void CListCtrl::search(int from, int left) {
 void CListCtrl::found(int row) {
     m_searching.cancel();
     if (m_selection == RowSet{row} && m_focusRow == row) return;
-    if (userPress(row, m_focusColumn < 0 ? m_columns.neighbour(-1, 0) : m_focusColumn, false, false))
+    if (press(row, m_focusColumn < 0 ? m_columns.neighbour(-1, 0) : m_focusColumn, false, false, true))
         EnsureVisible(row);
 }
