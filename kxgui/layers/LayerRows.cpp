@@ -3,8 +3,6 @@
 #include "kxgui/layers/LayerRecord.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbLayerTable.h"
-#include "platform/drawing/dxf/RecordStore.h"
-#include "platform/drawing/dxf/TableNames.h"
 #include "platform/text/ResourceString.h"
 
 #include <algorithm>
@@ -96,10 +94,10 @@ void LayerRows::readTable() {
     m_nameEnds = {};
     m_namesTooLong = false;
     m_ascending = true;
-    const auto table = m_database ? m_database->layers() : nullptr;
-    if (table)
-        table->forEach([&](OdDbObjectId id) {
-            if (hidden(table->nameOf(id))) return;
+    m_layers = m_database ? m_database->layers() : nullptr;
+    if (m_layers)
+        m_layers->forEach([&](OdDbObjectId id) {
+            if (hidden(m_layers->nameOf(id))) return;
             m_ascending = m_ascending && (m_table.empty() || m_table.back() < id.record());
             m_table.push_back(id.record());
         });
@@ -207,6 +205,7 @@ int LayerRows::append(RecordId record) {
 LayerRowsChange LayerRows::layerChanged(OdDbObjectId layer) {
     forgetRead();
     if (!m_database || layer.isNull() || layer.database() != m_database) return {};
+    if (!m_layers) m_layers = m_database->layers();
     const auto record = layer.open<OdDbLayerTableRecord>();
     const bool there = record && !hidden(record->getName());
     int entry = entryOfRecord(layer.record());
@@ -246,7 +245,7 @@ OdDbObjectId LayerRows::current() const {
 
 OdString LayerRows::nameOf(int entry) const {
     const OdDbObjectId layer = layerOf(entry);
-    return layer.isErased() ? OdString() : tv::dwg::tableRecordName(m_database->store(), layer.record());
+    return layer.isErased() || !m_layers ? OdString() : m_layers->nameOf(layer);
 }
 
 T_LAYER_DATA LayerRows::read(int entry) const {

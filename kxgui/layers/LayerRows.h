@@ -4,6 +4,7 @@
 #include "kxgui/layers/LayerCellItems.h"
 #include "kxgui/layers/LayerNamePattern.h"
 #include "platform/drawing/OdDbDatabaseReactor.h"
+#include "platform/drawing/OdDbLayerTable.h"
 #include "platform/drawing/OdDbViewport.h"
 
 #include <functional>
@@ -123,6 +124,7 @@ class KXGUI_EXPORT LayerRows : public CInPlaceCtrlModel, private OdDbDatabaseRea
 
     std::vector<std::unique_ptr<CLayerCellItem>> m_items;
     OdDbDatabase* m_database = nullptr;
+    std::shared_ptr<OdDbLayerTable> m_layers;
     OdDbObjectId m_viewport;
     std::vector<tv::dwg::RecordId> m_frozen; // in the viewport, sorted
     Filter m_filter;
