@@ -7,7 +7,7 @@
 namespace kx::frame {
 namespace {
 
-constexpr std::array<tv::ui::DialogTemplate, 15> templates{{
+constexpr std::array<tv::ui::DialogTemplate, 16> templates{{
     {IDD_UNITS, "IDD_UNITS", {260, 190}, false},
     {IDD_UNITS_DIRECTION, "IDD_UNITS_DIRECTION", {150, 170}, false},
     {IDD_MESSAGE, "IDD_MESSAGE", {267, 192}, false},
@@ -23,6 +23,7 @@ constexpr std::array<tv::ui::DialogTemplate, 15> templates{{
     {IDD_LINEWEIGHT, "IDD_LINEWEIGHT", {170, 200}, true},
     {IDD_SYSVARS, "IDD_SYSVARS", {680, 330}, true},
     {IDD_ARROW_BLOCK, "IDD_ARROW_BLOCK", {180, 170}, true},
+    {IDD_LAYER_FILTER, "IDD_LAYER_FILTER", {440, 330}, true},
 }};
 
 } // namespace

@@ -16,5 +16,6 @@ enum KxTemplate : unsigned {
     IDD_LINEWEIGHT,
     IDD_SYSVARS,
     IDD_ARROW_BLOCK,
-    IDD_PROPERTIES_BAR
+    IDD_PROPERTIES_BAR,
+    IDD_LAYER_FILTER
 };

@@ -22,6 +22,7 @@ constexpr int kClass = 1;
 constexpr int kName = 300;
 constexpr int kExpression = 301;
 constexpr int kMember = 330;
+constexpr int kMark = 290;
 constexpr int kStates = 70;
 constexpr int kDeepest = 64;
 
@@ -43,15 +44,21 @@ bool isFilterClass(const OdString& name) { return name == kProperties || name ==
 // One filter's own data, nothing for another record.
 bool read(const OdDbXrecord& record, LayerFilter& out) {
     const OdResBufPtr chain = record.rbChain();
-    if (!chain || chain->restype() != kClass || !isFilterClass(chain->getString())) return false;
+    // Some have a mark in front.
+    const OdResBuf* first = chain.get();
+    if (first && first->restype() == kMark) first = first->next().get();
+    if (!first || first->restype() != kClass || !isFilterClass(first->getString())) return false;
     out.record = record.objectId();
-    out.kind = chain->getString() == kGroup ? LayerFilter::kGroup : LayerFilter::kProperties;
-    for (const OdResBuf* buffer = chain.get(); buffer; buffer = buffer->next().get()) {
+    out.kind = first->getString() == kGroup ? LayerFilter::kGroup : LayerFilter::kProperties;
+    for (const OdResBuf* buffer = first; buffer; buffer = buffer->next().get()) {
         if (buffer->restype() == kName) out.name = buffer->getString();
         if (buffer->restype() == kExpression) out.expression = buffer->getString();
         if (buffer->restype() != kMember || out.kind != LayerFilter::kGroup) continue;
         const OdDbObjectId layer = record.database()->getOdDbObjectId(buffer->getHandle());
-        if (layer.open<OdDbLayerTableRecord>()) out.layers.push_back(layer);
+        if (layer.open<OdDbLayerTableRecord>())
+            out.layers.push_back(layer);
+        else
+            ++out.missingLayers;
     }
     return true;
 }
@@ -205,7 +212,8 @@ Tavo::ErrorStatus changeLayerFilter(const LayerFilter& filter) {
     if (!read(*record, before) || before.kind != filter.kind || !good(*record->database(), filter, 0))
         return Tavo::eInvalidInput;
     // Name and conditions take the place of the old ones, everything else stays where it is.
-    bool written = false;
+    bool written = before.kind == LayerFilter::kGroup && before.layers == filter.layers;
+    const bool sameLayers = written;
     const OdResBufPtr old = record->rbChain();
     const auto isCondition = [&](int code) {
         return code == (filter.kind == LayerFilter::kGroup ? kMember : kExpression);
@@ -213,7 +221,7 @@ Tavo::ErrorStatus changeLayerFilter(const LayerFilter& filter) {
     for (const OdResBuf* buffer = old.get(); buffer; buffer = buffer->next().get()) {
         if (buffer->restype() == kName) {
             chain.add(kName, filter.name);
-        } else if (!isCondition(buffer->restype())) {
+        } else if (sameLayers || !isCondition(buffer->restype())) {
             chain.add(buffer->restype(), buffer->value());
         } else if (!std::exchange(written, true)) {
             addConditions(chain, filter);

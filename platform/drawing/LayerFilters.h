@@ -30,6 +30,7 @@ struct LayerFilter {
     OdString name;
     OdString expression;
     std::vector<OdDbObjectId> layers; // those the drawing has
+    int missingLayers = 0;            // of a group: it names them, and they are gone
     Patterns patterns;
     std::vector<LayerFilter> nested; // of the newer kinds only
 };
@@ -43,6 +44,7 @@ KXPLATFORM_EXPORT std::vector<LayerFilter> layerFilters(const OdDbDatabase& data
 KXPLATFORM_EXPORT OdDbObjectId addLayerFilter(OdDbDatabase& database, const LayerFilter& filter,
                                               OdDbObjectId parent = {});
 // Name and conditions anew in the filter's own record; what else stands in it stays, and so do those nested.
+// A group whose layers don't change keeps what it says of missing ones, too.
 // eInvalidInput when the record is no filter of that kind.
 KXPLATFORM_EXPORT Tavo::ErrorStatus changeLayerFilter(const LayerFilter& filter);
 // With all nested in it.
