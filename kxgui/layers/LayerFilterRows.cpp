@@ -114,7 +114,7 @@ std::wstring filterStateText(bool state) {
 }
 
 std::wstring LayerFilterRows::title(FilterProperty property) {
-    static constexpr tv::text::TableText kTitles[kFilterProperties] = {
+    static constexpr tv::text::TableText kTitles[] = {
         {"IDS_ZEL_MANAGED_UI_LAYER_41", L"이름"},     {"IDS_TAVO_LAYERFILTER_USED", L"사용 중"},
         {"IDS_ZEL_MANAGED_UI_LAYER_45", L"켜기"},     {"IDS_ZEL_MANAGED_UI_LAYER_22", L"동결"},
         {"IDS_ZEL_MANAGED_UI_LAYER_43", L"잠금"},     {"IDS_MGD_COMMON_COLOR", L"색상"},

@@ -11,8 +11,10 @@
 #include "kxgui/frame/UnitsDirDlg.h"
 #include "kxgui/frame/UnitsDlg.h"
 #include "kxgui/frame/WindowXbuttonMessageDlg.h"
+#include "kxgui/layers/LayerFilterDlg.h"
 #include "kxgui/sysvars/SysVarsDlg.h"
 #include "platform/drawing/OdDbBlockTable.h"
+#include "platform/drawing/OdDbLayerTable.h"
 #include "platform/frx/TaskDialog.h"
 #include "platform/host/TavoDocumentManager.h"
 #include "platform/host/TavoInterfaces.h"
@@ -99,6 +101,16 @@ inline std::vector<SampleDialog> allDialogs() {
         for (const wchar_t* name : {L"화살표 1", L"화살표 2", L"화살표 10"})
             blocks->add(name);
         CArrowBlockDlg(database, nullptr).DoModal();
+    });
+    add("IDD_LAYER_FILTER", [] {
+        const auto database = OdDbDatabase::create();
+        const auto layers = database->layers(OdDb::kForWrite);
+        for (const wchar_t* name : {L"벽-내부", L"벽-외부", L"가구"})
+            layers->add(name);
+        CLayerFilterDlg dialog(database.get(), nullptr);
+        dialog.SetName(L"특성 필터1");
+        dialog.SetExpression(L"NAME==\"벽*\" AND OFF==\"False\" OR COLOR==\"1\"");
+        dialog.DoModal();
     });
     add("IDD_PROPERTIES_BAR", [] { CPropertiesBar().DoModal(); });
     return all;
