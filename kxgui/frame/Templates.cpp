@@ -2,12 +2,10 @@
 
 #include "kxgui/frame/ModuleEntry.h"
 
-#include <array>
-
 namespace kx::frame {
 namespace {
 
-constexpr std::array<tv::ui::DialogTemplate, 16> templates{{
+constexpr tv::ui::DialogTemplate templates[] = {
     {IDD_UNITS, "IDD_UNITS", {260, 190}, false},
     {IDD_UNITS_DIRECTION, "IDD_UNITS_DIRECTION", {150, 170}, false},
     {IDD_MESSAGE, "IDD_MESSAGE", {267, 192}, false},
@@ -24,7 +22,8 @@ constexpr std::array<tv::ui::DialogTemplate, 16> templates{{
     {IDD_SYSVARS, "IDD_SYSVARS", {680, 330}, true},
     {IDD_ARROW_BLOCK, "IDD_ARROW_BLOCK", {180, 170}, true},
     {IDD_LAYER_FILTER, "IDD_LAYER_FILTER", {440, 330}, true},
-}};
+    {IDD_LAYER_TRANSPARENCY, "IDD_LAYER_TRANSPARENCY", {170, 60}, false},
+};
 
 } // namespace
 

@@ -17,5 +17,6 @@ enum KxTemplate : unsigned {
     IDD_SYSVARS,
     IDD_ARROW_BLOCK,
     IDD_PROPERTIES_BAR,
-    IDD_LAYER_FILTER
+    IDD_LAYER_FILTER,
+    IDD_LAYER_TRANSPARENCY,
 };

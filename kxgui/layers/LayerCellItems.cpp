@@ -357,12 +357,6 @@ namespace {
 
 using Align = tv::ui::ListColumn::Align;
 
-struct Column {
-    tv::text::TableText heading;
-    int width;
-    Align align;
-};
-
 constexpr tv::text::TableText kHeadings[] = {
     {"IDS_ZEL_MANAGED_UI_LAYER_26", L"상태"},
     {"IDS_ZEL_MANAGED_UI_LAYER_41", L"이름"},
@@ -429,7 +423,11 @@ std::unique_ptr<CLayerCellItem> makeItem(LayerColumn column) {
 std::vector<tv::ui::ListColumn> layerColumns() {
     std::vector<tv::ui::ListColumn> columns;
     for (std::size_t i = 0; i < std::size(kLooks); ++i)
-        columns.push_back({kHeadings[i].text(), kLooks[i].width, kLooks[i].align, true});
+        columns.push_back({kHeadings[i].text(), kLooks[i].width, kLooks[i].align, true, {}});
+    // Headings of narrow columns may be cut off.
+    for (tv::ui::ListColumn& column : columns)
+        column.hint = column.title;
+    columns.back().hint = VORD_ResourceString("IDS_MGD_COMMON_DESC", L"설명").c_str();
     return columns;
 }
 

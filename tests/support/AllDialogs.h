@@ -12,6 +12,7 @@
 #include "kxgui/frame/UnitsDlg.h"
 #include "kxgui/frame/WindowXbuttonMessageDlg.h"
 #include "kxgui/layers/LayerFilterDlg.h"
+#include "kxgui/layers/LayerTransparencyDlg.h"
 #include "kxgui/sysvars/SysVarsDlg.h"
 #include "platform/drawing/OdDbBlockTable.h"
 #include "platform/drawing/OdDbLayerTable.h"
@@ -112,6 +113,7 @@ inline std::vector<SampleDialog> allDialogs() {
         dialog.SetExpression(L"NAME==\"벽*\" AND OFF==\"False\" OR COLOR==\"1\"");
         dialog.DoModal();
     });
+    add("IDD_LAYER_TRANSPARENCY", [] { CLayerTransparencyDlg(30, nullptr).DoModal(); });
     add("IDD_PROPERTIES_BAR", [] { CPropertiesBar().DoModal(); });
     return all;
 }
