@@ -38,11 +38,9 @@ void CLayerListCtrl::SetRows(std::shared_ptr<LayerRows> rows) {
 
 void CLayerListCtrl::RememberColumns(tv::SettingsStore* store) {
     m_memory.emplace(store, L"LayerGridMain");
-    m_arranging = true;
-    m_memory->restore(*this);
-    m_arranging = false;
-    for (std::size_t column = 0; column < m_wanted.size(); ++column)
-        m_wanted[column] = columns()[column].visible || (!store && m_wanted[column]);
+    if (m_memory->restore(*this))
+        for (std::size_t column = 0; column < m_wanted.size(); ++column)
+            m_wanted[column] = columns()[column].visible;
     showViewportColumns();
 }
 
@@ -57,7 +55,6 @@ void CLayerListCtrl::SetHeadings() {
 }
 
 void CLayerListCtrl::columnsChanged() {
-    if (m_arranging) return;
     const bool viewport = m_layers && !m_layers->viewport().isNull();
     for (int column = 0; column < layout().count(); ++column)
         if (viewport || !isViewportColumn(column))

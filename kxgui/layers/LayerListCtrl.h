@@ -66,5 +66,4 @@ class KXGUI_EXPORT CLayerListCtrl : public CListEditableCtrl {
     ILayerGridOwner* m_owner = nullptr;
     std::optional<tv::ui::ListColumnsMemory> m_memory;
     std::vector<bool> m_wanted; // columns a person wants to see, whether there is a viewport or not
-    bool m_arranging = false;
 };
