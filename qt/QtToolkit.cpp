@@ -1,11 +1,14 @@
 #include "qt/QtToolkit.h"
 
 #include "platform/toolkit/Dialog.h"
+#include "platform/toolkit/Menu.h"
 #include "qt/DialogWindow.h"
 #include "qt/TaskQueue.h"
 #include "qt/TemplateLoader.h"
+#include "qt/controls/MenuFace.h"
 
 #include <QAbstractEventDispatcher>
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QClipboard>
 #include <QEventLoop>
@@ -23,13 +26,15 @@
 using tv::qt::DialogWindow;
 
 struct QtToolkit::Impl {
+    explicit Impl(Toolkit& toolkit) : menu(toolkit) {}
     tv::qt::TaskQueue tasks;
     tv::qt::TemplateLoader loader;
     QPointer<QWidget> mainWindow, home;
     std::vector<std::unique_ptr<DialogWindow>> windows; // of running dialogs, in the order they came up
     std::vector<QPointer<DialogWindow>> modeless;       // a main window may delete those it holds
     std::vector<QPointer<DialogWindow>> retired;        // to be deleted when none of their events is under way
-    int waits = 0;                                      // how many are within each other
+    tv::qt::MenuFace menu;
+    int waits = 0; // how many are within each other
     QMetaObject::Connection focusWatched;
     std::atomic<bool> awake{true}; // the driver may have something to do
     QThread* thread = QThread::currentThread();
@@ -66,7 +71,7 @@ struct QtToolkit::Impl {
     }
 };
 
-QtToolkit::QtToolkit() : m(std::make_unique<Impl>()) {
+QtToolkit::QtToolkit() : m(std::make_unique<Impl>(*this)) {
     // QApplication takes the desktop's number format into the C library, where nobody here wants it.
     std::setlocale(LC_NUMERIC, "C");
     m->focusWatched = QObject::connect(qApp, &QApplication::focusChanged, qApp, [this](QWidget*, QWidget* now) {
@@ -75,6 +80,7 @@ QtToolkit::QtToolkit() : m(std::make_unique<Impl>()) {
 }
 
 QtToolkit::~QtToolkit() {
+    closeMenu();
     QObject::disconnect(m->focusWatched);
     m->deleteRetired();
     for (const auto& window : std::exchange(m->modeless, {}))
@@ -167,6 +173,21 @@ void QtToolkit::hide(CDialog& dialog) {
     gone->getOutOfTheWay();
     m->showWindows();
 }
+
+void QtToolkit::showMenu(const tv::ui::Menu& menu) {
+    const CWnd& owner = menu.owner();
+    DialogWindow* window = m->windowOf(owner.dialog());
+    if (!window) return;
+    const tv::qt::Bridge* bridge = window->bridgeOf(owner);
+    if (!menu.at()) return m->menu.show(menu, *window, bridge ? bridge->menuPlace() : QCursor::pos());
+    QWidget* over = bridge ? &bridge->widget() : window;
+    if (auto* area = qobject_cast<QAbstractScrollArea*>(over)) over = area->viewport();
+    m->menu.show(menu, *window, over->mapToGlobal(QPoint(menu.at()->x, menu.at()->y)));
+}
+
+void QtToolkit::hideMenu() { m->menu.hide(); }
+
+void QtToolkit::menuMoved(const tv::ui::Menu& menu) { m->menu.moved(menu); }
 
 void QtToolkit::changed(CWnd& wnd, tv::ui::Change change) {
     DialogWindow* window = m->windowOf(wnd.dialog());

@@ -56,6 +56,9 @@ class KXGUIQT_EXPORT QtToolkit : public tv::ui::Toolkit {
 
   protected:
     void showActive(CDialog* dialog) override;
+    void showMenu(const tv::ui::Menu& menu) override;
+    void hideMenu() override;
+    void menuMoved(const tv::ui::Menu& menu) override;
     void schedule(std::chrono::milliseconds delay, std::shared_ptr<tv::ui::Timer::Task> task) override;
 
   private:

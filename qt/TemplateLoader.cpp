@@ -9,6 +9,7 @@
 #include "qt/controls/KxDrawArea.h"
 #include "qt/controls/KxSwatchGrid.h"
 #include "qt/controls/ListView.h"
+#include "qt/controls/TreeView.h"
 
 #include <QFile>
 #include <QUiLoader>
@@ -30,6 +31,8 @@ class Loader : public QUiLoader {
             widget = new DropDownBox(parent);
         else if (className == QLatin1String("QTableView"))
             widget = new ListView(parent);
+        else if (className == QLatin1String("QTreeWidget"))
+            widget = new TreeView(parent);
         else if (className == QLatin1String("QCommandLinkButton"))
             widget = new CommandButton(parent);
         else if (className == QLatin1String("KxSwatchGrid"))

@@ -109,8 +109,8 @@ void CListCtrl::FitColumn(int column) {
     const auto measure = [&](int row) {
         const tv::ui::ListCell one = cell(row, column);
         const int picture = one.picture ? static_cast<int>(tv::ui::pictureSize(one.picture).x) + 4 : 0;
-        width = std::max(width,
-                         textWidth(one.text) + picture + (one.checked < 0 ? 0 : checkBoxWidth) + cellPadding);
+        const int text = one.pictureOnly ? 0 : textWidth(one.text);
+        width = std::max(width, text + picture + (one.checked < 0 ? 0 : checkBoxWidth) + cellPadding);
     };
     const int count = GetItemCount();
     for (int row = m_topRow; row < std::min(count, m_topRow + rowsInView() + 1); ++row)

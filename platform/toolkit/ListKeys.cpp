@@ -92,6 +92,10 @@ bool CListCtrl::command(const KeyEvent& key) {
         if (key.alt) return false;
         if (plain && !m_typed.empty()) return typed(L' ');
         if (!key.ctrl && toggle()) return true;
+        if (plain && !key.shift && m_focusRow >= 0 && cell(m_focusRow, m_focusColumn).pictureOnly) {
+            (void)userClick(m_focusRow, m_focusColumn);
+            return true;
+        }
         if (m_focusRow >= 0) (void)userPress(m_focusRow, m_focusColumn, key.ctrl && !key.shift, key.shift);
         return true;
     case Key::f2:

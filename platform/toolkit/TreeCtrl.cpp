@@ -260,7 +260,7 @@ UserResult CTreeCtrl::userSelect(int id) {
     takeFocus();
     if (auto r = acceptsItem(id); !r) return r;
     if (id == m_selected) return UserResult::done();
-    if (m_edited != id) m_edited = 0;
+    endEditing();
     SelectItem(id);
     if (onSelChange) onSelChange();
     return UserResult::done();
@@ -290,7 +290,7 @@ UserResult CTreeCtrl::userRename(int id, const std::wstring& text) {
     if (auto r = acceptsItem(id); !r) return r;
     if (!find(id)->renamable)
         return refuse(VORD_ResourceString("IDS_TAVO_UI_NO_RENAME", L"이름을 바꿀 수 없는 항목입니다."));
-    m_edited = 0;
+    endEditing();
     if (text == find(id)->text) return UserResult::done();
     if (onRename && !onRename(id, text))
         return refuse(VORD_ResourceString("IDS_TAVO_UI_TEXT_REFUSED", L"입력한 값을 받아들일 수 없습니다."));
@@ -362,6 +362,8 @@ UserResult CTreeCtrl::carryOut(const UserAction& action) {
         return userExpand(find(action.path), action.checked != 0);
     case UserAction::Kind::treeRename:
         return userRename(find(action.path), action.text);
+    case UserAction::Kind::treeDoubleClick:
+        return userDoubleClick(find(action.path));
     case UserAction::Kind::treeMenu:
         if (!action.path.empty())
             if (auto r = acceptsItem(find(action.path)); !r) return r;

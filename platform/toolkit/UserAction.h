@@ -45,19 +45,20 @@ KXPLATFORM_EXPORT KeyEvent parseKey(std::wstring_view text);
 struct UserAction {
     enum class Kind {
         click,
-        type,         // text replaces what the control shows
-        choose,       // index, or text when index is -1
-        check,        // checked: 0, 1, 2 (mixed)
-        selectRows,   // rows
-        cell,         // row, column, cell (and text to edit, checked to check)
-        header,       // column
-        moveColumn,   // column, index: the place from the left
-        resizeColumn, // column, index: the width in logical pixels; -1: what its contents need
-        showColumn,   // column, checked
-        treeSelect,   // path
-        treeExpand,   // path, checked
-        treeRename,   // path, text
-        treeMenu,     // path
+        type,            // text replaces what the control shows
+        choose,          // index, or text when index is -1
+        check,           // checked: 0, 1, 2 (mixed)
+        selectRows,      // rows
+        cell,            // row, column, cell (and text to edit, checked to check)
+        header,          // column
+        moveColumn,      // column, index: the place from the left
+        resizeColumn,    // column, index: the width in logical pixels; -1: what its contents need
+        showColumn,      // column, checked
+        treeSelect,      // path
+        treeExpand,      // path, checked
+        treeRename,      // path, text
+        treeDoubleClick, // path
+        treeMenu,        // path; none: where no item is
         drag,  // a list's selected rows, or a tree's selected item, onto the tree `text`: path; checked: a copy
         menu,  // path, or text: the entry of the open context menu, in every window
         key,   // keyEvent

@@ -21,9 +21,12 @@ Bridge::Bridge(CWnd& wnd, QWidget& widget) : m_wnd(wnd), m_widget(widget) {}
 
 void Bridge::refresh() {
     using enum ui::Change;
-    for (const ui::Change change : {look, label, tooltip, editing, selection, checked, text, enabled, visible, dropDown})
+    for (const ui::Change change :
+         {look, label, tooltip, editing, selection, checked, text, enabled, visible, dropDown})
         changed(change);
 }
+
+QPoint Bridge::menuPlace() const { return m_widget.mapToGlobal(m_widget.rect().bottomLeft()); }
 
 void Bridge::retire() {
     m_retired = true;

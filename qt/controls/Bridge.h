@@ -35,10 +35,13 @@ class Bridge : public QObject {
     void changed(ui::Change change);
     // The control may be gone from now on: nothing is shown or reported any more.
     void retire();
-    // The bridge of a control that comes and goes within this one (an editor in a cell); null when there is none.
+    // The bridge of a control that comes and goes within this one (an editor in a cell); null when there is
+    // none.
     virtual Bridge* inner() const { return nullptr; }
     // Its rectangle is another now.
     virtual void placeInner() {}
+    // Where on the screen a menu stands that this control was asked for: below what the keyboard is at.
+    virtual QPoint menuPlace() const;
     // A key the dialog did not take, before the widget gets it; true swallows it.
     virtual bool key(const ui::KeyEvent&) { return false; }
 

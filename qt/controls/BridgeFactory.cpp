@@ -12,6 +12,7 @@
 #include "qt/controls/SliderBridge.h"
 #include "qt/controls/StaticBridges.h"
 #include "qt/controls/TreeBridge.h"
+#include "qt/controls/TreeView.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
@@ -23,7 +24,6 @@
 #include <QRadioButton>
 #include <QSlider>
 #include <QTabWidget>
-#include <QTreeWidget>
 
 namespace tv::qt {
 namespace {
@@ -37,6 +37,11 @@ std::unique_ptr<Bridge> tie(CWnd& wnd, QWidget& widget) {
 std::unique_ptr<Bridge> tieList(CWnd& wnd, QWidget& widget) {
     auto* view = dynamic_cast<ListView*>(&widget);
     return view ? std::make_unique<ListBridge>(static_cast<CListCtrl&>(wnd), *view) : nullptr;
+}
+
+std::unique_ptr<Bridge> tieTree(CWnd& wnd, QWidget& widget) {
+    auto* view = dynamic_cast<TreeView*>(&widget);
+    return view ? std::make_unique<TreeBridge>(static_cast<CTreeCtrl&>(wnd), *view) : nullptr;
 }
 
 bool isMultiLine(const CWnd& wnd) { return static_cast<const CEdit&>(wnd).multiLine(); }
@@ -74,7 +79,7 @@ std::unique_ptr<Bridge> makeBridge(CWnd& wnd, QWidget& widget) {
     case list:
         return tieList(wnd, widget);
     case tree:
-        return tie<TreeBridge, CTreeCtrl, QTreeWidget>(wnd, widget);
+        return tieTree(wnd, widget);
     case tab:
         return tie<TabBridge, CTabCtrl, QTabWidget>(wnd, widget);
     case slider:

@@ -4,6 +4,7 @@
 #include "qt/TemplateLoader.h"
 #include "qt/controls/BridgeFactory.h"
 #include "qt/controls/PictureIcon.h"
+#include "qt/controls/RowDrag.h"
 
 #include <QApplication>
 #include <QFocusEvent>
@@ -20,7 +21,8 @@ namespace tv::qt {
 
 namespace {
 constexpr std::size_t mostKnownRanges = 200; // of selected rows, to the table
-}
+constexpr int widestDragged = 300;           // pixels of a row, beside the pointer
+} // namespace
 
 ListBridge::ListBridge(CListCtrl& list, ListView& widget)
     : Bridge(list, widget), m_list(list), m_view(widget), m_rows(list), m_painter(list, m_rows) {
@@ -120,7 +122,7 @@ bool ListBridge::toggleAt(const QModelIndex& index, QPoint at) {
 void ListBridge::press(const QModelIndex& index, QPoint at, Qt::KeyboardModifiers with) {
     m_openSoon.stop();
     m_pressedRow = -1;
-    m_dragged = false;
+    m_dragged = m_mayDrag = false;
     if (!index.isValid()) {
         if (m_list.multiSelect()) user([&] { return m_list.userSelect({}); });
         return;
@@ -133,10 +135,38 @@ void ListBridge::press(const QModelIndex& index, QPoint at, Qt::KeyboardModifier
         m_pressedRow = index.row();
         m_pressedColumn = index.column();
     }
-    user([&] { return m_list.userPress(index.row(), index.column(), ctrl, shift); });
+    m_pressedAt = at;
+    m_mayDrag = !ctrl && !shift && m_list.onBeginDrag && m_list.selection().contains(index.row());
+    // The rows that may be dragged stay selected until the button tells what is meant.
+    if (m_mayDrag)
+        user([&] { return m_list.userFocus(); });
+    else
+        user([&] { return m_list.userPress(index.row(), index.column(), ctrl, shift); });
 }
 
-void ListBridge::drag(const QModelIndex& index) {
+void ListBridge::dragOut() {
+    m_mayDrag = m_again = false;
+    m_dragged = true; // no click any more
+    bool may = false;
+    user([&] {
+        may = bool(m_list.userBeginDrag());
+        return may;
+    });
+    const int row = m_pressedRow;
+    m_pressedRow = -1;
+    if (!may) return;
+    QRect rect = m_view.visualRect(m_rows.index(row, m_pressedColumn));
+    rect = rect.united(m_view.visualRect(m_rows.index(row, m_list.layout().neighbour(-1, 0))));
+    rect &= m_view.viewport()->rect();
+    rect.setWidth(std::min(rect.width(), widestDragged));
+    drag::run(*this, m_view, m_view.viewport()->grab(rect), {8, rect.height() / 2});
+}
+
+void ListBridge::drag(const QModelIndex& index, QPoint at) {
+    if (m_mayDrag) {
+        if ((at - m_pressedAt).manhattanLength() >= QApplication::startDragDistance()) dragOut();
+        return;
+    }
     if (m_pressedRow < 0 || index.row() == m_list.focusRow()) return;
     m_again = false;
     m_dragged = true; // no click any more
@@ -145,6 +175,7 @@ void ListBridge::drag(const QModelIndex& index) {
 }
 
 void ListBridge::release(const QModelIndex& index) {
+    m_mayDrag = false;
     const bool click =
         m_pressedRow >= 0 && !m_dragged && index.row() == m_pressedRow && index.column() == m_pressedColumn;
     if (!click) {
@@ -165,15 +196,28 @@ void ListBridge::doubleClick(const QModelIndex& index, QPoint at) {
         user([&] { return m_list.userDoubleClick(index.row(), index.column()); });
 }
 
-void ListBridge::contextMenu(const QModelIndex& index) {
+QPoint ListBridge::menuPlace() const {
+    if (m_menuAt) return *m_menuAt;
+    const QModelIndex at = m_rows.index(m_list.focusRow(), std::max(0, m_list.focusColumn()));
+    const QRect rect = at.isValid() ? m_view.visualRect(at) & m_view.viewport()->rect() : QRect();
+    return m_view.viewport()->mapToGlobal(rect.isEmpty() ? QPoint(4, 4) : rect.bottomLeft());
+}
+
+void ListBridge::contextMenu(const QModelIndex& index, QPoint globalAt) {
     m_openSoon.stop();
+    m_pressedRow = -1;
+    const QScopedValueRollback at(m_menuAt, std::optional(globalAt));
     user([&] { return m_list.userContextMenu(index.row(), index.column()); });
 }
 
 QString ListBridge::toolTipFor(const QModelIndex& index) {
     constexpr qsizetype most = 1000;
-    if (!index.isValid() || !m_painter.isCutOff(m_view, m_view.visualRect(index), index)) return {};
-    QString text = index.data(Qt::DisplayRole).toString();
+    if (!index.isValid()) return {};
+    const ui::ListCell& cell = m_rows.cell(index);
+    QString text = toQt(cell.hint);
+    if (text.isEmpty() && (cell.pictureOnly || m_painter.isCutOff(m_view, m_view.visualRect(index), index)))
+        text = toQt(cell.text);
+    if (text.isEmpty()) return {};
     if (text.size() > most) text = text.left(most) + QChar(0x2026);
     return QLatin1String("<span>%1</span>").arg(text.toHtmlEscaped());
 }

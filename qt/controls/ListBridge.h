@@ -7,6 +7,8 @@
 
 #include <QTimer>
 
+#include <optional>
+
 namespace tv::qt {
 
 class ListBridge : public Bridge, private ListHand {
@@ -16,6 +18,7 @@ class ListBridge : public Bridge, private ListHand {
     bool key(const ui::KeyEvent& key) override;
     Bridge* inner() const override { return m_editor.get(); }
     void placeInner() override;
+    QPoint menuPlace() const override;
 
   protected:
     void show(ui::Change change) override;
@@ -23,10 +26,10 @@ class ListBridge : public Bridge, private ListHand {
 
   private:
     void press(const QModelIndex& index, QPoint at, Qt::KeyboardModifiers with) override;
-    void drag(const QModelIndex& index) override;
+    void drag(const QModelIndex& index, QPoint at) override;
     void release(const QModelIndex& index) override;
     void doubleClick(const QModelIndex& index, QPoint at) override;
-    void contextMenu(const QModelIndex& index) override;
+    void contextMenu(const QModelIndex& index, QPoint globalAt) override;
     void typed(const QString& text) override;
     QString toolTipFor(const QModelIndex& index) override;
     void geometryChanged() override;
@@ -40,6 +43,7 @@ class ListBridge : public Bridge, private ListHand {
     void showEditor();
     void dropEditor();
     void showHeaderMenu(QPoint at);
+    void dragOut();
 
     CListCtrl& m_list;
     ListView& m_view;
@@ -49,8 +53,11 @@ class ListBridge : public Bridge, private ListHand {
     std::unique_ptr<Bridge> m_editor;
     int m_pressedRow = -1, m_pressedColumn = -1;
     bool m_dragged = false;
-    bool m_again = false; // the cell that is pressed was the selected one
-    QTimer m_openSoon;    // the editor of a cell clicked again, unless it is a double click
+    bool m_mayDrag = false; // a selected row is pressed, which may be the beginning of a drag
+    QPoint m_pressedAt;
+    std::optional<QPoint> m_menuAt; // of the pointer, while it asks for a menu
+    bool m_again = false;           // the cell that is pressed was the selected one
+    QTimer m_openSoon;              // the editor of a cell clicked again, unless it is a double click
     bool m_placing = false;
 };
 

@@ -1,6 +1,7 @@
 #include "qt/controls/ListCellPainter.h"
 
 #include "qt/controls/ListRows.h"
+#include "qt/controls/PictureIcon.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -39,6 +40,33 @@ void ListCellPainter::initStyleOption(QStyleOptionViewItem* option, const QModel
     // More than any cell has room for would only have to be measured.
     constexpr qsizetype most = 1000;
     if (option->text.size() > most) option->text.truncate(most);
+}
+
+// A picture alone stands where the column's texts would; the style knows it only before a text.
+void ListCellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                            const QModelIndex& index) const {
+    const ui::ListCell& cell = m_rows.cell(index);
+    if (!cell.pictureOnly || !cell.picture || cell.checked >= 0)
+        return QStyledItemDelegate::paint(painter, option, index);
+    const ui::Picture picture = cell.picture;
+    QStyleOptionViewItem own(option);
+    initStyleOption(&own, index);
+    own.icon = {};
+    own.features &= ~QStyleOptionViewItem::HasDecoration;
+    const QWidget* view = option.widget;
+    const QStyle& style = view ? *view->style() : *QApplication::style();
+    style.drawControl(QStyle::CE_ItemViewItem, &own, painter, view);
+    const int margin = style.pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, view) + 1;
+    const QRect room = own.rect.adjusted(margin, 0, -margin, 0);
+    const bool selected = own.state.testFlag(QStyle::State_Selected);
+    painter->save();
+    painter->setClipRect(own.rect);
+    pictureIcon(picture).paint(
+        painter, QStyle::alignedRect(own.direction, own.displayAlignment, iconSize(picture), room),
+        Qt::AlignCenter,
+        own.state.testFlag(QStyle::State_Enabled) ? selected ? QIcon::Selected : QIcon::Normal
+                                                  : QIcon::Disabled);
+    painter->restore();
 }
 
 QStyleOptionViewItem ListCellPainter::optionFor(const QWidget& view, const QRect& cell,

@@ -20,6 +20,8 @@ class ListCellPainter : public QStyledItemDelegate {
     // Whether its text has no room there.
     bool isCutOff(const QWidget& view, const QRect& cell, const QModelIndex& index) const;
 
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+
   protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 

@@ -22,7 +22,9 @@ QVariant ListRows::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || index.row() >= m_rows || index.column() >= m_columns) return {};
     switch (role) {
     case Qt::DisplayRole:
+        return cell(index).pictureOnly ? QVariant() : QVariant(toQt(cell(index).text));
     case Qt::EditRole:
+    case Qt::AccessibleTextRole:
         return toQt(cell(index).text);
     case Qt::DecorationRole: {
         const ui::Picture& picture = cell(index).picture;
@@ -48,9 +50,14 @@ QVariant ListRows::data(const QModelIndex& index, int role) const {
 }
 
 QVariant ListRows::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 || section >= m_columns)
-        return {};
-    return toQt(m_list.columns()[static_cast<std::size_t>(section)].title);
+    if (orientation != Qt::Horizontal || section < 0 || section >= m_columns) return {};
+    const ui::ListColumn& column = m_list.columns()[static_cast<std::size_t>(section)];
+    if (role == Qt::DisplayRole) return toQt(column.title);
+    if (role != Qt::ToolTipRole) return {};
+    constexpr int aroundTitle = 8; // pixels
+    const bool cutOff = m_list.textWidth(column.title) + aroundTitle > m_list.columnWidth(section);
+    const std::wstring& hint = column.hint.empty() && cutOff ? column.title : column.hint;
+    return hint.empty() ? QVariant() : QLatin1String("<span>%1</span>").arg(toQt(hint).toHtmlEscaped());
 }
 
 Qt::ItemFlags ListRows::flags(const QModelIndex& index) const {

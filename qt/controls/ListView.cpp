@@ -28,7 +28,7 @@ void ListView::mouseMoveEvent(QMouseEvent* event) {
     if (row < 0) row = rows - 1;
     if (event->pos().y() < 0) row = std::max(0, row - 1);
     if (line > 0 && event->pos().y() >= viewport()->height()) row = std::min(rows - 1, row + 1);
-    if (row >= 0) m_hand->drag(model()->index(row, std::max(0, columnAt(event->pos().x()))));
+    if (row >= 0) m_hand->drag(model()->index(row, std::max(0, columnAt(event->pos().x()))), event->pos());
 }
 
 void ListView::mouseReleaseEvent(QMouseEvent* event) {
@@ -41,7 +41,8 @@ void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void ListView::contextMenuEvent(QContextMenuEvent* event) {
     // The key for it arrives as a key.
-    if (m_hand && event->reason() != QContextMenuEvent::Keyboard) m_hand->contextMenu(indexAt(event->pos()));
+    if (m_hand && event->reason() != QContextMenuEvent::Keyboard)
+        m_hand->contextMenu(indexAt(event->pos()), event->globalPos());
 }
 
 void ListView::keyPressEvent(QKeyEvent* event) { event->ignore(); }

@@ -9,10 +9,10 @@ class ListHand {
   public:
     virtual ~ListHand() = default;
     virtual void press(const QModelIndex& index, QPoint at, Qt::KeyboardModifiers with) = 0;
-    virtual void drag(const QModelIndex& index) = 0;
+    virtual void drag(const QModelIndex& index, QPoint at) = 0;
     virtual void release(const QModelIndex& index) = 0;
     virtual void doubleClick(const QModelIndex& index, QPoint at) = 0;
-    virtual void contextMenu(const QModelIndex& index) = 0;
+    virtual void contextMenu(const QModelIndex& index, QPoint globalAt) = 0;
     virtual void typed(const QString& text) = 0;
     virtual QString toolTipFor(const QModelIndex& index) = 0;
     // The room for cells or the ranges of the scroll bars are others now.

@@ -53,9 +53,15 @@ UserAction checkAction(const Fields& fields) {
 UserAction cellAction(const Fields& fields) {
     UserAction action;
     action.kind = Kind::cell;
+    const std::wstring what = fields.optionalText("action").value_or(L"click");
+    if (what == L"menu") {
+        action.cell = UserAction::Cell::menu;
+        action.row = fields.integer("row");
+        action.column = fields.optionalInteger("column").value_or(action.row < 0 ? -1 : 0);
+        return action;
+    }
     action.row = fields.integer("row");
     action.column = fields.integer("column");
-    const std::wstring what = fields.optionalText("action").value_or(L"click");
     if (what == L"click")
         action.cell = UserAction::Cell::click;
     else if (what == L"doubleClick")
@@ -71,7 +77,7 @@ UserAction cellAction(const Fields& fields) {
     else if (what == L"cancel")
         action.cell = UserAction::Cell::cancel;
     else
-        badValue("action", what, L"click, doubleClick, edit, open, check, cancel");
+        badValue("action", what, L"click, doubleClick, edit, open, check, cancel, menu");
     return action;
 }
 
@@ -111,8 +117,9 @@ UserAction columnAction(const Fields& fields) {
 
 UserAction treeAction(const Fields& fields) {
     UserAction action;
-    action.path = fields.texts("path");
     const std::wstring what = fields.optionalText("action").value_or(L"select");
+    // A menu is also asked for where there is no item.
+    if (what != L"menu" || fields.find("path")) action.path = fields.texts("path");
     if (what == L"select")
         action.kind = Kind::treeSelect;
     else if (what == L"expand") {
@@ -123,8 +130,29 @@ UserAction treeAction(const Fields& fields) {
         action.text = fields.text("text");
     } else if (what == L"menu")
         action.kind = Kind::treeMenu;
+    else if (what == L"doubleClick")
+        action.kind = Kind::treeDoubleClick;
     else
-        badValue("action", what, L"select, expand, rename, menu");
+        badValue("action", what, L"select, expand, rename, doubleClick, menu");
+    return action;
+}
+
+UserAction dragAction(const Fields& fields) {
+    UserAction action;
+    action.kind = Kind::drag;
+    action.text = fields.text("to");
+    if (fields.find("path")) action.path = fields.texts("path");
+    action.checked = fields.optionalBool("copy").value_or(false);
+    return action;
+}
+
+UserAction menuAction(const Fields& fields) {
+    UserAction action;
+    action.kind = Kind::menu;
+    if (fields.find("path"))
+        action.path = fields.texts("path");
+    else
+        action.text = fields.text("text");
     return action;
 }
 
@@ -154,10 +182,12 @@ UserAction actionOf(std::wstring_view name, const Fields& fields) {
     if (name == L"column") return columnAction(fields);
     if (name == L"selectRows") return rowsAction(fields);
     if (name == L"tree") return treeAction(fields);
+    if (name == L"drag") return dragAction(fields);
+    if (name == L"menu") return menuAction(fields);
     if (name == L"key") return keyAction(fields);
     UserAction action;
-    if (name == L"type" || name == L"menu") {
-        action.kind = name == L"type" ? Kind::type : Kind::menu;
+    if (name == L"type") {
+        action.kind = Kind::type;
         action.text = fields.text("text");
     } else if (name == L"header") {
         action.kind = Kind::header;

@@ -57,6 +57,7 @@ AutomationServer::Handler AutomationServer::handler(std::wstring_view request) {
                                         {L"column", &AutomationServer::doAction},
                                         {L"tree", &AutomationServer::doAction},
                                         {L"menu", &AutomationServer::doAction},
+                                        {L"drag", &AutomationServer::doAction},
                                         {L"key", &AutomationServer::doAction},
                                         {L"closeBox", &AutomationServer::doAction},
                                         {L"point", &AutomationServer::doPoint},

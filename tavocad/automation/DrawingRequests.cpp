@@ -104,6 +104,7 @@ void AutomationServer::doCommand(const Fields& fields) {
     const std::wstring name = fields.text("name");
     const std::wstring arguments = fields.optionalText("arguments").value_or(L"");
     requireIdle();
+    m_toolkit.closeMenu();
     const OdString command = TavoSession::commandName(name);
     if (m_session.host().commands()->has(command))
         m_session.runCommand(command, arguments);

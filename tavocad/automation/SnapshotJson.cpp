@@ -47,6 +47,21 @@ Json control(const tv::ui::ControlSnapshot& from) {
     return to;
 }
 
+Json entries(const std::vector<tv::ui::MenuSnapshot>& from) {
+    Json out = Json::array();
+    for (const auto& entry : from) {
+        if (entry.text.empty()) {
+            out.push_back({{"separator", true}});
+            continue;
+        }
+        Json& to = out.emplace_back(Json{{"text", toUtf8(entry.text)}, {"enabled", entry.enabled}});
+        if (entry.checked) to["checked"] = *entry.checked;
+        if (!entry.keys.empty()) to["keys"] = toUtf8(entry.keys);
+        if (!entry.items.empty()) to["items"] = entries(entry.items);
+    }
+    return out;
+}
+
 } // namespace
 
 Json toJson(const tv::ui::DialogSnapshot& snapshot) {
@@ -56,5 +71,6 @@ Json toJson(const tv::ui::DialogSnapshot& snapshot) {
                 {"controls", Json::array()}};
     for (const auto& from : snapshot.controls)
         out["controls"].push_back(control(from));
+    if (snapshot.menu) out["menu"] = {{"control", snapshot.menuOwner}, {"items", entries(*snapshot.menu)}};
     return out;
 }

@@ -57,7 +57,10 @@ void AutomationServer::doAction(const Fields& fields) {
     const auto control = ofWindow ? fields.optionalText("control") : fields.text("control");
     const auto request = m_request;
     UserResult result;
-    if (action.kind == Kind::key && !m_toolkit.topmost() && m_waiting->supply && !fields.find("window")) {
+    if (action.kind == Kind::menu) {
+        result = m_toolkit.userMenu(action.path.empty() ? std::vector{action.text} : action.path);
+    } else if (action.kind == Kind::key && !m_toolkit.topmost() && m_waiting->supply &&
+               !fields.find("window")) {
         result = m_waiting->supply(action);
     } else {
         CDialog& dialog = window(fields);
@@ -68,6 +71,7 @@ void AutomationServer::doAction(const Fields& fields) {
 }
 
 void AutomationServer::doPoint(const Fields& fields) {
+    m_toolkit.closeMenu();
     SelectionRequests& objects = m_session.objects();
     if (fields.optionalBool("cancel").value_or(false)) {
         if (objects.waiting()) return objects.cancel();

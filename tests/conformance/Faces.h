@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/toolkit/TreeCtrl.h"
 #include "platform/toolkit/headless/HeadlessToolkit.h"
 #include "platform/toolkit/headless/SimulatedUser.h"
 
@@ -13,6 +14,7 @@
 #include <QLineEdit>
 #include <QTest>
 #include <QTimer>
+#include <QTreeWidget>
 #include <QVBoxLayout>
 #endif
 
@@ -26,6 +28,8 @@ struct HeadlessFace {
     // A main window that holds the bar.
     int hold(const CDialog&) { return 0; }
     bool homeHasKeyboard(int) const { return !toolkit.active(); }
+    // Whether an item's name is being entered.
+    bool editing(const CTreeCtrl& tree) const { return tree.editedItem() != 0; }
 };
 
 #ifdef KX_WITH_QT
@@ -51,8 +55,34 @@ struct QtFace {
             if (wnd->kind() != tv::ui::ControlKind::groupBox) {
                 EXPECT_EQ(widget->isEnabledTo(widget->parentWidget()), wnd->IsWindowEnabled()) << wnd->name();
             }
+            if (const auto* tree = dynamic_cast<const CTreeCtrl*>(wnd)) {
+                EXPECT_EQ(shownItems(*static_cast<const QTreeWidget*>(widget)->invisibleRootItem()),
+                          items(tree->root()));
+            }
             expectShownBelow(*wnd);
         }
+    }
+
+    static std::wstring items(const tv::ui::TreeItem& parent) {
+        std::wstring out;
+        for (const auto& child : parent.children)
+            out += child->text + (child->expanded && !child->children.empty() ? L" open" : L"") + L"(" +
+                   items(*child) + L")";
+        return out;
+    }
+    static std::wstring shownItems(const QTreeWidgetItem& parent) {
+        std::wstring out;
+        for (int i = 0; i < parent.childCount(); ++i) {
+            const QTreeWidgetItem& child = *parent.child(i);
+            out += child.text(0).toStdWString() + (child.isExpanded() && child.childCount() ? L" open" : L"") +
+                   L"(" + shownItems(child) + L")";
+        }
+        return out;
+    }
+    bool editing(const CTreeCtrl& tree) const {
+        const auto editors =
+            static_cast<QTreeWidget*>(toolkit.widgetOf(tree))->viewport()->findChildren<QLineEdit*>();
+        return std::any_of(editors.begin(), editors.end(), [](const auto* line) { return line->isVisible(); });
     }
 
     std::unique_ptr<QWidget> hold(const CDialog& bar) {

@@ -6,19 +6,24 @@
 #include "platform/toolkit/Edit.h"
 #include "platform/toolkit/ListBox.h"
 #include "platform/toolkit/ListCtrl.h"
+#include "platform/toolkit/Menu.h"
 #include "platform/toolkit/SliderCtrl.h"
 #include "platform/toolkit/SwatchGrid.h"
 #include "platform/toolkit/TabCtrl.h"
 #include "platform/toolkit/TreeCtrl.h"
 #include "qt/controls/KxDrawArea.h"
 #include "qt/controls/KxSwatchGrid.h"
+#include "qt/controls/RowDrag.h"
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDropEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
+#include <QMimeData>
 #include <QPointer>
 #include <QTabBar>
 #include <QTabWidget>
@@ -34,6 +39,13 @@ using tv::ui::UserAction;
 using tv::ui::UserResult;
 
 namespace native {
+
+void rightClick(QWidget& widget, int x, int y) {
+    QWidget* top = widget.window();
+    if (top->windowHandle())
+        QTest::mouseClick(top->windowHandle(), Qt::RightButton, Qt::NoModifier,
+                          widget.mapTo(top, QPoint(x, y)));
+}
 
 void click(QWidget& widget, int x, int y, bool twice, bool ctrl) {
     QWidget* top = widget.window();
@@ -137,6 +149,45 @@ void clickItem(QAbstractItemView& view, const QModelIndex& index, bool twice = f
     native::click(*view.viewport(), at.x(), at.y(), twice, ctrl);
 }
 
+// A place of the view where no item is.
+QPoint emptyPlace(QAbstractItemView& view) {
+    const QPoint at(view.viewport()->width() / 2, view.viewport()->height() - 3);
+    return view.indexAt(at).isValid() ? QPoint(-1, -1) : at;
+}
+
+bool rightClickItem(QAbstractItemView& view, const QModelIndex& index) {
+    if (index.isValid()) view.scrollTo(index);
+    const QPoint at = index.isValid() ? view.visualRect(index).center() : emptyPlace(view);
+    if (at.x() < 0) return false;
+    native::rightClick(*view.viewport(), at.x(), at.y());
+    return true;
+}
+
+// Presses at a place of a view, moves to another view's, and lets go there. Offscreen no window system drags,
+// so what it would tell the other view is told it here.
+void dragTo(QAbstractItemView& source, QPoint from, QAbstractItemView& target, QPoint to, bool copy) {
+    QWindow* window = source.window()->windowHandle();
+    if (!window) return;
+    from = source.viewport()->mapTo(source.window(), from);
+    tv::qt::drag::setWay([&, to](const QMimeData& data) {
+        const Qt::KeyboardModifiers with = copy ? Qt::ControlModifier : Qt::NoModifier;
+        const Qt::DropActions actions = Qt::MoveAction | Qt::CopyAction;
+        QDragEnterEvent enter(to, actions, &data, Qt::LeftButton, with);
+        QApplication::sendEvent(target.viewport(), &enter);
+        if (!enter.isAccepted()) return;
+        QDragMoveEvent move(to, actions, &data, Qt::LeftButton, with);
+        QApplication::sendEvent(target.viewport(), &move);
+        QDropEvent drop(to, actions, &data, Qt::LeftButton, with);
+        QDragLeaveEvent leave;
+        QApplication::sendEvent(target.viewport(), move.isAccepted() ? static_cast<QEvent*>(&drop) : &leave);
+    });
+    QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, from);
+    for (const int by : {1, 2}) // the first one only tells a tree that the button is down
+        QTest::mouseMove(window, from + QPoint(by * (QApplication::startDragDistance() + 5), 0));
+    QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, from);
+    tv::qt::drag::setWay({});
+}
+
 void press(QWidget& window, Key which, int times = 1) {
     for (int i = 0; i < times; ++i)
         native::key(window, {which});
@@ -176,11 +227,16 @@ bool chooseInCombo(CComboBox& combo, QComboBox& box, const UserAction& action) {
 }
 
 bool actOnTree(CTreeCtrl& control, QTreeWidget& tree, const UserAction& action) {
+    if (action.kind == UserAction::Kind::treeMenu)
+        return rightClickItem(tree, tree.indexFromItem(itemOf(tree, control.find(action.path))));
     QTreeWidgetItem* item = itemOf(tree, control.find(action.path));
     if (!item) return false;
     clickItem(tree, tree.indexFromItem(item));
     switch (action.kind) {
     case UserAction::Kind::treeSelect:
+        return true;
+    case UserAction::Kind::treeDoubleClick:
+        clickItem(tree, tree.indexFromItem(item), true);
         return true;
     case UserAction::Kind::treeExpand:
         press(*tree.window(), action.checked ? Key::right : Key::left);
@@ -206,16 +262,20 @@ bool actOnTable(CListCtrl& control, QTableView& table, const UserAction& action)
             clickItem(table, at(row, 0), false, row != action.rows.first());
         return true;
     case UserAction::Kind::cell:
+        if (action.cell == UserAction::Cell::menu) return rightClickItem(table, at(action.row, action.column));
         if (!at(action.row, action.column).isValid() || action.cell == UserAction::Cell::cancel ||
             action.cell == UserAction::Cell::check)
             return false;
+        if (action.cell == UserAction::Cell::doubleClick) {
+            clickItem(table, at(action.row, action.column), true);
+            return true;
+        }
         clickItem(table, at(action.row, action.column));
         if (action.cell == UserAction::Cell::open) {
             if (!control.hasEditor(action.row, action.column)) return false;
             press(*table.window(), Key::f2);
             return true;
         }
-        if (action.cell == UserAction::Cell::doubleClick) clickItem(table, at(action.row, action.column), true);
         if (action.cell != UserAction::Cell::edit) return true;
         if (!control.cell(action.row, action.column).editable) return false;
         editText(table, action.text);
@@ -227,8 +287,60 @@ bool actOnTable(CListCtrl& control, QTableView& table, const UserAction& action)
 
 } // namespace
 
+// Clicks through the open menu.
+bool NativeHand::chooseFromMenu(const UserAction& action) {
+    const tv::ui::Menu* open = m_toolkit.menu();
+    auto* shown = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    std::size_t missing = 0;
+    const auto place =
+        open ? open->find(action.path.empty() ? std::vector{action.text} : action.path, missing) : std::nullopt;
+    if (!place || !shown) return false;
+    bool available = true;
+    tv::ui::Menu::Place outer;
+    for (const int index : *place) {
+        outer.push_back(index);
+        const tv::ui::MenuItem* item = open->item(outer);
+        available = available && item->available() && (!item->items.empty() || outer == *place);
+        QAction* entry = shown->actions().value(index);
+        if (!entry) return false;
+        const bool chosen = available && item->items.empty();
+        const QPoint at = shown->actionGeometry(entry).center();
+        QMenu* inner = entry->menu();
+        native::click(*shown, at.x(), at.y());
+        if (chosen || !available) return chosen;
+        shown = inner;
+    }
+    return false; // an entry that only opens another menu
+}
+
+// From what is selected in a list or a tree onto an item of a tree.
+bool NativeHand::dragAndDrop(CWnd& wnd, QWidget& widget, const UserAction& action) {
+    const auto* tree = dynamic_cast<CTreeCtrl*>(wnd.dialog()->GetDlgItem(
+        action.text.empty() ? "" : QString::fromStdWString(action.text).toStdString()));
+    auto* source = qobject_cast<QAbstractItemView*>(&widget);
+    auto* target = tree ? qobject_cast<QTreeWidget*>(m_toolkit.widgetOf(*tree)) : nullptr;
+    if (!source || !target) return false;
+    const auto* list = dynamic_cast<CListCtrl*>(&wnd);
+    const auto* from = dynamic_cast<CTreeCtrl*>(&wnd);
+    const QModelIndex dragged =
+        list ? source->model()->index(list->GetCurSel(), 0)
+             : target->indexFromItem(itemOf(*qobject_cast<QTreeWidget*>(source), from->GetSelectedItem()));
+    QTreeWidgetItem* item = itemOf(*target, tree->find(action.path));
+    if (!dragged.isValid() || (!action.path.empty() && !item)) return false;
+    source->scrollTo(dragged);
+    const QPoint to = item ? target->visualItemRect(item).center() : emptyPlace(*target);
+    if (to.x() < 0) return false;
+    const bool taken = tree->takesDrop(tree->find(action.path), wnd);
+    const bool may = list ? list->onBeginDrag && list->onBeginDrag()
+                          : from->onBeginDrag && from->onBeginDrag(from->GetSelectedItem());
+    dragTo(*source, source->visualRect(dragged).center(), *target, to, action.checked != 0);
+    return taken && may;
+}
+
 bool NativeHand::send(CWnd& wnd, QWidget& widget, const UserAction& action) {
     using enum UserAction::Kind;
+    if (action.kind == menu) return chooseFromMenu(action);
+    if (action.kind == drag) return dragAndDrop(wnd, widget, action);
     const int middle = widget.height() / 2;
     switch (wnd.kind()) {
     case tv::ui::ControlKind::dialog:

@@ -17,11 +17,14 @@ class NativeHand : public tv::ui::Hand {
   private:
     // False when the action can't be made of events.
     bool send(CWnd& wnd, QWidget& widget, const tv::ui::UserAction& action);
+    bool chooseFromMenu(const tv::ui::UserAction& action);
+    bool dragAndDrop(CWnd& wnd, QWidget& widget, const tv::ui::UserAction& action);
     QtToolkit& m_toolkit;
 };
 
 namespace native {
 void click(QWidget& widget, int x, int y, bool twice = false, bool ctrl = false);
+void rightClick(QWidget& widget, int x, int y);
 void key(QWidget& window, const tv::ui::KeyEvent& key);
 void type(QWidget& window, const QString& text);
 } // namespace native
