@@ -98,6 +98,7 @@ void CLayerFilterDlg::Data2Dlg() {
     m_name.SetWindowText(m_filterName);
     m_name.SelectAll();
     m_expression = LayerFilterExpression(m_given);
+    m_preview->readLayers();
     showExpression(true, true);
     m_rows.SetFocusCell(0, 0);
     m_rows.SetSelection({0});
@@ -162,7 +163,7 @@ void CLayerFilterDlg::expressionEdited() {
 
 void CLayerFilterDlg::removeRows() {
     m_rows.EndLabelEditing();
-    std::vector<int> rows(m_rows.selection().rows().begin(), m_rows.selection().rows().end());
+    const std::vector<int> rows = m_rows.selection().rows();
     bool removed = false;
     for (auto row = rows.rbegin(); row != rows.rend(); ++row)
         if (m_model->removeRow(*row)) {

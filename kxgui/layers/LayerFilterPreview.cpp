@@ -23,8 +23,8 @@ constexpr std::size_t kSlice = 2000; // layers
 
 } // namespace
 
-LayerFilterPreview::LayerFilterPreview(OdDbDatabase* database, OdDbObjectId viewport)
-    : m_database(database), m_viewport(viewport) {
+void LayerFilterPreview::readLayers() {
+    m_layers.clear();
     const auto table = m_database ? m_database->layers() : nullptr;
     if (!table) return;
     m_current = currentLayer(*m_database);

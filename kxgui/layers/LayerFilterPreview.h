@@ -20,7 +20,10 @@ class KXGUI_EXPORT LayerFilterPreview : public tv::ui::ListModel {
     using Matcher = std::function<bool(const T_LAYER_DATA&)>;
 
     // `viewport`: the active one, or null. The database must outlive it; null: there are no layers.
-    LayerFilterPreview(OdDbDatabase* database, OdDbObjectId viewport);
+    LayerFilterPreview(OdDbDatabase* database, OdDbObjectId viewport)
+        : m_database(database), m_viewport(viewport) {}
+    // Which layers there are now; to be called first.
+    void readLayers();
 
     // Only layers that fit this are shown, whatever the expression says.
     void setWithin(Matcher within) { m_within = std::move(within); }

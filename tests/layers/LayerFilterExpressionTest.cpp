@@ -23,7 +23,8 @@ std::wstring usual(const wchar_t* text) { return filterText(LayerFilterExpressio
 
 TEST(LayerFilterExpression, TheUsualFormComesBackAsItIs) {
     const wchar_t* const whole =
-        L"USED==\"TRUE\" AND VPOVERRIDES==\"FALSE\" AND NAME==\"A*\" AND OFF==\"False\" AND FROZEN==\"True\" AND "
+        L"USED==\"TRUE\" AND VPOVERRIDES==\"FALSE\" AND NAME==\"A*\" AND OFF==\"False\" AND FROZEN==\"True\" "
+        L"AND "
         L"LOCKED==\"True\" AND COLOR==\"10\" AND LINETYPE==\"DASHED\" AND LINEWEIGHT==\"0.18\" AND "
         L"PLOTTABLE==\"True\" AND NEWVPFROZEN==\"True\" OR NAME!=\"B*\" OR DESCRIPTION==\"say \"\"so\"\"\"";
     const LayerFilterExpression expression(whole);
@@ -78,14 +79,20 @@ TEST(LayerFilterExpression, EveryPropertyIsAskedOfTheRow) {
     row.plotStyle = L"Style 1";
     row.description = L"outer walls";
     row.vp.color = OdCmColor::byIndex(1);
-    for (const wchar_t* text :
-         {L"NAME==\"*|w*\"", L"USED==\"TRUE\"", L"ON==\"False\"", L"OFF==\"1\"", L"FROZEN==\"False\"",
-          L"LOCKED==\"True\"", L"COLOR==\"30\"", L"COLOR==\"3#\"", L"COLOR!=\"1\"", L"LINETYPE==\"dash*\"",
-          L"LINEWEIGHT==\"0.18\"", L"LINEWEIGHT==\"0.18 mm\"", L"LINEWEIGHT==\"0.1*\"", L"TRANSPARENCY==\"30\"",
-          L"TRANSPARENCY==\"~9#\"", L"PLOTSTYLE==\"Style*\"", L"PLOTTABLE==\"False\"", L"NEWVPFROZEN==\"False\"",
-          L"VPFROZEN==\"True\"", L"VPOVERRIDES==\"TRUE\"", L"XREF==\"True\"", L"XREF==\"pl*\"",
-          L"DESCRIPTION==\"*wall*\""}) {
-        EXPECT_TRUE(LayerFilterExpression(text).fits(row, true)) << "row of length " << std::wstring(text).size();
+    for (const wchar_t* text : {L"NAME==\"*|w*\"",         L"USED==\"TRUE\"",
+                                L"ON==\"False\"",          L"OFF==\"1\"",
+                                L"FROZEN==\"False\"",      L"LOCKED==\"True\"",
+                                L"COLOR==\"30\"",          L"COLOR==\"3#\"",
+                                L"COLOR!=\"1\"",           L"LINETYPE==\"dash*\"",
+                                L"LINEWEIGHT==\"0.18\"",   L"LINEWEIGHT==\"0.18 mm\"",
+                                L"LINEWEIGHT==\"0.1*\"",   L"TRANSPARENCY==\"30\"",
+                                L"TRANSPARENCY==\"~9#\"",  L"PLOTSTYLE==\"Style*\"",
+                                L"PLOTTABLE==\"False\"",   L"NEWVPFROZEN==\"False\"",
+                                L"VPFROZEN==\"True\"",     L"VPOVERRIDES==\"TRUE\"",
+                                L"XREF==\"True\"",         L"XREF==\"pl*\"",
+                                L"DESCRIPTION==\"*wall*\""}) {
+        EXPECT_TRUE(LayerFilterExpression(text).fits(row, true))
+            << "row of length " << std::wstring(text).size();
         EXPECT_FALSE(LayerFilterExpression(std::wstring(L"NOT ") + text).fits(row, true));
     }
     row.color = OdCmColor::byRgb(255, 128, 0);
@@ -99,7 +106,8 @@ TEST(LayerFilterExpression, EveryPropertyIsAskedOfTheRow) {
 }
 
 TEST(LayerFilterExpression, CellsOfTheEditorGoThereAndBack) {
-    FilterRow row = LayerFilterExpression(L"NAME==\"A*\" AND NAME!=\"AB*\" AND OFF==\"True\" AND COLOR!=\"1\"").rows()[0];
+    FilterRow row =
+        LayerFilterExpression(L"NAME==\"A*\" AND NAME!=\"AB*\" AND OFF==\"True\" AND COLOR!=\"1\"").rows()[0];
     EXPECT_EQ(filterCellText(row, FilterProperty::name), L"NAME==\"A*\" AND NAME!=\"AB*\"");
     EXPECT_EQ(filterCellText(row, FilterProperty::on), L"False");
     EXPECT_EQ(filterCellText(row, FilterProperty::color), L"!=1");
