@@ -51,7 +51,10 @@ CLayerFilterDlg::CLayerFilterDlg(OdDbDatabase* database, CWnd* parent, OdDbObjec
     m_rows.onColumnsChange = [this] { m_columns.save(m_rows); };
     m_remove.onClick = [this] { removeRows(); };
     m_text.onChange = [this] { expressionEdited(); };
-    m_contrary.onClick = [this] { m_preview->start(m_expression, m_contrary.GetCheck() != 0); };
+    m_contrary.onClick = [this] {
+        m_preview->start(m_expression, m_contrary.GetCheck() != 0, true);
+        showCount();
+    };
 }
 
 void CLayerFilterDlg::SetText() {
@@ -66,7 +69,8 @@ void CLayerFilterDlg::SetText() {
         columns.push_back({LayerFilterRows::title(property), 80});
         if (property == FilterProperty::name || property == FilterProperty::description)
             columns.back().width = 130;
-        if (property == FilterProperty::linetype) columns.back().width = 100;
+        if (property == FilterProperty::linetype || property == FilterProperty::color)
+            columns.back().width = 110;
         if (isFilterState(property)) columns.back().width = 70;
     }
     m_rows.SetColumns(std::move(columns));
@@ -99,7 +103,7 @@ void CLayerFilterDlg::Data2Dlg() {
     m_name.SelectAll();
     m_expression = LayerFilterExpression(m_given);
     m_preview->readLayers();
-    showExpression(true, true);
+    showExpression(true, true, true);
     m_rows.SetFocusCell(0, 0);
     m_rows.SetSelection({0});
     m_name.SetFocus();
@@ -108,7 +112,7 @@ void CLayerFilterDlg::Data2Dlg() {
 
 // --- what is shown -------------------------------------------------------------------------------------------
 
-void CLayerFilterDlg::showExpression(bool text, bool rows) {
+void CLayerFilterDlg::showExpression(bool text, bool rows, bool atOnce) {
     if (text) m_text.SetWindowText(m_expression.text());
     if (rows && m_expression.understood()) {
         m_model->setRows(m_expression.rows());
@@ -117,7 +121,7 @@ void CLayerFilterDlg::showExpression(bool text, bool rows) {
     // What can't be understood has no rows that could be edited without losing it.
     m_rows.EnableWindow(m_expression.understood());
     say(m_expression.problem());
-    m_preview->start(m_expression, m_contrary.GetCheck() != 0);
+    m_preview->start(m_expression, m_contrary.GetCheck() != 0, atOnce);
     showCount();
 }
 

@@ -45,7 +45,7 @@ class KXGUI_EXPORT CLayerFilterDlg : public VORDRunDlg {
     void rowsEdited();
     void expressionEdited();
     void removeRows();
-    void showExpression(bool text, bool rows);
+    void showExpression(bool text, bool rows, bool atOnce = false);
     void showState();
     void showCount();
     void say(const std::wstring& sentence) { m_said.SetWindowText(sentence); }

@@ -84,6 +84,14 @@ std::wstring_view trimmed(std::wstring_view text) {
     return text;
 }
 
+// Of a state and, where it is no reference's name, of XREF.
+std::optional<bool> stateFor(FilterProperty property, std::wstring_view text) {
+    if (isFilterState(property)) return filterStateOf(text);
+    if (property == xref && equalNoCase(text, L"True")) return true;
+    if (property == xref && equalNoCase(text, L"False")) return false;
+    return std::nullopt;
+}
+
 std::wstring stateWord(bool state) { return state ? L"True" : L"False"; }
 
 // --- reading -------------------------------------------------------------------------------------------------
@@ -266,14 +274,14 @@ class Reader {
         const std::wstring_view inner = trimmed(text);
         // "Any" of a state leaves it open.
         if (isFilterState(property) && inner == L"*") return equal ? Rows{{}} : Rows{};
-        const auto state = filterStateOf(inner);
+        const auto state = stateFor(property, inner);
         if (isFilterState(property) && !state) {
             fail(tv::text::format(VORD_ResourceString("IDS_TAVO_LAYERFILTER_NO_STATE",
                                                       L"\"%s\" 값은 True 또는 False여야 합니다."),
                                   text));
             return {};
         }
-        if (state && (isFilterState(property) || property == xref)) {
+        if (state) {
             text = stateWord((*state == equal) != keyword.inverse);
             equal = true;
         }
@@ -396,8 +404,7 @@ void LayerFilterExpression::prepare() {
         auto& tests = m_tests.emplace_back();
         for (const FilterCondition& condition : row) {
             Test test{condition.property, condition.equal, {}, {}, {}, tv::text::Wildcards(condition.value)};
-            if (isFilterState(condition.property) || condition.property == xref)
-                test.state = filterStateOf(condition.value);
+            test.state = stateFor(condition.property, condition.value);
             if (condition.property == color) {
                 test.color = rgbOf(condition.value);
                 if (!test.color) test.color = kx::frame::indexedColorOf(condition.value, false);
@@ -542,9 +549,9 @@ bool setFilterCell(FilterRow& row, FilterProperty property, std::wstring_view gi
             if (std::ranges::any_of(own, [&](const FilterCondition& one) { return one.property != property; }))
                 return false;
         } else {
-            const auto state = filterStateOf(value);
+            const auto state = stateFor(property, value);
             if (isFilterState(property) && !state) return false;
-            if (state && (isFilterState(property) || property == xref)) {
+            if (state) {
                 own.push_back({property, true, stateWord(*state == equal)});
             } else {
                 own.push_back({property, equal, std::wstring(value)});

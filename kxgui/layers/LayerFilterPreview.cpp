@@ -33,11 +33,13 @@ void LayerFilterPreview::readLayers() {
     });
 }
 
-void LayerFilterPreview::start(LayerFilterExpression expression, bool contrary) {
+void LayerFilterPreview::start(LayerFilterExpression expression, bool contrary, bool atOnce) {
     m_expression = std::move(expression);
     m_contrary = contrary;
     m_found.clear();
     m_next = 0;
+    m_timer.cancel();
+    if (atOnce) return goOn();
     if (tv::ui::Toolkit* const toolkit = tv::ui::Toolkit::current())
         m_timer = toolkit->after(kPause, [this] { goOn(); });
 }
@@ -82,7 +84,7 @@ std::vector<tv::ui::ListColumn> LayerFilterPreview::columns() {
     const auto title = [](FilterProperty property) { return LayerFilterRows::title(property); };
     return {{title(FilterProperty::name), 150},       {title(FilterProperty::on), 55},
             {title(FilterProperty::frozen), 55},      {title(FilterProperty::locked), 55},
-            {title(FilterProperty::color), 90},       {title(FilterProperty::linetype), 100},
+            {title(FilterProperty::color), 110},      {title(FilterProperty::linetype), 100},
             {title(FilterProperty::lineWeight), 80},  {title(FilterProperty::plottable), 55},
             {title(FilterProperty::description), 160}};
 }

@@ -27,9 +27,9 @@ class KXGUI_EXPORT LayerFilterPreview : public tv::ui::ListModel {
 
     // Only layers that fit this are shown, whatever the expression says.
     void setWithin(Matcher within) { m_within = std::move(within); }
-    // Begins anew, after a pause; the rows stay what they were until it is done. `contrary`: the layers the
-    // expression does not select.
-    void start(LayerFilterExpression expression, bool contrary);
+    // Begins anew, at once or after a pause in which somebody may go on typing; the rows stay what they were
+    // until it is done. `contrary`: the layers the expression does not select.
+    void start(LayerFilterExpression expression, bool contrary, bool atOnce = false);
     bool busy() const { return m_timer.pending(); }
     std::function<void()> onDone; // the rows are others now
 
