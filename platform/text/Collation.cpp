@@ -7,6 +7,7 @@
 #include <unicode/coll.h>
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <map>
 #include <mutex>
@@ -18,7 +19,7 @@ namespace {
 // An item with its sort key: the first bytes of the key as a number decide most comparisons.
 struct Keyed {
     std::uint64_t head = 0;
-    std::size_t at = 0; // of the key's other bytes
+    std::size_t at = 0;
     std::uint32_t size = 0;
     int item = 0;
 };
@@ -69,40 +70,71 @@ int Collator::compare(std::wstring_view a, std::wstring_view b) const {
 }
 
 std::string Collator::sortKey(std::wstring_view text) const {
-    const icu::UnicodeString source = toIcu(text);
-    if (!m_rules->icu)
-        return {reinterpret_cast<const char*>(source.getBuffer()), std::size_t(source.length()) * 2};
-    std::string key(static_cast<std::size_t>(source.length()) * 3 + 16, '\0');
-    auto fill = [&] {
-        return static_cast<std::size_t>(m_rules->icu->getSortKey(source, reinterpret_cast<uint8_t*>(key.data()),
-                                                                 static_cast<int32_t>(key.size())));
-    };
-    const std::size_t needed = fill();
-    if (needed > key.size()) {
-        key.resize(needed);
-        fill();
-    }
-    key.resize(needed ? needed - 1 : 0); // without the closing zero
+    std::string key;
+    appendSortKey(text, key);
     return key;
+}
+
+void Collator::appendSortKey(std::wstring_view text, std::string& keys) const {
+    // Most texts are short and within 16 bits: these need no memory of their own.
+    std::array<char16_t, 128> units;
+    const bool plain = text.size() <= units.size() &&
+                       std::all_of(text.begin(), text.end(), [](wchar_t c) { return c >= 0 && c < 0xD800; });
+    icu::UnicodeString converted;
+    const char16_t* source = units.data();
+    auto length = static_cast<std::int32_t>(text.size());
+    if (plain) {
+        std::transform(text.begin(), text.end(), units.begin(),
+                       [](wchar_t c) { return static_cast<char16_t>(c); });
+    } else {
+        converted = toIcu(text);
+        source = converted.getBuffer();
+        length = converted.length();
+    }
+    if (!m_rules->icu) {
+        keys.append(reinterpret_cast<const char*>(source), static_cast<std::size_t>(length) * 2);
+        return;
+    }
+    std::array<std::uint8_t, 512> key;
+    const auto fill = [&](std::uint8_t* to, std::size_t room) {
+        const auto needed = static_cast<std::size_t>(
+            m_rules->icu->getSortKey(source, length, to, static_cast<std::int32_t>(room)));
+        return needed ? needed - 1 : 0; // without the closing zero
+    };
+    const std::size_t size = fill(key.data(), key.size()), begin = keys.size();
+    if (size < key.size()) {
+        keys.append(reinterpret_cast<const char*>(key.data()), size);
+        return;
+    }
+    keys.resize(begin + size + 1);
+    fill(reinterpret_cast<std::uint8_t*>(keys.data() + begin), size + 1);
+    keys.resize(begin + size);
 }
 
 void sortByText(std::vector<int>& items, bool ascending, const Collator& collator,
                 const std::function<std::wstring(int item)>& textOf) {
-    std::string tails;
+    std::string keys;
     std::vector<Keyed> keyed;
     keyed.reserve(items.size());
+    std::size_t alike = std::string::npos; // bytes all keys begin with
     for (const int item : items) {
-        const std::string key = collator.sortKey(textOf(item));
-        Keyed one{headOf(key), tails.size(), 0, item};
-        if (key.size() > sizeof one.head) {
-            one.size = static_cast<std::uint32_t>(key.size() - sizeof one.head);
-            tails.append(key, sizeof one.head);
-        }
-        keyed.push_back(one);
+        const std::size_t at = keys.size();
+        collator.appendSortKey(textOf(item), keys);
+        const std::size_t size = keys.size() - at;
+        keyed.push_back({0, at, static_cast<std::uint32_t>(size), item});
+        alike = std::min(alike, size);
+        const auto own = keys.begin() + static_cast<std::ptrdiff_t>(at);
+        const auto end = keys.begin() + static_cast<std::ptrdiff_t>(alike);
+        alike = static_cast<std::size_t>(std::mismatch(keys.begin(), end, own).first - keys.begin());
     }
-    const auto before = [&tails](const Keyed& a, const Keyed& b) {
+    for (Keyed& one : keyed) {
+        one.at += alike;
+        one.size -= static_cast<std::uint32_t>(alike);
+        one.head = headOf(std::string_view(keys).substr(one.at, one.size));
+    }
+    const auto before = [&keys](const Keyed& a, const Keyed& b) {
         if (a.head != b.head) return a.head < b.head;
-        const int order = std::memcmp(tails.data() + a.at, tails.data() + b.at, std::min(a.size, b.size));
+        const int order = std::memcmp(keys.data() + a.at, keys.data() + b.at, std::min(a.size, b.size));
         return order != 0 ? order < 0 : a.size < b.size;
     };
     if (ascending)

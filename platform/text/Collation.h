@@ -31,6 +31,8 @@ class KXPLATFORM_EXPORT Collator {
 
     // Comparing two keys byte by byte gives the same order. For lists of thousands make the keys first.
     std::string sortKey(std::wstring_view text) const;
+    // The same behind what `keys` holds already.
+    void appendSortKey(std::wstring_view text, std::string& keys) const;
 
   private:
     struct Rules;
