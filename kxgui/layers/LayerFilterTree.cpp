@@ -98,6 +98,7 @@ int LayerFilterTree::add(int parent, Node node) {
 
 void LayerFilterTree::clear() {
     m_database = nullptr;
+    m_ready = nullptr;
     m_nodes.clear();
     Node all;
     all.key = L"all";
@@ -236,34 +237,33 @@ int LayerFilterTree::find(OdDbObjectId record) const { return record.isNull() ? 
 
 // --- what a node shows ---------------------------------------------------------------------------------------
 
-std::vector<LayerFilterTree::Test> LayerFilterTree::testsOf(int number) const {
-    std::vector<Test> tests;
-    for (int at = number; valid(at); at = m_nodes[static_cast<std::size_t>(at)].parent) {
-        const Node& one = m_nodes[static_cast<std::size_t>(at)];
-        if (one.kind == Kind::all) break;
-        Test test{one.kind, one.expression, {one.layers.begin(), one.layers.end()}, {}};
-        if (one.kind == Kind::xref) test.reference = tv::text::foldCase(one.name);
-        tests.push_back(std::move(test));
-        if (one.kind != Kind::property) break;
+std::vector<int> LayerFilterTree::chainOf(int number) const {
+    std::vector<int> chain;
+    for (int at = number; valid(at) && node(at).kind != Kind::all; at = node(at).parent) {
+        chain.push_back(at);
+        if (node(at).kind != Kind::property) break;
     }
-    return tests;
+    return chain;
 }
 
 bool LayerFilterTree::asksForUsage(int number) const {
-    return std::ranges::any_of(testsOf(number), [](const Test& test) {
-        return test.kind == Kind::used || test.expression.asksForUsage();
+    return std::ranges::any_of(chainOf(number), [this](int at) {
+        return node(at).kind == Kind::used || node(at).expression.asksForUsage();
     });
 }
 
 bool LayerFilterTree::asksForViewport(int number) const {
-    return std::ranges::any_of(testsOf(number),
-                               [](const Test& test) { return test.expression.asksForViewport(); });
+    return std::ranges::any_of(chainOf(number),
+                               [this](int at) { return node(at).expression.asksForViewport(); });
 }
 
-LayerFilterTree::Matcher LayerFilterTree::matcher(int number) const {
-    if (asksForUsage(number) && m_database)
-        if (const auto table = m_database->layers()) table->generateUsageData();
-    auto tests = testsOf(number);
+LayerFilterTree::Matcher LayerFilterTree::make(int number) const {
+    std::vector<Test> tests;
+    for (const int at : chainOf(number)) {
+        const Node& one = node(at);
+        tests.push_back({one.kind, one.expression, {one.layers.begin(), one.layers.end()}, {}});
+        if (one.kind == Kind::xref) tests.back().reference = tv::text::foldCase(one.name);
+    }
     if (tests.empty()) return [](const T_LAYER_DATA&) { return true; };
     // Copies of it are made freely; what it knows is shared.
     return [shared = std::make_shared<const std::vector<Test>>(std::move(tests))](const T_LAYER_DATA& layer) {
@@ -271,8 +271,18 @@ LayerFilterTree::Matcher LayerFilterTree::matcher(int number) const {
     };
 }
 
+LayerFilterTree::Matcher LayerFilterTree::matcher(int number) const {
+    if (m_database && asksForUsage(number))
+        if (const auto table = m_database->layers()) table->generateUsageData();
+    return make(number);
+}
+
 bool LayerFilterTree::accepts(int number, const T_LAYER_DATA& layer) const {
-    return std::ranges::all_of(testsOf(number), [&layer](const Test& test) { return test.fits(layer); });
+    if (!m_ready || m_readyNode != number) {
+        m_ready = make(number);
+        m_readyNode = number;
+    }
+    return m_ready(layer);
 }
 
 std::vector<T_LAYER_DATA> LayerFilterTree::rows(int number, OdDbObjectId viewport) const {

@@ -80,14 +80,18 @@ class KXGUI_EXPORT LayerFilterTree {
     std::vector<OdDbObjectId> layersToIsolate(int node, OdDbObjectId viewport = {}) const;
 
   private:
-    struct Test; // what one node asks, apart from the tree
-    std::vector<Test> testsOf(int node) const;
+    struct Test;                              // what one node asks, apart from the tree
+    std::vector<int> chainOf(int node) const; // the nodes whose conditions count, from this one up
+    Matcher make(int node) const;
     int add(int parent, Node node);
     void addXrefs(OdDbDatabase& database, const std::vector<std::filesystem::path>& folders);
     std::vector<T_LAYER_DATA> rows(int node, OdDbObjectId viewport) const;
 
     OdDbDatabase* m_database = nullptr;
     std::vector<Node> m_nodes;
+    // What accepts() asked last, ready for the next layer.
+    mutable int m_readyNode = -1;
+    mutable Matcher m_ready;
 };
 
 // What an older filter asks for, as an expression. What its states mean nobody can tell: one that has any fits
