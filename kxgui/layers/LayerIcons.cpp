@@ -62,13 +62,20 @@ void disc(DisplayList& out, DrawPoint centre, double radius, std::optional<std::
     out.items.push_back(std::move(item));
 }
 
-void rays(DisplayList& out, DrawPoint centre, double from, double to, int first, int count, int of,
-          std::uint32_t color, double width) {
+DrawPoint from(DrawPoint centre, double distance, double angle) {
+    return {centre.x + distance * std::cos(angle), centre.y + distance * std::sin(angle)};
+}
+
+// One line to and fro, as every line of a picture costs when thousands are painted. What lies over its centre
+// hides where the rays meet.
+void rays(DisplayList& out, DrawPoint centre, double length, int first, int count, std::uint32_t color,
+          double width) {
+    std::vector<DrawPoint> way{centre};
     for (int i = first; i < first + count; ++i) {
-        const double c = std::cos(i * 2 * std::numbers::pi / of), s = std::sin(i * 2 * std::numbers::pi / of);
-        line(out, {{centre.x + from * c, centre.y + from * s}, {centre.x + to * c, centre.y + to * s}}, color,
-             width);
+        way.push_back(from(centre, length, i * std::numbers::pi / 4));
+        way.push_back(centre);
     }
+    line(out, std::move(way), color, width);
 }
 
 void slash(DisplayList& out) { line(out, {{2.5, 2.5}, {13.5, 13.5}}, wrong, 1.6); }
@@ -93,8 +100,8 @@ void drawStatus(DisplayList& out, LayerStatus status) {
 
 void drawLamp(DisplayList& out, bool on) {
     if (on) {
+        rays(out, {8, 9}, 6.6, -1, 6, lit, 1.3);
         disc(out, {8, 9}, 3.6, lit);
-        rays(out, {8, 9}, 4.9, 6.6, -1, 6, 8, lit, 1.3);
     } else {
         disc(out, {8, 9}, 3.6, std::nullopt, unlit);
     }
@@ -103,23 +110,19 @@ void drawLamp(DisplayList& out, bool on) {
 }
 
 void drawSun(DisplayList& out, DrawPoint centre, double size) {
-    disc(out, centre, size * 0.45, lit);
-    rays(out, centre, size * 0.65, size, 0, 8, 8, lit, 1.2);
+    rays(out, centre, size, 0, 8, lit, 1.2);
+    disc(out, centre, size * 0.5, lit);
 }
 
 void drawCrystal(DisplayList& out, DrawPoint centre, double size) {
-    rays(out, centre, 0, size, 0, 6, 6, cold, 1.4);
-    for (int i = 0; i < 6; ++i) { // the tips' barbs
-        const double a = i * std::numbers::pi / 3;
-        for (const double turn : {-0.5, 0.5}) {
-            const DrawPoint root{centre.x + size * 0.55 * std::cos(a), centre.y + size * 0.55 * std::sin(a)};
-            line(out,
-                 {root,
-                  {root.x + size * 0.35 * std::cos(a + turn * 1.6),
-                   root.y + size * 0.35 * std::sin(a + turn * 1.6)}},
-                 cold, 1);
-        }
+    std::vector<DrawPoint> way{centre};
+    for (int i = 0; i < 6; ++i) {
+        const double angle = i * std::numbers::pi / 3;
+        const DrawPoint fork = from(centre, size * 0.55, angle);
+        way.insert(way.end(), {fork, from(fork, size * 0.35, angle + 0.8), fork,
+                               from(fork, size * 0.35, angle - 0.8), fork, from(centre, size, angle), centre});
     }
+    line(out, std::move(way), cold, 1.2);
 }
 
 void drawFrozen(DisplayList& out, bool frozen) {

@@ -3,6 +3,7 @@
 #include "kxgui/layers/LayerRecord.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbLayerTable.h"
+#include "platform/drawing/dxf/RecordStore.h"
 #include "platform/text/ResourceString.h"
 
 #include <algorithm>
@@ -16,7 +17,13 @@ namespace {
 
 constexpr std::size_t longestKept = 32; // bytes of a name, on average
 
-bool hidden(const OdString& name) { return name.isEmpty() || name.getAt(0) == L'*'; }
+// Other programs keep such layers for themselves. Most records need no reading to tell: they hold no asterisk,
+// and nothing that stands for one.
+bool hidden(const OdDbLayerTable& table, OdDbObjectId layer) {
+    const std::string_view bytes = layer.database()->store().text(layer.record());
+    const bool maybe = bytes.find('*') != bytes.npos || bytes.find('\\') != bytes.npos;
+    return maybe && table.nameOf(layer).view().starts_with(L'*');
+}
 
 } // namespace
 
@@ -97,7 +104,7 @@ void LayerRows::readTable() {
     m_layers = m_database ? m_database->layers() : nullptr;
     if (m_layers)
         m_layers->forEach([&](OdDbObjectId id) {
-            if (hidden(m_layers->nameOf(id))) return;
+            if (hidden(*m_layers, id)) return;
             m_ascending = m_ascending && (m_table.empty() || m_table.back() < id.record());
             m_table.push_back(id.record());
         });
@@ -207,7 +214,7 @@ LayerRowsChange LayerRows::layerChanged(OdDbObjectId layer) {
     if (!m_database || layer.isNull() || layer.database() != m_database) return {};
     if (!m_layers) m_layers = m_database->layers();
     const auto record = layer.open<OdDbLayerTableRecord>();
-    const bool there = record && !hidden(record->getName());
+    const bool there = record && m_layers && !hidden(*m_layers, layer);
     int entry = entryOfRecord(layer.record());
     if (entry < 0 && !there) return {};
     if (entry < 0) entry = append(layer.record());
