@@ -51,7 +51,7 @@ ErrorStatus writeProperties(OdDbLayerTableRecord& layer, const T_LAYER_DATA& row
               [&] { return layer.setLineWeight(row.lineWeight); })
         .when((fields & kFieldTransparency) && layer.transparency().percent() != row.transparency,
               [&] { return layer.setTransparency(OdCmTransparency::byPercent(row.transparency)); })
-        .when((fields & kFieldPlotStyle) && layer.plotStyleName() != row.plotStyle,
+        .when((fields & kFieldPlotStyle) && !row.plotStyle.isEmpty() && layer.plotStyleName() != row.plotStyle,
               [&] { return layer.setPlotStyleName(row.plotStyle.view()); })
         .when((fields & kFieldDescription) && layer.description() != row.description,
               [&] { return layer.setDescription(row.description.view()); })

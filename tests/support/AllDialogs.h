@@ -11,7 +11,12 @@
 #include "kxgui/frame/UnitsDirDlg.h"
 #include "kxgui/frame/UnitsDlg.h"
 #include "kxgui/frame/WindowXbuttonMessageDlg.h"
+#include "kxgui/layers/LayerExportDlg.h"
 #include "kxgui/layers/LayerFilterDlg.h"
+#include "kxgui/layers/LayerImportDlg.h"
+#include "kxgui/layers/LayerMergeDlg.h"
+#include "kxgui/layers/LayerStateEdits.h"
+#include "kxgui/layers/LayerStatesDlg.h"
 #include "kxgui/layers/LayerTransparencyDlg.h"
 #include "kxgui/sysvars/SysVarsDlg.h"
 #include "platform/drawing/OdDbBlockTable.h"
@@ -19,8 +24,11 @@
 #include "platform/frx/TaskDialog.h"
 #include "platform/host/TavoDocumentManager.h"
 #include "platform/host/TavoInterfaces.h"
+#include "platform/text/AtomicFile.h"
+#include "platform/text/Unicode.h"
 #include "tavocad/gallery/GalleryDlg.h"
 
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
@@ -32,6 +40,14 @@ struct SampleDialog {
     std::function<void()> run; // constructs it and runs it modally
     std::vector<std::string> pages;
 };
+
+inline OdDbDatabasePtr drawingWithLayers() {
+    const auto database = OdDbDatabase::create();
+    const auto layers = database->layers(OdDb::kForWrite);
+    for (const wchar_t* name : {L"도면층 1", L"도면층 2", L"도면층 3", L"도면층 10", L"Defpoints"})
+        layers->add(name);
+    return database;
+}
 
 inline std::vector<SampleDialog> allDialogs() {
     std::vector<SampleDialog> all;
@@ -114,6 +130,47 @@ inline std::vector<SampleDialog> allDialogs() {
         dialog.DoModal();
     });
     add("IDD_LAYER_TRANSPARENCY", [] { CLayerTransparencyDlg(30, nullptr).DoModal(); });
+    add("IDD_LAYER_MERGE", [] {
+        const auto database = drawingWithLayers();
+        const auto layers = database->layers();
+        CLayerMergeDlg(database, {layers->getAt(L"도면층 1"), layers->getAt(L"도면층 3")}, nullptr).DoModal();
+    });
+    add("IDD_LAYER_IMPORT", [] {
+        const std::filesystem::path file = std::filesystem::temp_directory_path() / "kx-layer-list.csv";
+        tv::writeFileAtomically(file, "Name,Color,Freeze\n도면층 1,red,Yes\n도면층 2,7,No\n새 도면층,#1E90FF,\n"
+                                      "도면층 3,pink,\n");
+        CLayerImportDlg dialog(drawingWithLayers(), nullptr);
+        dialog.SetPath(tv::text::fromUtf8(file.string()));
+        dialog.DoModal();
+        std::filesystem::remove(file);
+    });
+    add("IDD_LAYER_EXPORT", [] {
+        CLayerExportDlg dialog(drawingWithLayers(), nullptr);
+        dialog.SetPath(L"/tmp/layers.csv");
+        dialog.DoModal();
+    });
+    add("IDD_LAYER_STATES", [] {
+        const auto database = drawingWithLayers();
+        kx::layers::saveState(*database, L"평면도", L"벽과 문만", tv::dwg::kLayerEverything);
+        kx::layers::saveState(*database, L"인쇄 전", {}, tv::dwg::kLayerOn | tv::dwg::kLayerFrozen);
+        CLayerStatesDlg(database, nullptr).DoModal();
+    });
+    add("IDD_LAYER_STATE_NAME", [] {
+        CLayerStateNameDlg dialog(
+            L"새 도면층 상태", [](const auto&, const auto&) { return tv::Problem(); }, nullptr);
+        dialog.SetData(L"평면도", L"벽과 문만");
+        dialog.DoModal();
+    });
+    add("IDD_LAYER_STATE_COMPARE", [] {
+        const auto database = drawingWithLayers();
+        tv::dwg::LayerState saved = tv::dwg::currentLayerState(*database);
+        saved.layers[1].color = OdCmColor::byIndex(1);
+        saved.layers[2].off = true;
+        saved.layers.back().name = L"도면층 9";
+        CLayerStateCompareDlg(
+            L"평면도", kx::layers::compareLayerStates(saved, tv::dwg::currentLayerState(*database)), nullptr)
+            .DoModal();
+    });
     add("IDD_PROPERTIES_BAR", [] { CPropertiesBar().DoModal(); });
     return all;
 }
