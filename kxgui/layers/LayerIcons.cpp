@@ -68,11 +68,11 @@ DrawPoint from(DrawPoint centre, double distance, double angle) {
 
 // One line to and fro, as every line of a picture costs when thousands are painted. What lies over its centre
 // hides where the rays meet.
-void rays(DisplayList& out, DrawPoint centre, double length, int first, int count, std::uint32_t color,
+void rays(DisplayList& out, DrawPoint centre, double length, int count, double turned, std::uint32_t color,
           double width) {
     std::vector<DrawPoint> way{centre};
-    for (int i = first; i < first + count; ++i) {
-        way.push_back(from(centre, length, i * std::numbers::pi / 4));
+    for (int i = 0; i < count; ++i) {
+        way.push_back(from(centre, length, (i + turned) * 2 * std::numbers::pi / count));
         way.push_back(centre);
     }
     line(out, std::move(way), color, width);
@@ -99,18 +99,13 @@ void drawStatus(DisplayList& out, LayerStatus status) {
 }
 
 void drawLamp(DisplayList& out, bool on) {
-    if (on) {
-        rays(out, {8, 9}, 6.6, -1, 6, lit, 1.3);
-        disc(out, {8, 9}, 3.6, lit);
-    } else {
-        disc(out, {8, 9}, 3.6, std::nullopt, unlit);
-    }
-    box(out, 6.2, 2, 9.8, 4.6, on ? inkColor : unlit);
+    disc(out, {8, 9.5}, 4.5, on ? std::optional(lit) : std::nullopt, on ? brass : unlit);
+    box(out, 6, 1.5, 10, 4.5, on ? inkColor : unlit);
     if (!on) slash(out);
 }
 
 void drawSun(DisplayList& out, DrawPoint centre, double size) {
-    rays(out, centre, size, 0, 8, lit, 1.2);
+    rays(out, centre, size, 8, 0, lit, 1.2);
     disc(out, centre, size * 0.5, lit);
 }
 
@@ -154,11 +149,10 @@ void drawPlot(DisplayList& out, bool plot) {
         slash(out);
 }
 
+// Too small for branches.
 void drawFramed(DisplayList& out, bool frozen, DrawPoint centre) {
-    if (frozen)
-        drawCrystal(out, centre, 4.2);
-    else
-        drawSun(out, centre, 4.2);
+    if (!frozen) return drawSun(out, centre, 4.4);
+    rays(out, centre, 4.6, 6, 0.5, cold, 1.4);
 }
 
 void drawViewport(DisplayList& out, bool frozen) {
