@@ -150,6 +150,11 @@ bool CLayerListCtrl::keepsSelection(int, int column) const {
     return item && item->click() != LayerCellClick::none;
 }
 
+// Without a viewport its columns are out of the question.
+bool CLayerListCtrl::offersColumn(int column) const {
+    return !isViewportColumn(column) || (m_layers && !m_layers->viewport().isNull());
+}
+
 int CLayerListCtrl::typedColumn() const { return nameColumn; }
 
 // What a cell has besides an editor.

@@ -53,6 +53,7 @@ class KXGUI_EXPORT CLayerListCtrl : public CListEditableCtrl {
   protected:
     bool keepsSelection(int row, int column) const override;
     int typedColumn() const override;
+    bool offersColumn(int column) const override;
     void OnTakeBack(int row, int column) override;
     void OnDoubleClick(int row, int column) override;
 

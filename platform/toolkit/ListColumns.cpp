@@ -6,10 +6,14 @@
 namespace tv::ui {
 
 void ListColumns::assign(std::vector<ListColumn> columns) {
+    // Titles that stay are as wide as before.
+    const bool renamed = !std::equal(columns.begin(), columns.end(), m_columns.begin(), m_columns.end(),
+                                     [](const auto& a, const auto& b) { return a.title == b.title; });
     m_columns = std::move(columns);
     m_order.resize(m_columns.size());
     std::iota(m_order.begin(), m_order.end(), 0);
-    m_titleWidths.assign(m_columns.size(), 0);
+    if (renamed) m_titleWidths.assign(m_columns.size(), 0);
+    m_narrow.assign(m_columns.size(), false);
 }
 
 int ListColumns::insert(int at, ListColumn column) {
@@ -20,6 +24,7 @@ int ListColumns::insert(int at, ListColumn column) {
     m_order.insert(m_order.begin() + place, at);
     m_columns.insert(m_columns.begin() + at, std::move(column));
     m_titleWidths.insert(m_titleWidths.begin() + at, 0);
+    m_narrow.insert(m_narrow.begin() + at, false);
     return at;
 }
 
@@ -30,6 +35,7 @@ bool ListColumns::erase(int column) {
         if (number > column) --number;
     m_columns.erase(m_columns.begin() + column);
     m_titleWidths.erase(m_titleWidths.begin() + column);
+    m_narrow.erase(m_narrow.begin() + column);
     return true;
 }
 
@@ -72,10 +78,15 @@ void ListColumns::setTitleWidth(int column, int width) {
     if (valid(column)) m_titleWidths[static_cast<std::size_t>(column)] = width;
 }
 
+void ListColumns::setNarrow(int column, bool narrow) {
+    if (valid(column)) m_narrow[static_cast<std::size_t>(column)] = narrow;
+}
+
 int ListColumns::ownWidth(int column) const {
     if (!at(column).visible) return 0;
     const int width = std::max(0, at(column).width);
-    return width < narrowColumn ? width : std::max(width, m_titleWidths[static_cast<std::size_t>(column)]);
+    const auto number = static_cast<std::size_t>(column);
+    return width < narrowColumn || m_narrow[number] ? width : std::max(width, m_titleWidths[number]);
 }
 
 int ListColumns::total(int room) const {

@@ -30,7 +30,8 @@ class KXPLATFORM_EXPORT ListColumns {
 
     // The least width the face needs for a column's title; 0 when nobody knows.
     void setTitleWidth(int column, int width);
-    void forgetTitleWidth(int column) { setTitleWidth(column, 0); }
+    // Whether the column may be narrower than that.
+    void setNarrow(int column, bool narrow);
     // As wide as on screen in a list `room` pixels wide: the last column takes what is left over. Columns too
     // narrow for a title are taken at their word.
     int shownWidth(int column, int room) const;
@@ -43,6 +44,7 @@ class KXPLATFORM_EXPORT ListColumns {
     std::vector<ListColumn> m_columns;
     std::vector<int> m_order;
     std::vector<int> m_titleWidths;
+    std::vector<bool> m_narrow;
 };
 
 constexpr int narrowColumn = 16; // less than any title needs

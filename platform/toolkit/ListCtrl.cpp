@@ -16,6 +16,7 @@ CListCtrl::~CListCtrl() = default;
 // --- columns -------------------------------------------------------------------------------------------------
 
 void CListCtrl::SetColumns(std::vector<tv::ui::ListColumn> columns) {
+    rememberMade(columns);
     m_columns.assign(std::move(columns));
     m_focusColumn = std::min(m_focusColumn, m_columns.count() - 1);
     tell(Change::items);
@@ -23,7 +24,9 @@ void CListCtrl::SetColumns(std::vector<tv::ui::ListColumn> columns) {
 }
 
 int CListCtrl::InsertColumn(int at, tv::ui::ListColumn column) {
+    const Made made{column.width, column.visible};
     at = m_columns.insert(at, std::move(column));
+    m_made.insert(m_made.begin() + at, made);
     if (m_sortColumn >= at) ++m_sortColumn;
     if (m_focusColumn >= at) ++m_focusColumn;
     if (m_editor && m_editorColumn >= at) ++m_editorColumn;
@@ -36,6 +39,7 @@ bool CListCtrl::DeleteColumn(int column) {
     if (!m_columns.valid(column)) return false;
     if (m_editor && m_editorColumn == column) CloseEditor();
     m_columns.erase(column);
+    m_made.erase(m_made.begin() + column);
     if (m_sortColumn == column) m_sortColumn = -1;
     for (int* number : {&m_sortColumn, &m_focusColumn, &m_editorColumn})
         if (*number > column) --*number;
@@ -350,7 +354,7 @@ UserResult CListCtrl::userMoveColumn(int column, int place) {
 UserResult CListCtrl::userResizeColumn(int column, int width) {
     if (auto r = acceptsColumn(column); !r) return r;
     // A person may make it narrower than its title.
-    m_columns.setTitleWidth(column, 0);
+    m_columns.setNarrow(column, true);
     m_columns.edit(column).width = std::clamp(width, 0, 10000);
     columnsChanged(true);
     return UserResult::done();
@@ -386,6 +390,8 @@ UserResult CListCtrl::carryOut(const UserAction& action) {
         return userMoveColumn(action.column, action.index);
     case UserAction::Kind::resizeColumn:
         return action.index < 0 ? userFitColumn(action.column) : userResizeColumn(action.column, action.index);
+    case UserAction::Kind::columnMenu:
+        return userHeaderMenu(action.column, CPoint{m_columns.left(action.column) - m_scrollX, 0});
     case UserAction::Kind::drag:
         if (auto r = userBeginDrag(); !r) return r;
         return CTreeCtrl::dropByAction(*this, action);

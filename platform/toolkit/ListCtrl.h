@@ -150,6 +150,11 @@ class KXPLATFORM_EXPORT CListCtrl : public CWnd {
     tv::ui::UserResult userResizeColumn(int column, int width);
     tv::ui::UserResult userFitColumn(int column);
     tv::ui::UserResult userShowColumn(int column, bool show);
+    tv::ui::UserResult userShowAllColumns();
+    // Order, widths and visibility as SetColumns had them.
+    tv::ui::UserResult userResetColumns();
+    // The menu of the titles, at one of them (-1: beside all).
+    tv::ui::UserResult userHeaderMenu(int column, std::optional<CPoint> at = {});
     tv::ui::UserResult userScroll(int topRow, int scrollX);
     tv::ui::UserResult carryOut(const tv::ui::UserAction& action) override;
     bool controlKey(const tv::ui::KeyEvent& key) override;
@@ -177,6 +182,8 @@ class KXPLATFORM_EXPORT CListCtrl : public CWnd {
     virtual void OnDoubleClick(int row, int column);
     // Whether a plain press with the mouse on a cell of a selected row leaves the other rows selected, too.
     virtual bool keepsSelection(int /*row*/, int /*column*/) const { return false; }
+    // Whether the menu of the titles lets a person show and hide the column.
+    virtual bool offersColumn(int /*column*/) const { return true; }
     // The column whose texts are found by typing.
     virtual int typedColumn() const;
     // The row the open editor stands on is another one now.
@@ -203,6 +210,13 @@ class KXPLATFORM_EXPORT CListCtrl : public CWnd {
     void search(int from, int left);
     void found(int row);
 
+    void rememberMade(const std::vector<tv::ui::ListColumn>& columns);
+
+    struct Made {
+        int width = 0;
+        bool visible = true;
+    };
+    std::vector<Made> m_made; // the columns as they came
     bool m_multiSelect;
     tv::ui::ListColumns m_columns;
     std::shared_ptr<tv::ui::ListModel> m_model;

@@ -113,6 +113,11 @@ bool CListCtrl::command(const KeyEvent& key) {
     case Key::menu:
     case Key::f10:
         if (key.key == Key::f10 && !key.shift) return false;
+        if (key.ctrl) {
+            const int column = m_columns.neighbour(m_focusColumn, 0);
+            (void)userHeaderMenu(column, CPoint{std::max(0, m_columns.left(column) - m_scrollX), 0});
+            return true;
+        }
         (void)userContextMenu(m_focusRow, m_focusColumn);
         return true;
     case Key::character:

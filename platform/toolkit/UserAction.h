@@ -54,6 +54,7 @@ struct UserAction {
         moveColumn,      // column, index: the place from the left
         resizeColumn,    // column, index: the width in logical pixels; -1: what its contents need
         showColumn,      // column, checked
+        columnMenu,      // column: the menu of the titles
         treeSelect,      // path
         treeExpand,      // path, checked
         treeRename,      // path, text

@@ -1,6 +1,5 @@
 #include "qt/controls/ListBridge.h"
 
-#include "platform/text/ResourceString.h"
 #include "qt/TemplateLoader.h"
 #include "qt/controls/BridgeFactory.h"
 #include "qt/controls/PictureIcon.h"
@@ -10,7 +9,6 @@
 #include <QFocusEvent>
 #include <QHeaderView>
 #include <QLineEdit>
-#include <QMenu>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -63,7 +61,9 @@ ListBridge::ListBridge(CListCtrl& list, ListView& widget)
     connect(&header, &QHeaderView::sectionHandleDoubleClicked, this,
             [this](int column) { user([&] { return m_list.userFitColumn(column); }); });
     connect(&header, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
-        showHeaderMenu(m_view.horizontalHeader()->viewport()->mapToGlobal(at));
+        const QHeaderView& titles = *m_view.horizontalHeader();
+        const QScopedValueRollback place(m_menuAt, std::optional(titles.viewport()->mapToGlobal(at)));
+        user([&] { return m_list.userHeaderMenu(titles.logicalIndexAt(at)); });
     });
     const auto scrolled = [this] {
         if (showing() || m_placing) return;
@@ -85,12 +85,6 @@ ListBridge::~ListBridge() { m_view.serve(nullptr); }
 
 bool ListBridge::key(const ui::KeyEvent& key) {
     m_openSoon.stop();
-    if ((key.key == ui::Key::menu || (key.key == ui::Key::f10 && key.shift)) && key.ctrl) {
-        const QWidget& header = *m_view.horizontalHeader()->viewport();
-        const int column = std::max(0, m_list.focusColumn());
-        showHeaderMenu(header.mapToGlobal(QPoint(m_view.columnViewportPosition(column), header.height())));
-        return true;
-    }
     bool used = false;
     user([&] {
         used = m_list.controlKey(key);
@@ -220,37 +214,6 @@ QString ListBridge::toolTipFor(const QModelIndex& index) {
     if (text.isEmpty()) return {};
     if (text.size() > most) text = text.left(most) + QChar(0x2026);
     return QLatin1String("<span>%1</span>").arg(text.toHtmlEscaped());
-}
-
-void ListBridge::showHeaderMenu(QPoint at) {
-    auto* menu = new QMenu(&m_view);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    const auto entry = [&](const std::wstring& text, std::function<void()> work) {
-        QAction* action = menu->addAction(toQt(text));
-        connect(action, &QAction::triggered, this, std::move(work));
-        return action;
-    };
-    const int at0 =
-        m_view.horizontalHeader()->logicalIndexAt(m_view.horizontalHeader()->viewport()->mapFromGlobal(at));
-    const int column = at0 >= 0 ? at0 : m_list.focusColumn();
-    if (m_list.layout().valid(column))
-        entry(VORD_ResourceString("IDS_TAVO_QT_FIT_COLUMN", L"열 너비 맞춤(&F)").c_str(),
-              [this, column] { user([&] { return m_list.userFitColumn(column); }); });
-    entry(VORD_ResourceString("IDS_TAVO_QT_FIT_COLUMNS", L"모든 열 너비 맞춤(&A)").c_str(), [this] {
-        for (const int one : m_list.layout().visible())
-            user([&] { return m_list.userFitColumn(one); });
-    });
-    menu->addSeparator();
-    for (const int one : m_list.layout().order()) {
-        const ui::ListColumn& what = m_list.layout().at(one);
-        QAction* action = menu->addAction(literal(what.title));
-        action->setCheckable(true);
-        action->setChecked(what.visible);
-        action->setEnabled(!what.visible || m_list.layout().visible().size() > 1);
-        connect(action, &QAction::triggered, this,
-                [this, one](bool shown) { user([&] { return m_list.userShowColumn(one, shown); }); });
-    }
-    menu->popup(at);
 }
 
 // --- showing it ----------------------------------------------------------------------------------------------

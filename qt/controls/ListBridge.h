@@ -42,7 +42,6 @@ class ListBridge : public Bridge, private ListHand {
     void showSelection();
     void showEditor();
     void dropEditor();
-    void showHeaderMenu(QPoint at);
     void dragOut();
 
     CListCtrl& m_list;

@@ -109,8 +109,10 @@ UserAction columnAction(const Fields& fields) {
     } else if (what == L"show" || what == L"hide") {
         action.kind = Kind::showColumn;
         action.checked = what == L"show";
+    } else if (what == L"menu") {
+        action.kind = Kind::columnMenu;
     } else {
-        badValue("action", what, L"move, resize, fit, show, hide");
+        badValue("action", what, L"move, resize, fit, show, hide, menu");
     }
     return action;
 }

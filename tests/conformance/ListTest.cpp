@@ -409,3 +409,82 @@ TYPED_TEST(Lists, CheckBoxesAndTextsOfAnyLength) {
         this->face.pass(20ms);
     });
 }
+
+TYPED_TEST(Lists, TellADoubleClickAsAClickThatIsTakenBack) {
+    CListCtrl& rows = this->dlg.list;
+    auto model = names({L"a", L"b", L"c"});
+    model->rows[0][0].pictureOnly = true;
+    rows.SetModel(model);
+    std::vector<std::string> told;
+    const auto tell = [&](const char* what) {
+        return [&told, what](int row, int column) {
+            told.push_back(what + std::to_string(row) + "." + std::to_string(column));
+        };
+    };
+    rows.onClick = tell("click");
+    rows.onTakeBack = tell("back");
+    rows.onDoubleClick = tell("double");
+    rows.onEdit = nullptr;
+    this->run([&](WindowUser& u) {
+        u.act(list, this->cell(UserAction::Cell::doubleClick, 1, 0));
+        EXPECT_THAT(told, ElementsAre("click1.0", "back1.0", "double1.0"));
+        told.clear();
+        // What stood there when the click came has gone elsewhere: it was no double click on anything.
+        rows.onClick = [&](int, int) {
+            told.emplace_back("click");
+            rows.SetModel(names({L"c", L"b", L"a"}));
+        };
+        u.act(list, this->cell(UserAction::Cell::click, 0, 1));
+        rows.SetModel(model);
+        rows.SetSelection({0});
+        rows.SetFocusCell(0, 0);
+        told.clear();
+        rows.onClick = tell("click");
+        EXPECT_EQ(u.look(list).rows[0][0], L"a") << "what the picture says";
+        u.key(L"Space");
+        EXPECT_THAT(told, ElementsAre("click0.0")) << "a picture is pressed by key as well";
+    });
+}
+
+TYPED_TEST(Lists, HaveAMenuOfTheirColumns) {
+    CListCtrl& rows = this->dlg.list;
+    rows.SetColumns(
+        {{L"First", 80}, {L"Second & more", 70}, {L"Third", 60, tv::ui::ListColumn::Align::left, false}});
+    int changes = 0;
+    rows.onColumnsChange = [&] { ++changes; };
+    this->run([&](WindowUser& u) {
+        const auto choose = [&](std::wstring text) {
+            u.act(list, this->column(UserAction::Kind::columnMenu, 1));
+            UserAction entry;
+            entry.kind = UserAction::Kind::menu;
+            entry.text = std::move(text);
+            u.act(list, entry);
+        };
+        choose(L"Second & more");
+        EXPECT_THAT(rows.layout().visible(), ElementsAre(0));
+        u.act(list, this->column(UserAction::Kind::columnMenu, 1));
+        const auto look = u.look();
+        ASSERT_TRUE(look.menu);
+        EXPECT_FALSE((*look.menu)[5].enabled) << "the last column can't be hidden";
+        EXPECT_EQ((*look.menu)[5].checked, true);
+        u.key(L"Escape");
+        this->face.pass(1ms);
+        choose(L"모든 열 표시");
+        EXPECT_THAT(rows.layout().visible(), ElementsAre(0, 1, 2));
+        EXPECT_EQ(changes, 2);
+        u.act(list, this->column(UserAction::Kind::moveColumn, 0, 2));
+        u.act(list, this->column(UserAction::Kind::resizeColumn, 0, 20));
+        rows.SetColumns([&] { // other titles, as in another language
+            auto columns = rows.columns();
+            columns[0].title = L"Erste";
+            return columns;
+        }());
+        choose(L"열 되돌리기");
+        EXPECT_THAT(rows.layout().visible(), ElementsAre(0, 1));
+        EXPECT_EQ(rows.columns()[0].width, 80);
+        EXPECT_EQ(rows.columns()[0].title, L"Erste");
+        rows.SetFocus();
+        u.key(L"Ctrl+Menu");
+        EXPECT_NE(this->face.toolkit.menu(), nullptr);
+    });
+}

@@ -1,13 +1,18 @@
 // Lists with columns under the mouse, and what is painted of them.
+#include "platform/toolkit/Pictures.h"
+#include "qt/controls/RowDrag.h"
 #include "tests/conformance/ProbeDlg.h"
 #include "tests/support/NativeHand.h"
 #include "tests/support/QtApp.h"
 
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMimeData>
 #include <QTableView>
 #include <QTest>
+#include <QToolTip>
 #include <QWindow>
 
 #include <gmock/gmock.h>
@@ -136,7 +141,7 @@ TEST_F(ListFace, TitlesAreDraggedAndHaveAMenu) {
         EXPECT_EQ(view->visualRect(view->model()->index(0, 0)).left(), dlg.list.cellRect(0, 0).left);
 
         emit header.customContextMenuRequested(middle(1));
-        auto* menu = view->findChild<QMenu*>();
+        auto* menu = toolkit->windowOf(dlg)->findChild<QMenu*>();
         ASSERT_NE(menu, nullptr);
         QAction* second = nullptr;
         for (QAction* action : menu->actions())
@@ -146,7 +151,7 @@ TEST_F(ListFace, TitlesAreDraggedAndHaveAMenu) {
         second->trigger();
         EXPECT_TRUE(view->isColumnHidden(1));
         EXPECT_THAT(dlg.list.layout().visible(), ElementsAre(2, 0));
-        menu->close();
+        EXPECT_EQ(toolkit->menu(), nullptr);
     });
 }
 
@@ -170,5 +175,89 @@ TEST_F(ListFace, SelectedRowsArePaintedAsTheListSays) {
         EXPECT_TRUE(marked(0) && marked(2));
         dlg.edit.SetFocus();
         EXPECT_FALSE(marked(0) || marked(2));
+    });
+}
+
+TEST_F(ListFace, PicturesAloneAreCentredAndSayWhatTheyShow) {
+    auto rows = std::make_shared<tv::ui::TextRows>();
+    tv::ui::ListCell lamp{L"On"}, both{L"Both"};
+    lamp.picture = both.picture = tv::ui::colorPicture(0x00ff00);
+    lamp.pictureOnly = true;
+    rows->rows = {{lamp, both, {L"cut off in any case"}}};
+    rows->rows[0][1].hint = L"a & <b>";
+    run([&] {
+        dlg.list.SetColumns({{L"First", 100}, {L"Second", 100}, {L"Third", 40}});
+        auto columns = dlg.list.columns();
+        columns[0].align = tv::ui::ListColumn::Align::center;
+        columns[0].hint = L"the first";
+        columns[2].title = L"wider than its column is";
+        dlg.list.SetColumns(columns);
+        ASSERT_TRUE(dlg.list.userResizeColumn(2, 40));
+        dlg.list.SetModel(rows);
+        for (int i = 0; i < 3; ++i)
+            QApplication::processEvents();
+        const auto index = [&](int column) { return view->model()->index(0, column); };
+        EXPECT_EQ(index(0).data(Qt::DisplayRole).toString(), QString());
+        EXPECT_EQ(index(0).data(Qt::AccessibleTextRole).toString(), QLatin1String("On"));
+        const auto green = [&](QPoint point) {
+            const QImage picture = view->viewport()->grab().toImage();
+            return picture.pixelColor(point * picture.devicePixelRatio()) == QColor(0, 255, 0);
+        };
+        EXPECT_TRUE(green(at(0, 0)));
+        EXPECT_FALSE(green(at(0, 0) - QPoint(20, 0)));
+        EXPECT_FALSE(green(at(0, 1))) << "before its text";
+        const auto tip = [&](int column) {
+            QToolTip::hideText();
+            QHelpEvent help(QEvent::ToolTip, at(0, column), view->viewport()->mapToGlobal(at(0, column)));
+            QApplication::sendEvent(view->viewport(), &help);
+            return QToolTip::text();
+        };
+        EXPECT_EQ(tip(0), QLatin1String("<span>On</span>"));
+        EXPECT_EQ(tip(1), QLatin1String("<span>a &amp; &lt;b&gt;</span>"));
+        const auto title = [&](int column) {
+            return view->model()->headerData(column, Qt::Horizontal, Qt::ToolTipRole).toString();
+        };
+        EXPECT_EQ(title(0), QLatin1String("<span>the first</span>"));
+        EXPECT_EQ(title(1), QString());
+        EXPECT_EQ(title(2), QLatin1String("<span>wider than its column is</span>"));
+    });
+}
+
+TEST_F(ListFace, SelectedRowsAreDraggedOutAndOthersSwept) {
+    int begun = 0;
+    dlg.list.onBeginDrag = [&] { return ++begun > 0; };
+    run([&] {
+        int dragged = 0;
+        tv::qt::drag::setWay([&](const QMimeData& data) {
+            EXPECT_TRUE(data.hasFormat(tv::qt::drag::format()));
+            EXPECT_EQ(tv::qt::drag::source(), &dlg.list);
+            ++dragged;
+        });
+        QWidget& cells = *view->viewport();
+        drag(cells, {at(1, 0), at(3, 0)});
+        EXPECT_EQ(dlg.list.selection(), RowSet::range(1, 3)) << "what is not selected yet is selected";
+        drag(cells, {at(2, 0), at(2, 0) + QPoint(2, 0)});
+        EXPECT_EQ(begun, 0) << "a trembling hand";
+        EXPECT_EQ(dlg.list.selection(), RowSet{2});
+        drag(cells, {at(1, 0), at(3, 0)});
+        drag(cells, {at(2, 0), at(6, 0)});
+        EXPECT_EQ(begun, 1);
+        EXPECT_EQ(dragged, 1);
+        EXPECT_EQ(dlg.list.selection(), RowSet::range(1, 3));
+        EXPECT_EQ(tv::qt::drag::source(), nullptr);
+        tv::qt::drag::setWay({});
+    });
+}
+
+TEST_F(ListFace, DoubleClicksTakeTheirFirstHalfBack) {
+    std::vector<std::string> told;
+    dlg.list.onClick = [&](int, int) { told.emplace_back("click"); };
+    dlg.list.onTakeBack = [&](int, int) { told.emplace_back("back"); };
+    dlg.list.onDoubleClick = [&](int, int) { told.emplace_back("double"); };
+    run([&] {
+        QWidget& cells = *view->viewport();
+        QTest::mouseDClick(cells.window()->windowHandle(), Qt::LeftButton, {},
+                           cells.mapTo(cells.window(), at(1, 0)));
+        EXPECT_THAT(told, ElementsAre("click", "back", "double"));
     });
 }
