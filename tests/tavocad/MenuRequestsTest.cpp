@@ -1,4 +1,5 @@
 // Menus, and rows dragged onto a tree, through the pipe.
+#include "platform/toolkit/Dialog.h"
 #include "platform/toolkit/ListCtrl.h"
 #include "platform/toolkit/ModuleChain.h"
 #include "platform/toolkit/TreeCtrl.h"
