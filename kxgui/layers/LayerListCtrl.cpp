@@ -86,9 +86,14 @@ void CLayerListCtrl::UpdateRows(const std::function<void(LayerRows&)>& change) {
     for (const RowSet::Range& range : selection().ranges())
         for (int row = range.first; row <= range.last; ++row)
             selected.push_back(keyOf(row));
-    const std::uintptr_t focus = keyOf(focusRow()), top = keyOf(topRow()),
-                         edited = editor() ? keyOf(editedItem()) : 0;
+    std::uintptr_t focus = keyOf(focusRow()), top = keyOf(topRow()),
+                   edited = editor() ? keyOf(editedItem()) : 0;
+    const OdDbDatabase* const before = layers.database();
     change(layers);
+    if (layers.database() != before) { // whose layers go by other numbers
+        focus = top = edited = 0;
+        selected.clear();
+    }
 
     if (editor()) {
         const int row = layers.rowOfKey(edited);

@@ -152,7 +152,8 @@ TEST_F(LayerListTest, NamesAreEditedWhenTheOwnerAllowsIt) {
         u.key(L"Enter");
         EXPECT_EQ(rows->row(1).name, L"A");
         EXPECT_EQ(log.size(), 2u) << "asked once";
-        if (list.editor()) u.key(L"Escape");
+        ASSERT_TRUE(list.editor()) << "the text can be mended";
+        u.key(L"Escape");
         keeps = false;
         log.clear();
 
@@ -194,9 +195,13 @@ TEST_F(LayerListTest, WhatIsSelectedStaysSo) {
         write(selected[0])->erase();
         list.LayerChanged(selected[0]);
         EXPECT_THAT(list.SelectedLayers(), ElementsAre(selected[1]));
+
+        const auto other = layerDrawing::withLayers({L"A", L"B", L"C", L"D"});
+        u.act("LIST", cell(1, LayerColumn::name, tv::ui::UserAction::Cell::open));
+        list.UpdateRows([&](LayerRows& all) { all.setDatabase(other.get()); });
+        EXPECT_THAT(list.SelectedLayers(), IsEmpty()) << "another drawing's layers were meant";
+        EXPECT_EQ(list.editor(), nullptr);
         rows->setDatabase(nullptr);
-        list.RowsChanged();
-        EXPECT_THAT(list.SelectedLayers(), IsEmpty());
     });
 }
 
