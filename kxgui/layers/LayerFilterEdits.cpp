@@ -101,16 +101,17 @@ FilterAnswer changeFilter(OdDbDatabase& database, const Node& node, std::wstring
     LayerFilter filter = filterOf(database, node.record);
     if (filter.record.isNull()) return refused(notChangedSentence());
     const LayerFilter before = filter;
-    filter.name = name;
+    filter.name = trimmed(name);
     edit(filter);
+    const bool sameConditions = filter.expression == before.expression && filter.layers == before.layers;
+    if (filter.name == before.name && sameConditions) return {{}, node.record};
     return inOneStep(database, node.record, [&] {
         if (const auto status = tv::dwg::changeLayerFilter(filter); status != Tavo::eOk) return status;
         if (node.twin.isNull()) return Tavo::eOk;
-        if (filter.expression != before.expression || filter.layers != before.layers)
-            return tv::dwg::removeLayerFilter(node.twin);
+        if (!sameConditions) return tv::dwg::removeLayerFilter(node.twin);
         LayerFilter twin = filterOf(database, node.twin);
-        twin.name = name;
-        return filter.name == before.name ? Tavo::eOk : tv::dwg::changeLayerFilter(twin);
+        twin.name = filter.name;
+        return tv::dwg::changeLayerFilter(twin);
     });
 }
 
@@ -181,7 +182,7 @@ std::wstring ValidateFilterChange(const OdDbDatabase& database, const LayerFilte
 FilterAnswer addPropertyFilter(OdDbDatabase& database, const LayerFilterTree& tree, int parent,
                                std::wstring_view name, std::wstring_view expression) {
     LayerFilter filter;
-    filter.name = name;
+    filter.name = trimmed(name);
     filter.expression = expression;
     return addFilter(database, tree, parent, Kind::property, std::move(filter));
 }
@@ -190,7 +191,7 @@ FilterAnswer addGroupFilter(OdDbDatabase& database, const LayerFilterTree& tree,
                             std::wstring_view name, std::span<const OdDbObjectId> layers) {
     LayerFilter filter;
     filter.kind = LayerFilter::kGroup;
-    filter.name = name;
+    filter.name = trimmed(name);
     filter.layers.assign(layers.begin(), layers.end());
     return addFilter(database, tree, parent, Kind::group, std::move(filter));
 }

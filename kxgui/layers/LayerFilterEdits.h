@@ -8,8 +8,8 @@
 #include <string_view>
 
 // What is done to the filters of a drawing. Each is one undo step named "_LAYER"; a refusal changes nothing and
-// is one sentence. The tree must be that of the drawing, read since its last change, and has to be read again
-// afterwards.
+// is one sentence, and what is as it was asked for already is not written again. The tree must be that of the
+// drawing, read since its last change, and has to be read again afterwards.
 namespace kx::layers {
 
 // "특성 필터1", "특성 필터2" ...: the first name no other filter has. Likewise for groups.

@@ -132,6 +132,8 @@ TEST_F(LayerFilters, EachChangeIsOneStepAndTheFilterKeepsItsKey) {
     EXPECT_EQ(tree.node(node).key, key);
     EXPECT_THAT(names(node), ElementsAre(L"A1"));
     const std::string before = db->bytes();
+    EXPECT_TRUE(changePropertyFilter(*db, tree, node, L" Walls ", L"NAME==\"A1\""));
+    EXPECT_EQ(db->bytes(), before) << "nothing is another";
 
     const int group = read(convertToGroup(*db, tree, node));
     EXPECT_EQ(tree.node(group).kind, Kind::group);
