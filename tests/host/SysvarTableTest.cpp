@@ -213,10 +213,10 @@ TEST_F(Sysvars, OldDrawingsKeepWhatNewerOnesLeaveToTheUser) {
     EXPECT_FALSE(r2018->headerVar(L"OSMODE"));
     EXPECT_EQ(host.settings()->getString(L"SystemVariables", L"OSMODE"), L"7");
     // With the open drawing only, each its own.
-    EXPECT_EQ(tvedSetVar(L"ACTIVEPV", 3, r2018), Tavo::eOk);
-    int other = -1;
-    EXPECT_EQ(tvedGetVar(L"ACTIVEPV", other, r12), Tavo::eOk);
-    EXPECT_EQ(other, 0);
+    EXPECT_EQ(manager.setText(L"DIMMZS", L"cm", r2018), Tavo::eOk);
+    OdString other = L"?";
+    EXPECT_EQ(manager.getText(L"DIMMZS", other, r12), Tavo::eOk);
+    EXPECT_TRUE(other.isEmpty());
     // A variable the drawing's version has no room for says so and changes nothing.
     const auto before = r12->bytes();
     EXPECT_NE(tvedSetVar(L"INSUNITS", 4, r12), Tavo::eOk);

@@ -9,6 +9,7 @@ namespace {
 
 constexpr std::wstring_view kSection = L"SystemVariables";
 constexpr std::wstring_view kPlotStyle = L"CPLOTSTYLE";
+constexpr std::wstring_view kActiveViewport = L"ACTIVEPV";
 
 } // namespace
 
@@ -29,6 +30,7 @@ class SysvarStore::Watch final : public OdDbDatabaseReactor {
         m_store.told(*info, database);
         if (name == L"CEPSNTYPE" || name == L"CEPSNID" || name == L"PSTYLEMODE")
             m_store.told(*findSysvar(kPlotStyle), database);
+        if (name == L"TILEMODE") m_store.told(*findSysvar(kActiveViewport), database);
         // The style that became current brings its own value along.
         if (name == L"DIMSTYLE") m_store.told(*findSysvar(L"DIMTALN"), database);
     }
@@ -72,6 +74,7 @@ std::optional<SysvarValue> SysvarStore::read(const SysvarInfo& info, const OdDbD
     case SysvarHome::kSession:
         return valueIn(&m_session);
     case SysvarHome::kDrawing: {
+        if (info.name == kActiveViewport) return readActiveViewport(*database);
         const Watch* watch = find(database.get());
         return valueIn(watch ? &watch->values : nullptr);
     }
@@ -115,6 +118,10 @@ tv::Problem SysvarStore::write(const SysvarInfo& info, const SysvarValue& value,
         m_session[&info] = value;
         break;
     case SysvarHome::kDrawing:
+        if (info.name == kActiveViewport) {
+            if (auto problem = writeActiveViewport(info, *database, std::get<std::int64_t>(value))) return problem;
+            break;
+        }
         m_watches.at(database.get())->values[&info] = value;
         break;
     case SysvarHome::kCurrentDimStyle:

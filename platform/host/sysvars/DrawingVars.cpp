@@ -1,9 +1,13 @@
 #include "platform/host/sysvars/DrawingVars.h"
 
 #include "platform/drawing/OdDbDictionary.h"
+#include "platform/drawing/OdDbLayout.h"
 #include "platform/drawing/OdDbSymbolTable.h"
+#include "platform/drawing/OdDbViewport.h"
 #include "platform/host/sysvars/RecordLookup.h"
 #include "platform/text/Unicode.h"
+
+#include <algorithm>
 
 namespace tv::host {
 
@@ -99,6 +103,22 @@ tv::Problem writeDimTaln(const SysvarInfo& info, OdDbDatabase& database, std::in
     }
     const auto status = style->setXData(data.get());
     return status == Tavo::eOk ? tv::Problem() : refusal(info, status, textOf(info, value));
+}
+
+std::int64_t readActiveViewport(const OdDbDatabase& database) {
+    if (integerVar(database, L"TILEMODE", 1) != 0) return 0;
+    const auto viewport = database.activeViewportId().open<OdDbViewport>();
+    return viewport ? std::max(viewport->number(), 1) : 1;
+}
+
+tv::Problem writeActiveViewport(const SysvarInfo& info, OdDbDatabase& database, std::int64_t number) {
+    if (number == readActiveViewport(database)) return {};
+    const auto sheet = database.currentLayoutId().open<OdDbLayout>();
+    if (sheet && integerVar(database, L"TILEMODE", 1) == 0)
+        for (const OdDbObjectId id : sheet->viewports())
+            if (const auto viewport = id.open<OdDbViewport>(); viewport && viewport->number() == number)
+                if (database.setActiveViewport(id) == Tavo::eOk) return {};
+    return refusal(info, Tavo::eOutOfRange, textOf(info, number));
 }
 
 } // namespace tv::host

@@ -16,4 +16,10 @@ tv::Problem writePlotStyle(const SysvarInfo& info, OdDbDatabase& database, const
 std::int64_t readDimTaln(const OdDbDatabase& database);
 tv::Problem writeDimTaln(const SysvarInfo& info, OdDbDatabase& database, std::int64_t value);
 
+// ACTIVEPV: 0 in the model, else the number of the sheet's viewport that is worked in, 1 for the sheet itself.
+// Setting makes the viewport of that number active, which lasts while the drawing is open; eOutOfRange when the
+// sheet has none.
+std::int64_t readActiveViewport(const OdDbDatabase& database);
+tv::Problem writeActiveViewport(const SysvarInfo& info, OdDbDatabase& database, std::int64_t number);
+
 } // namespace tv::host
