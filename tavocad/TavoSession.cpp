@@ -424,6 +424,10 @@ OdString TavoSession::unknownLanguage(const OdString& code) {
 void TavoSession::startPropertiesBar() {
     if (m_propertiesBar) return;
     m_propertiesBar = std::make_unique<CPropertiesBar>();
+    // After the click, which must have ended before a command may run a window.
+    m_propertiesBar->onLayers = [this] {
+        m_layersAsked = tv::ui::Toolkit::current()->post([this] { runCommand(L"LAYER"); });
+    };
     m_propertiesBar->ShowBar(m_host->settings()->getInt(settingsSection, propertiesBarKey).value_or(1) != 0);
     m_propertiesBar->Create();
 }

@@ -6,6 +6,7 @@
 #include "platform/text/OdString.h"
 #include "platform/text/Problem.h"
 #include "platform/text/SettingsStore.h"
+#include "platform/toolkit/Toolkit.h"
 #include "tavocad/PointRequests.h"
 #include "tavocad/ZoomRequest.h"
 
@@ -158,6 +159,7 @@ class TavoSession {
     std::unique_ptr<SceneLocator> m_locator;
     std::unique_ptr<SelectionRequests> m_objects;
     std::unique_ptr<VersionWarnings> m_versionWarnings;
+    tv::ui::Timer m_layersAsked;
     std::unique_ptr<CPropertiesBar> m_propertiesBar;
     tv::host::Subscription m_documentsWatched, m_sysvarsWatched, m_cutWatched;
     tv::host::Signal<const OdString&, int> m_commandEnded;

@@ -25,7 +25,7 @@ void CCobxLineWeight::Fill(const OdDbDatabasePtr&) {
     const bool inches = kx::frame::lineWeightsInInches();
     const bool ofLayer = GetType() == typeNoLayerBlock || GetType() == typeLayer;
     std::vector<tv::ui::ListItem> items;
-    for (const OdDb::LineWeight weight : kx::frame::lineWeights(true)) {
+    for (const OdDb::LineWeight weight : kx::frame::lineWeights(kx::frame::LineWeightOffer::withAll)) {
         if (ofLayer && (weight == OdDb::kLnWtByLayer || weight == OdDb::kLnWtByBlock)) continue;
         tv::ui::ListItem item{kx::frame::lineWeightText(weight, inches), dataOf(weight), nullptr};
         if (weight >= OdDb::kLnWt000)

@@ -58,7 +58,13 @@ IToolbarComboBox& CPropertiesBar::box(Property property) {
 }
 
 int CPropertiesBar::OnInitDialog() {
-    const auto showCaption = [this] { SetWindowText(VORD_ResourceString("IDS_TAVO_BAR_PROPERTIES", L"특성")); };
+    const auto showCaption = [this] {
+        SetWindowText(VORD_ResourceString("IDS_TAVO_BAR_PROPERTIES", L"특성"));
+        m_layers.SetWindowText(VORD_ResourceString("IDS_TAVO_BAR_LAYERS", L"도면층..."));
+        m_layers.SetToolTip(VORD_ResourceString("IDS_TAVO_HELP_LAYER", L"모든 도면층을 보고 바꿉니다"));
+    };
+    m_layers.ShowWindow(onLayers != nullptr);
+    m_layers.onClick = [this] { onLayers(); };
     showCaption();
     m_languageHandle = VORD_MSGFunction::onLanguageChanged(showCaption);
     if (shown()) startRequests();

@@ -9,9 +9,11 @@
 #include "kxgui/controls/StyleCombos.h"
 #include "kxgui/controls/TextSizeCombo.h"
 #include "kxgui/controls/ToolbarRequests.h"
+#include "platform/toolkit/Button.h"
 #include "platform/toolkit/ControlBar.h"
 
 #include <array>
+#include <functional>
 #include <memory>
 
 // The bar of the properties of new objects, or of the selected ones: layer, colour, linetype, lineweight, text
@@ -27,12 +29,17 @@ class KXGUI_EXPORT CPropertiesBar : public CControlBar {
 
     IToolbarComboBox& box(kx::controls::Property property);
 
+    // The button beside the layers was clicked: the host opens its layer manager. Unset when the bar is
+    // created, the button is hidden.
+    std::function<void()> onLayers;
+
   protected:
     void OnDestroy() override;
 
   private:
     void startRequests();
 
+    CButton m_layers{*this, "IDC_PROPBAR_LAYERS"};
     CCobxLayer m_layer{*this, "IDC_PROPBAR_LAYER"};
     CCobxColor m_color{*this, "IDC_PROPBAR_COLOR"};
     CCobxLineType m_linetype{*this, "IDC_PROPBAR_LINETYPE"};

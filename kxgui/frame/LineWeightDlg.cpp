@@ -10,8 +10,8 @@
 
 using namespace kx::frame;
 
-CLineWeightDlg::CLineWeightDlg(const OdDbDatabasePtr& database, CWnd* parent, bool special)
-    : VORDRunDlg(IDD_LINEWEIGHT, parent), m_rows(lineWeights(special)) {
+CLineWeightDlg::CLineWeightDlg(const OdDbDatabasePtr& database, CWnd* parent, LineWeightOffer offer)
+    : VORDRunDlg(IDD_LINEWEIGHT, parent), m_rows(lineWeights(offer)) {
     int current = 0;
     if (database && tvedGetVar(L"CELWEIGHT", current, database) == Tavo::eOk)
         m_weight = static_cast<OdDb::LineWeight>(current);

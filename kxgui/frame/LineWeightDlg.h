@@ -12,9 +12,9 @@
 // Chooses a lineweight.
 class KXGUI_EXPORT CLineWeightDlg : public VORDRunDlg {
   public:
-    // Opens on the current lineweight of `database` (CELWEIGHT; null: nothing is selected). `special`: ByLayer,
-    // ByBlock and the default are offered.
-    CLineWeightDlg(const OdDbDatabasePtr& database, CWnd* parent, bool special = true);
+    // Opens on the current lineweight of `database` (CELWEIGHT; null: nothing is selected).
+    CLineWeightDlg(const OdDbDatabasePtr& database, CWnd* parent,
+                   kx::frame::LineWeightOffer offer = kx::frame::LineWeightOffer::withAll);
 
     // Opens on this one instead.
     void SetLineWeight(OdDb::LineWeight weight) { m_weight = weight; }

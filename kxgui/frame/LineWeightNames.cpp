@@ -6,9 +6,10 @@
 
 namespace kx::frame {
 
-std::vector<OdDb::LineWeight> lineWeights(bool special) {
+std::vector<OdDb::LineWeight> lineWeights(LineWeightOffer offer) {
     std::vector<OdDb::LineWeight> weights;
-    if (special) weights = {OdDb::kLnWtByLayer, OdDb::kLnWtByBlock, OdDb::kLnWtByLwDefault};
+    if (offer == LineWeightOffer::withAll) weights = {OdDb::kLnWtByLayer, OdDb::kLnWtByBlock};
+    if (offer != LineWeightOffer::widths) weights.push_back(OdDb::kLnWtByLwDefault);
     for (const OdDb::LineWeight weight : OdDb::kLineWeights)
         if (weight >= OdDb::kLnWt000) weights.push_back(weight);
     return weights;

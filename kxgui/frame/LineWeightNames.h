@@ -9,8 +9,11 @@
 // Lineweights as a person reads them.
 namespace kx::frame {
 
-// In rising order; `special`: with ByLayer, ByBlock and the default in front, in this order.
-KXGUI_EXPORT std::vector<OdDb::LineWeight> lineWeights(bool special);
+// What is offered in front of the widths: nothing, the default, or ByLayer, ByBlock and the default.
+enum class LineWeightOffer { widths, withDefault, withAll };
+
+// Those words, then the widths in rising order.
+KXGUI_EXPORT std::vector<OdDb::LineWeight> lineWeights(LineWeightOffer offer);
 
 // "0.25 mm" or, in inches, 0.010"; the words of the language for the three that are no width.
 KXGUI_EXPORT std::wstring lineWeightText(OdDb::LineWeight weight, bool inches);

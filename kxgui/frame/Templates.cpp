@@ -29,6 +29,7 @@ constexpr tv::ui::DialogTemplate templates[] = {
     {IDD_LAYER_STATE_NAME, "IDD_LAYER_STATE_NAME", {220, 90}, true},
     {IDD_LAYER_STATE_COMPARE, "IDD_LAYER_STATE_COMPARE", {380, 220}, true},
     {IDD_LAYER_TRANSPARENCY, "IDD_LAYER_TRANSPARENCY", {170, 60}, false},
+    {IDD_LAYER, "IDD_LAYER", {760, 380}, true},
 };
 
 } // namespace

@@ -25,4 +25,5 @@ enum KxTemplate : unsigned {
     IDD_LAYER_STATES,
     IDD_LAYER_STATE_NAME,
     IDD_LAYER_STATE_COMPARE,
+    IDD_LAYER
 };

@@ -154,6 +154,13 @@ LayerBox filterKeptBox(std::wstring_view filter) {
                              std::wstring(filter))};
 }
 
+LayerBox plotStylesByColorBox() {
+    return {VORD_ResourceString("IDS_LAYERDLG_0", L"도면층 특성 관리자").c_str(),
+            VORD_ResourceString("IDS_TAVO_LAYER_PLOT_BY_COLOR",
+                                L"이 도면의 플롯 스타일은 색상에 따르므로 도면층에 정할 수 없습니다.")
+                .c_str()};
+}
+
 LayerBox notWrittenBox(const OdDbDatabase& database, Tavo::ErrorStatus status) {
     const std::wstring caption = VORD_ResourceString("IDS_LAYERDLG_0", L"도면층 특성 관리자").c_str();
     if (database.isReadOnly())

@@ -3,6 +3,7 @@
 #include "kxgui/frame/ColorNames.h"
 #include "kxgui/frame/LineWeightNames.h"
 #include "kxgui/layers/LayerIcons.h"
+#include "kxgui/layers/LayerNameRules.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbDictionary.h"
 #include "platform/drawing/OdDbLinetypeTable.h"

@@ -166,9 +166,6 @@ class KXGUI_EXPORT CLayerTransparencyItem : public CLayerCellItem {
 
 namespace kx::layers {
 
-// The layer the maker's own tools rely on.
-inline constexpr const wchar_t* kRegionViewLayer = L"G-REGION-VIEW";
-
 // The grid's columns with their headings in the current language, and the cells of each; in the order of
 // LayerColumn.
 KXGUI_EXPORT std::vector<tv::ui::ListColumn> layerColumns();

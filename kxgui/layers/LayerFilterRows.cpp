@@ -218,7 +218,7 @@ std::vector<tv::ui::ListItem> LayerFilterRows::choices(int row, int column) cons
         break;
     case FilterProperty::lineWeight:
         texts.push_back(kx::frame::lineWeightText(OdDb::kLnWtByLwDefault, false));
-        for (const OdDb::LineWeight weight : kx::frame::lineWeights(false))
+        for (const OdDb::LineWeight weight : kx::frame::lineWeights(kx::frame::LineWeightOffer::widths))
             texts.push_back(tv::text::printReal(kx::frame::millimetresOf(weight), 2));
         break;
     case FilterProperty::plotStyle:

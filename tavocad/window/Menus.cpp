@@ -80,6 +80,8 @@ void MainWindow::buildMenus() {
 
     QMenu* format = addMenu([] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_FORMAT", L"형식(&O)")); });
     addCommand(
+        format, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_LAYER", L"도면층(&L)...")); }, L"LAYER");
+    addCommand(
         format, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_COLOR", L"색상(&C)...")); }, L"COLOR");
     addCommand(
         format, [] { return toQt(VORD_ResourceString("IDS_TAVO_MENU_LINETYPE", L"선종류(&N)...")); },

@@ -130,7 +130,7 @@ TEST_F(LineChoosers, LineweightsByTheUnitOfTheUser) {
     EXPECT_EQ(dialog.GetLineWeight(), OdDb::kLnWt211);
 
     ASSERT_EQ(tvedSetVar(L"LWUNITS", 0, nullptr), Tavo::eOk);
-    CLineWeightDlg inInches(nullptr, nullptr, false);
+    CLineWeightDlg inInches(nullptr, nullptr, kx::frame::LineWeightOffer::widths);
     EXPECT_EQ(run(inInches,
                   [this](auto& u) {
                       const auto look = u.look("IDC_LINEWEIGHT_LIST");

@@ -11,6 +11,7 @@
 #include "kxgui/frame/UnitsDirDlg.h"
 #include "kxgui/frame/UnitsDlg.h"
 #include "kxgui/frame/WindowXbuttonMessageDlg.h"
+#include "kxgui/layers/LayerDlg.h"
 #include "kxgui/layers/LayerExportDlg.h"
 #include "kxgui/layers/LayerFilterDlg.h"
 #include "kxgui/layers/LayerImportDlg.h"
@@ -118,6 +119,23 @@ inline std::vector<SampleDialog> allDialogs() {
         for (const wchar_t* name : {L"화살표 1", L"화살표 2", L"화살표 10"})
             blocks->add(name);
         CArrowBlockDlg(database, nullptr).DoModal();
+    });
+    add("IDD_LAYER", [] {
+        const auto database = OdDbDatabase::create();
+        const auto layers = database->layers(OdDb::kForWrite);
+        for (const wchar_t* name : {L"벽-내부", L"벽-외부", L"가구", L"치수", L"해치-콘크리트"})
+            layers->add(name);
+        const auto layer = [&](const wchar_t* name) {
+            return layers->getAt(name).open<OdDbLayerTableRecord>(OdDb::kForWrite);
+        };
+        layer(L"벽-외부")->setColor(OdCmColor::byIndex(1));
+        layer(L"벽-외부")->setLineWeight(OdDb::kLnWt050);
+        layer(L"가구")->setIsOff(true);
+        layer(L"치수")->setIsFrozen(true);
+        layer(L"해치-콘크리트")->setIsLocked(true);
+        layer(L"해치-콘크리트")->setTransparency(OdCmTransparency::byPercent(60));
+        layer(L"해치-콘크리트")->setDescription(L"콘크리트 단면");
+        CLayerDlg(database.get(), nullptr).DoModal();
     });
     add("IDD_LAYER_FILTER", [] {
         const auto database = OdDbDatabase::create();

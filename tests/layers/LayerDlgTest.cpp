@@ -1,0 +1,362 @@
+#include "kxgui/layers/LayerDlg.h"
+#include "kxgui/controls/InPlaceEdit.h"
+#include "kxgui/layers/LayerHistory.h"
+#include "kxgui/layers/LayerNameRules.h"
+#include "platform/drawing/LayerFilters.h"
+#include "platform/drawing/OdDbLayerTable.h"
+#include "platform/drawing/entities/NewEntity.h"
+#include "platform/host/TavoSysvarManager.h"
+#include "tests/support/HeadlessTest.h"
+
+#include <gmock/gmock.h>
+
+using namespace kx::layers;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using tv::ui::RowSet;
+using tv::ui::UserAction;
+
+namespace {
+
+struct LayerDlg : HeadlessTest {
+    OdDbDatabasePtr database = host.documentManager()->newDocument()->database();
+
+    LayerDlg() {
+        for (const wchar_t* name : {L"Walls", L"Doors", L"Used"})
+            add(name);
+        const OdDbUndoScope step(*database, L"object");
+        const auto line =
+            tv::dwg::appendEntity(tv::dwg::EntityHome::modelSpace(*database), tv::dwg::LineGeometry{})
+                .id.open<OdDbEntity>(OdDb::kForWrite);
+        line->setLayer(L"Used");
+    }
+
+    OdDbObjectId add(const wchar_t* name) { return database->layers(OdDb::kForWrite)->add(name); }
+    OdDbObjectId layerId(const wchar_t* name) { return database->layers()->getAt(name); }
+    OdDbLayerTableRecordPtr layer(const wchar_t* name, OdDb::OpenMode mode = OdDb::kForRead) {
+        return layerId(name).open<OdDbLayerTableRecord>(mode);
+    }
+    std::vector<std::wstring> names() {
+        std::vector<std::wstring> out;
+        database->layers()->forEach(
+            [&](OdDbObjectId id) { out.push_back(database->layers()->nameOf(id).wstr()); });
+        return out;
+    }
+    std::wstring current() { return database->headerVar(L"CLAYER")->asText()->wstr(); }
+
+    // The person's side of a run.
+    struct Hands {
+        tv::ui::WindowUser& window;
+        CLayerListCtrl& list;
+        int row(std::wstring_view name) const {
+            for (int row = 0; row < list.GetItemCount(); ++row)
+                if (list.cellText(row, static_cast<int>(LayerColumn::name)) == name) return row;
+            ADD_FAILURE() << "no such row";
+            return -1;
+        }
+        void select(const std::vector<std::wstring>& names) {
+            std::vector<int> rows;
+            for (const auto& name : names)
+                rows.push_back(row(name));
+            window.selectRows("IDC_LAYER_LIST", RowSet(rows));
+        }
+        void cell(std::wstring_view name, LayerColumn column, UserAction::Cell what = UserAction::Cell::click) {
+            UserAction action;
+            action.kind = UserAction::Kind::cell;
+            action.row = row(name);
+            action.column = static_cast<int>(column);
+            action.cell = what;
+            window.act("IDC_LAYER_LIST", action);
+        }
+        // Opens the cell's editor, types and presses Enter.
+        void enter(std::wstring_view name, LayerColumn column, std::wstring_view text) {
+            cell(name, column, UserAction::Cell::open);
+            window.type(CInPlaceEdit::kName, text);
+            window.key(L"Enter");
+        }
+        std::vector<std::wstring> shown() const {
+            std::vector<std::wstring> out;
+            for (int row = 0; row < list.GetItemCount(); ++row)
+                out.push_back(list.cellText(row, static_cast<int>(LayerColumn::name)));
+            return out;
+        }
+    };
+
+    void run(const std::function<void(Hands&)>& does) {
+        user.expect<CLayerDlg>([does](tv::ui::WindowUser& u) {
+            Hands hands{u, static_cast<CLayerListCtrl&>(*u.dialog().GetDlgItem("IDC_LAYER_LIST"))};
+            does(hands);
+            if (u.dialog().running()) u.click("IDOK");
+        });
+        CLayerDlg dialog(database.get(), nullptr);
+        dialog.DoModal();
+    }
+    void menu(tv::ui::WindowUser& u, const char* control, std::vector<std::wstring> path) {
+        UserAction choose;
+        choose.kind = UserAction::Kind::menu;
+        choose.path = std::move(path);
+        u.act(control, choose);
+    }
+};
+
+} // namespace
+
+TEST_F(LayerDlg, OpensOnTheCurrentLayerAndSaysWhatItShows) {
+    run([&](Hands& h) {
+        EXPECT_EQ(h.window.title(), L"도면층 특성 관리자");
+        EXPECT_EQ(h.window.text("IDC_LAYER_CURRENT_LINE"), L"현재 도면층 : 0");
+        EXPECT_EQ(h.window.text("IDC_LAYER_FILTER_LINE"),
+                  L"모두: 4개 도면층이 전체 4개 도면층 중에서 표시되었음");
+        EXPECT_THAT(h.shown(), ElementsAre(L"0", L"Walls", L"Doors", L"Used"));
+        EXPECT_EQ(h.list.selection(), RowSet{0});
+        EXPECT_EQ(h.window.text("IDOK"), L"확인");
+    });
+    EXPECT_FALSE(CIsLayerModifed::isModifiedFromDlg()) << "looking changes nothing";
+}
+
+TEST_F(LayerDlg, NewLayersFillTheGapsAndCopyTheSelectedOne) {
+    add(L"도면층1");
+    add(L"도면층3");
+    layer(L"Walls", OdDb::kForWrite)->setColor(OdCmColor::byIndex(3));
+    layer(L"Walls", OdDb::kForWrite)->setTransparency(OdCmTransparency::byPercent(50));
+    layer(L"Walls", OdDb::kForWrite)->setIsLocked(true);
+    const auto before = database->bytes();
+    run([&](Hands& h) {
+        h.select({L"Walls"});
+        h.window.click("IDC_LAYER_NEW");
+        h.window.key(L"Enter");
+        EXPECT_EQ(h.list.selection(), RowSet{h.row(L"도면층2")});
+        h.window.click("IDC_LAYER_NEW");
+        h.window.type(CInPlaceEdit::kName, L"Copy");
+        h.window.key(L"Enter");
+        EXPECT_EQ(h.window.text("IDC_LAYER_FILTER_LINE"),
+                  L"모두: 8개 도면층이 전체 8개 도면층 중에서 표시되었음");
+    });
+    const auto made = layer(L"도면층2");
+    EXPECT_EQ(made->color(), OdCmColor::byIndex(3));
+    EXPECT_EQ(made->transparency().alpha(), (100 - 50) * 255 / 100);
+    EXPECT_TRUE(made->isLocked());
+    EXPECT_FALSE(layerId(L"Copy").isNull());
+    for (int step = 0; step < 3; ++step) {
+        EXPECT_EQ(database->undoName(), L"_LAYER");
+        EXPECT_TRUE(database->undo());
+    }
+    EXPECT_EQ(database->bytes(), before) << "made, made and renamed are three steps";
+}
+
+TEST_F(LayerDlg, DeletingTellsHowManyWereRefusedAndWhy) {
+    add(L"G-REGION-VIEW");
+    run([&](Hands& h) {
+        h.select({L"0", L"Walls", L"Used"});
+        user.expectBox(L"선택한 도면층  3 개 중  2 개를 삭제할 수 없습니다.", "IDOK");
+        h.window.click("IDC_LAYER_DELETE");
+        EXPECT_THAT(h.shown(), ElementsAre(L"0", L"Doors", L"Used", L"G-REGION-VIEW"));
+        EXPECT_EQ(h.list.selection().count(), 1);
+
+        h.select({L"0", L"Used"});
+        user.expect<CDialog>([](auto& box) {
+            const std::string said = tv::ui::toText(box.look());
+            for (const char* part :
+                 {"도면층 - 삭제되지 않음", "선택된 도면층이 삭제되지 않았습니다.", "도면층 0 및 정의점",
+                  "현재 도면층", "외부 참조 종속 도면층", "객체를 포함하는 도면층"})
+                EXPECT_THAT(said, HasSubstr(part));
+            box.click("IDOK");
+        });
+        h.window.key(L"Delete");
+        h.select({L"G-REGION-VIEW"});
+        h.window.key(L"Delete"); // no box: nothing was refused
+    });
+    EXPECT_THAT(names(), ElementsAre(L"0", L"Doors", L"Used"));
+}
+
+TEST_F(LayerDlg, TheCurrentLayerIsOneThatCanBeDrawnOn) {
+    layer(L"Doors", OdDb::kForWrite)->setIsFrozen(true);
+    layer(L"Used", OdDb::kForWrite)->setIsOff(true);
+    run([&](Hands& h) {
+        h.select({L"Walls", L"Used"});
+        user.expectBox(L"여러개를 현재로 설정할 수 없습니다.", "IDOK");
+        h.window.click("IDC_LAYER_SET_CURRENT");
+        h.select({L"Doors"});
+        user.expectBox(L"도면층 - 현재 도면층으로 만들 수 없음", "IDOK");
+        h.window.click("IDC_LAYER_SET_CURRENT");
+        h.select({L"Used"});
+        user.expect<CDialog>([](auto& box) { // Cancel is what Enter presses
+            EXPECT_THAT(tv::ui::toText(box.look()), HasSubstr("현재 도면층을 끄겠습니까?"));
+            box.key(L"Enter");
+        });
+        h.window.click("IDC_LAYER_SET_CURRENT");
+        EXPECT_EQ(current(), L"0");
+        h.cell(L"Walls", LayerColumn::name, UserAction::Cell::doubleClick);
+        EXPECT_EQ(current(), L"Walls");
+        EXPECT_EQ(h.window.text("IDC_LAYER_CURRENT_LINE"), L"현재 도면층 : Walls");
+        EXPECT_TRUE(layer(L"Walls")->isInUse()) << "use is found out anew";
+        tvedSetVar(L"EXPERT", 1, nullptr);
+        h.select({L"Used"});
+        h.window.click("IDC_LAYER_SET_CURRENT");
+        EXPECT_EQ(current(), L"Used") << "experts aren't asked";
+    });
+}
+
+TEST_F(LayerDlg, NamesAndDescriptionsAreChecked) {
+    const std::wstring longest(100, L'가');
+    run([&](Hands& h) {
+        const auto refused = [&](std::wstring_view text, const wchar_t* box) {
+            user.expectBox(box, "IDOK");
+            h.enter(L"Walls", LayerColumn::name, text);
+            h.window.key(L"Escape");
+        };
+        for (const wchar_t c : kNotInLayerTexts)
+            refused(std::wstring(L"A") + c, L"도면층 이름에 유효하지 않은 문자가 있습니다.");
+        refused(longest + L"나", L"이름을 너무 길게 입력하였습니다.");
+        refused(L"dOORS", L"같은 이름이 존재합니다.");
+        refused(L"  ", L"도면층 이름을 입력하십시오.");
+        EXPECT_FALSE(layerId(L"Walls").isNull());
+
+        const auto before = database->undoName();
+        h.enter(L"Walls", LayerColumn::name, L"WALLS");
+        EXPECT_EQ(layer(L"walls")->getName(), L"WALLS") << "its own name in other letters";
+        h.enter(L"WALLS", LayerColumn::name, longest);
+        h.enter(L"Doors", LayerColumn::name, L"Caf\u00E9");
+        user.expectBox(L"같은 이름이 존재합니다.", "IDOK");
+        h.enter(L"Used", LayerColumn::name, L"CAFE\u0301");
+        h.window.key(L"Escape");
+
+        user.expectBox(L"도면층 설명에 유효하지 않은 문자가 있습니다.", "IDOK");
+        h.enter(L"Used", LayerColumn::description, L"a=b");
+        h.window.key(L"Escape");
+        h.enter(L"Used", LayerColumn::description, L"what is used");
+    });
+    EXPECT_EQ(layer(L"Used")->description(), L"what is used");
+    EXPECT_FALSE(layerId(longest.c_str()).isNull());
+}
+
+TEST_F(LayerDlg, ProtectedNamesDoNotOpen) {
+    add(L"G-REGION-VIEW");
+    run([&](Hands& h) {
+        for (const wchar_t* name : {L"0", L"G-REGION-VIEW"}) {
+            h.select({name});
+            user.expectBox(L"선택한 도면층은 이름을 바꿀 수 없습니다.", "IDOK");
+            UserAction open;
+            open.kind = UserAction::Kind::cell;
+            open.cell = UserAction::Cell::open;
+            open.row = h.row(name);
+            open.column = static_cast<int>(LayerColumn::name);
+            (void)h.list.perform(open);
+            EXPECT_EQ(h.list.editor(), nullptr);
+        }
+    });
+}
+
+TEST_F(LayerDlg, IconsToggleTheWholeSelectionAsOneStep) {
+    const auto before = database->bytes();
+    run([&](Hands& h) {
+        h.select({L"0", L"Walls", L"Doors"});
+        user.expectBox(L"이 도면층은 현재 도면층이므로 동결할 수 없습니다.", "IDOK");
+        h.cell(L"Walls", LayerColumn::freeze);
+        EXPECT_TRUE(layer(L"Walls")->isFrozen() && layer(L"Doors")->isFrozen());
+        EXPECT_FALSE(layer(L"0")->isFrozen() || layer(L"Used")->isFrozen());
+        h.cell(L"Used", LayerColumn::lock);
+        h.cell(L"Used", LayerColumn::plot);
+        EXPECT_TRUE(layer(L"Used")->isLocked() && !layer(L"Used")->isPlottable());
+
+        h.select({L"0"});
+        user.expect<CDialog>([](auto& box) {
+            EXPECT_EQ(box.text("IDC_MESSAGE_TITLE"), L" 어떻게 하시겠습니까?");
+            box.closeBox();
+        });
+        h.cell(L"0", LayerColumn::on);
+        EXPECT_FALSE(layer(L"0")->isOff()) << "a dismissed question keeps it on";
+        user.expect<CDialog>([](auto& box) { box.click("IDC_MESSAGE_BTN1"); });
+        h.cell(L"0", LayerColumn::on);
+        EXPECT_TRUE(layer(L"0")->isOff());
+        h.window.key(L"Ctrl+Z");
+        EXPECT_FALSE(layer(L"0")->isOff());
+        h.window.key(L"Ctrl+Y");
+        EXPECT_TRUE(layer(L"0")->isOff());
+    });
+    int steps = 0;
+    while (database->undoName() == L"_LAYER" && database->undo())
+        ++steps;
+    EXPECT_EQ(steps, 4);
+    EXPECT_EQ(database->bytes(), before);
+}
+
+TEST_F(LayerDlg, FollowsEditsMadeElsewhereAndKeepsWhatWasSelected) {
+    CLayerDlg dialog(database.get(), nullptr);
+    CLayerInterface holder;
+    dialog.SetInterface(&holder);
+    EXPECT_EQ(holder.getLayerDlg(), &dialog);
+    ASSERT_TRUE(dialog.Create());
+    auto& list = static_cast<CLayerListCtrl&>(*dialog.GetDlgItem("IDC_LAYER_LIST"));
+    const auto select = [&](const wchar_t* name) { list.SelectLayers({layerId(name)}); };
+    const auto selected = [&] { return list.SelectedLayers(); };
+
+    select(L"Used");
+    layer(L"Walls", OdDb::kForWrite)->erase();
+    add(L"Roof");
+    toolkit.advance(std::chrono::milliseconds(0));
+    EXPECT_EQ(list.GetItemCount(), 4);
+    EXPECT_THAT(selected(), ElementsAre(layerId(L"Used")));
+
+    tv::ui::UserAction open;
+    open.kind = UserAction::Kind::cell;
+    open.cell = UserAction::Cell::open;
+    open.row = 1;
+    open.column = static_cast<int>(LayerColumn::name);
+    ASSERT_TRUE(list.perform(open));
+    layer(L"Doors", OdDb::kForWrite)->erase();
+    toolkit.advance(std::chrono::milliseconds(0));
+    EXPECT_EQ(list.editor(), nullptr) << "its layer is gone";
+    EXPECT_EQ(list.GetItemCount(), 3);
+
+    database->setHeaderVar(L"CLAYER", tv::dwg::HeaderValue::text(L"Roof"));
+    toolkit.advance(std::chrono::milliseconds(0));
+    EXPECT_THAT(selected(), ElementsAre(layerId(L"Roof")));
+    EXPECT_EQ(dialog.GetDlgItem("IDC_LAYER_CURRENT_LINE")->GetWindowText(), L"현재 도면층 : Roof");
+    while (database->undo()) {
+    }
+    toolkit.advance(std::chrono::milliseconds(0));
+    EXPECT_EQ(list.GetItemCount(), 1);
+
+    host.documentManager()->newDocument()->database()->layers(OdDb::kForWrite)->add(L"Other");
+    toolkit.advance(std::chrono::milliseconds(0));
+    EXPECT_EQ(list.cellText(1, static_cast<int>(LayerColumn::name)), L"Other");
+    while (auto* document = host.documentManager()->currentDocument())
+        host.documentManager()->closeDocument(document);
+    toolkit.advance(std::chrono::milliseconds(0));
+    EXPECT_EQ(list.GetItemCount(), 0);
+    EXPECT_FALSE(dialog.GetDlgItem("IDC_LAYER_NEW")->IsWindowEnabled());
+}
+
+TEST_F(LayerDlg, FiltersChooseWhatIsShownAndActOnAllOfIt) {
+    run([&](Hands& h) {
+        UserAction used;
+        used.kind = UserAction::Kind::treeSelect;
+        used.path = {L"모두", L"사용된 모든 도면층"};
+        h.window.act("IDC_LAYER_TREE", used);
+        EXPECT_THAT(h.shown(), ElementsAre(L"0", L"Used"));
+        EXPECT_EQ(h.window.text("IDC_LAYER_FILTER_LINE"),
+                  L"사용된 모든 도면층: 2개 도면층이 전체 4개 도면층 중에서 표시되었음");
+        user.expectBox(L"도면층 필터 \"사용된 모든 도면층\" 은(는) 삭제할 수 없습니다.", "IDOK");
+        h.window.key(L"Delete");
+        h.window.check("IDC_LAYER_INVERT");
+        EXPECT_THAT(h.shown(), ElementsAre(L"Walls", L"Doors"));
+        h.window.check("IDC_LAYER_INVERT", 0);
+
+        h.window.type("IDC_LAYER_SEARCH", L"us");
+        EXPECT_THAT(h.shown(), ElementsAre(L"Used"));
+        h.window.key(L"Escape");
+        EXPECT_THAT(h.shown(), ElementsAre(L"0", L"Used"));
+
+        used.path = {L"모두"};
+        h.window.act("IDC_LAYER_TREE", used);
+        h.select({L"Walls", L"Doors"});
+        UserAction context;
+        context.kind = UserAction::Kind::treeMenu;
+        context.path = {L"모두"};
+        h.window.click("IDC_LAYER_NEW_GROUP");
+        h.window.key(L"Escape"); // its name stays
+        ASSERT_EQ(tv::dwg::layerFilters(*database).size(), 1u);
+        EXPECT_TRUE(h.shown().empty());
+    });
+}
