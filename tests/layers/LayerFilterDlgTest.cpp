@@ -79,6 +79,7 @@ TEST_F(LayerFilterDialog, RowsMakeTheExpressionAndThePreview) {
 
 TEST_F(LayerFilterDialog, WhatCantBeUnderstoodStaysUnlessItIsChanged) {
     dialog.SetExpression(L"SIZE==\"3\" ");
+    dialog.SetWithin([](const T_LAYER_DATA& layer) { return layer.name == L"A1"; });
     EXPECT_EQ(run([&](auto& u, auto&) {
                   EXPECT_FALSE(u.look("IDC_LAYER_FILTER_ROWS").enabled);
                   EXPECT_NE(u.text("IDC_LAYER_FILTER_SAID").find(L"SIZE"), std::wstring::npos);
@@ -86,6 +87,8 @@ TEST_F(LayerFilterDialog, WhatCantBeUnderstoodStaysUnlessItIsChanged) {
                   u.type("IDC_LAYER_FILTER_TEXT", L"SIZE==\"4\"");
                   u.user().expectBox(L"SIZE", "IDOK");
                   u.click("IDOK");
+                  u.type("IDC_LAYER_FILTER_TEXT", L"");
+                  EXPECT_EQ(count(u), L"도면층 1개 / 전체 4개") << "what the filters above let through";
                   u.type("IDC_LAYER_FILTER_TEXT", L"SIZE==\"3\" ");
                   u.click("IDOK");
               }),

@@ -4,6 +4,7 @@
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbEntity.h"
 #include "platform/drawing/OdDbLayerTable.h"
+#include "platform/drawing/OdDbXrecord.h"
 #include "platform/drawing/entities/NewEntity.h"
 #include "tests/support/HeadlessTest.h"
 
@@ -184,6 +185,19 @@ TEST_F(LayerFilters, TheOlderFilterBesideANewerOneIsTheSame) {
     EXPECT_EQ(tree.nodes().size(), 3u) << "both have the new name";
     read(deleteFilter(*db, tree, node));
     EXPECT_EQ(tree.nodes().size(), 2u);
+}
+
+TEST_F(LayerFilters, RecordsWithAMarkInFrontAreReadAndKeepIt) {
+    const int node = property(L"Marked", L"NAME==\"A1\"");
+    const auto record = tree.node(node).record.open<OdDbXrecord>(OdDb::kForWrite);
+    const OdResBufPtr marked = OdResBuf::newRb(290, std::int64_t{1});
+    marked->setNext(record->rbChain());
+    ASSERT_EQ(record->setFromRbChain(marked.get()), Tavo::eOk);
+    tree.read(*db);
+    ASSERT_EQ(tree.nodes().size(), 3u);
+    read(renameFilter(*db, tree, 2, L"Still"));
+    EXPECT_EQ(tree.nodes().back().name, L"Still");
+    EXPECT_EQ(record->rbChain()->restype(), 290);
 }
 
 TEST_F(LayerFilters, OneThatCantBeUnderstoodIsShownWithItsReason) {
