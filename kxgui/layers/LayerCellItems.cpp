@@ -387,9 +387,9 @@ struct Look {
 };
 constexpr Look kLooks[] = {
     {36, Align::center}, {160, Align::left},  {36, Align::center}, {36, Align::center}, {36, Align::center},
-    {96, Align::left},   {170, Align::left},  {140, Align::left},  {60, Align::center}, {90, Align::left},
-    {36, Align::center}, {60, Align::center}, {50, Align::center}, {96, Align::left},   {170, Align::left},
-    {140, Align::left},  {60, Align::center}, {90, Align::left},   {200, Align::left},
+    {96, Align::left},   {155, Align::left},  {142, Align::left},  {60, Align::center}, {90, Align::left},
+    {36, Align::center}, {60, Align::center}, {50, Align::center}, {96, Align::left},   {155, Align::left},
+    {142, Align::left},  {60, Align::center}, {90, Align::left},   {200, Align::left},
 };
 static_assert(std::size(kLooks) == kLayerColumns);
 

@@ -17,8 +17,8 @@ namespace {
 using Shape = DrawItem::Shape;
 
 constexpr double side = 16;
-constexpr std::uint32_t lit = 0xF2B705, unlit = 0x8A94A6, cold = 0x2E9BE8, brass = 0xD9902F, right = 0x2E9E4F,
-                        wrong = 0xD9483B;
+constexpr std::uint32_t lit = 0xF2B705, shade = 0x8A94A6, unlit = inkColor, cold = 0x2E9BE8, brass = 0xD9902F,
+                        right = 0x2E9E4F, wrong = 0xD9483B;
 
 Picture picture(const char* name, bool state, void (*draw)(DisplayList&, bool)) {
     return tv::ui::namedPicture(std::string("layerGrid:") + name + (state ? "1" : "0"), [&] {
@@ -93,7 +93,7 @@ void drawStatus(DisplayList& out, LayerStatus status) {
              inkColor, 1.4);
         break;
     case LayerStatus::plain: // a sheet
-        polygon(out, {{2, 5}, {10, 5}, {14, 10.5}, {6, 10.5}}, std::nullopt, unlit);
+        polygon(out, {{2, 5}, {10, 5}, {14, 10.5}, {6, 10.5}}, std::nullopt, shade);
         break;
     }
 }
@@ -136,12 +136,12 @@ void drawLock(DisplayList& out, bool locked) {
         box(out, 2, 2, 10, 8.5, std::nullopt, color);
     const double l = (locked ? 5.3 : 3.8) + shift, r = (locked ? 10.7 : 9.2) + shift;
     line(out, {{l, 8.5}, {l, 11.5}, {l + 1.2, 13.5}, {r - 1.2, 13.5}, {r, 11.5}, {r, locked ? 8.5 : 10}}, color,
-         1.6);
+         locked ? 1.6 : 1.2);
 }
 
 void drawPlot(DisplayList& out, bool plot) {
     box(out, 4.5, 9.5, 11.5, 14, std::nullopt, inkColor);                          // the sheet going in
-    box(out, 2, 5, 14, 9.5, plot ? std::optional(unlit) : std::nullopt, inkColor); // the printer
+    box(out, 2, 5, 14, 9.5, plot ? std::optional(shade) : std::nullopt, inkColor); // the printer
     box(out, 4.5, 2, 11.5, 6, tv::ui::paperColor, inkColor);                       // the sheet coming out
     if (plot)
         line(out, {{6, 4}, {10, 4}}, inkColor, 1);
