@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QEventLoop>
+#include <QPainter>
 #include <QPixmap>
 #include <QPointer>
 #include <QScopedValueRollback>
@@ -211,13 +212,49 @@ void QtToolkit::setClipboardText(const std::wstring& text) {
 
 std::wstring QtToolkit::clipboardText() const { return QGuiApplication::clipboard()->text().toStdWString(); }
 
+namespace {
+
+// Open menus and drop-down lists, what they opened last.
+std::vector<QWidget*> openPopups() {
+    std::vector<QWidget*> popups;
+    QWidget* const last = QApplication::activePopupWidget();
+    for (QWidget* widget : QApplication::topLevelWidgets())
+        if (widget->isVisible() && widget->windowType() == Qt::Popup && widget != last)
+            popups.push_back(widget);
+    if (last) popups.push_back(last);
+    return popups;
+}
+
+// As it is on screen, with what is open above it.
+QPixmap grabWithPopups(QWidget& shown) {
+    const QPixmap window = shown.grab();
+    const auto popups = openPopups();
+    if (popups.empty()) return window;
+    const auto placeOf = [](const QWidget& widget) {
+        return QRect(widget.mapToGlobal(QPoint()), widget.size());
+    };
+    QRect all = placeOf(shown);
+    for (const QWidget* popup : popups)
+        all |= placeOf(*popup);
+    QPixmap picture(all.size() * window.devicePixelRatio());
+    picture.setDevicePixelRatio(window.devicePixelRatio());
+    picture.fill(shown.palette().color(QPalette::Mid));
+    QPainter painter(&picture);
+    painter.drawPixmap(placeOf(shown).topLeft() - all.topLeft(), window);
+    for (QWidget* popup : popups)
+        painter.drawPixmap(placeOf(*popup).topLeft() - all.topLeft(), popup->grab());
+    return picture;
+}
+
+} // namespace
+
 bool QtToolkit::screenshot(const std::filesystem::path& file) const {
     QWidget* shown = m->mainWindow;
     if (const CDialog* top = topmost())
         if (DialogWindow* window = m->windowOf(top)) shown = window;
     // What was said a moment ago takes its place first.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
-    return shown && shown->grab().save(QString::fromStdWString(file.wstring()));
+    return shown && grabWithPopups(*shown).save(QString::fromStdWString(file.wstring()));
 }
 
 QWidget* QtToolkit::windowOf(const CDialog& dialog) const { return m->windowOf(&dialog); }

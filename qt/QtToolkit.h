@@ -28,8 +28,9 @@ class KXGUIQT_EXPORT QtToolkit : public tv::ui::Toolkit {
     // modeless window gives it back; not owned, may be null.
     void setMainWindow(QWidget* window, QWidget* home = nullptr);
 
-    // Saves a picture of the topmost dialog, or of the main window when there is none. False when there is
-    // nothing to show or the file can't be written; the file's ending decides the format.
+    // Saves a picture of the topmost dialog, or of the main window when there is none, with the menus and
+    // drop-down lists that are open. False when there is nothing to show or the file can't be written; the
+    // file's ending decides the format.
     bool screenshot(const std::filesystem::path& file) const;
 
     // The native window of a dialog and the widget of one of its controls; null when there is none. The window

@@ -76,7 +76,20 @@ void ListRows::reset() {
 void ListRows::rowsChanged(int first, int last) {
     m_row = -1;
     const int count = m_list.GetItemCount();
-    if (count != m_rows) return reset();
+    if (count != m_rows) {
+        first = 0;
+        last = -1;
+    }
+    // Rows come and go at the end, as the table sees it: what it knows of the columns stays.
+    if (count > m_rows) {
+        beginInsertRows({}, m_rows, count - 1);
+        m_rows = count;
+        endInsertRows();
+    } else if (count < m_rows) {
+        beginRemoveRows({}, count, m_rows - 1);
+        m_rows = count;
+        endRemoveRows();
+    }
     if (m_rows == 0 || m_columns == 0) return;
     const int end = last < 0 ? m_rows - 1 : std::min(last, m_rows - 1);
     emit dataChanged(index(std::clamp(first, 0, end), 0), index(end, m_columns - 1));

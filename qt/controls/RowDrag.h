@@ -23,7 +23,7 @@ namespace drag {
 // The kind of what is dragged, for Qt.
 inline QString format() { return QStringLiteral("application/x-kxgui-items"); }
 // Null when nothing of this program is dragged.
-CWnd* source();
+KXGUIQT_EXPORT CWnd* source();
 // Returns when the person has let go.
 void run(Bridge& from, QWidget& widget, const QPixmap& picture, QPoint hot);
 // How a drag goes on until he lets go: the window system's way, or another where that has none; empty: its own.

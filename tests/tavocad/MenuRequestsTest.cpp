@@ -40,16 +40,16 @@ struct GroupsDlg : CDialog {
     CTreeCtrl groups{*this, "IDC_GROUPS"};
 };
 
+struct GroupsModule {
+    GroupsModule() { tv::ui::ModuleChain::instance().add({"groups", false, templates}); }
+    ~GroupsModule() { tv::ui::ModuleChain::instance().remove("groups"); }
+};
+
 class MenuRequests : public ScriptedSession {
   protected:
-    MenuRequests() {
-        tv::ui::ModuleChain::instance().add({"groups", false, templates});
-        dlg.Create();
-    }
-    ~MenuRequests() override {
-        dlg.DestroyWindow();
-        tv::ui::ModuleChain::instance().remove("groups");
-    }
+    MenuRequests() { EXPECT_TRUE(dlg.Create()); }
+    ~MenuRequests() override { dlg.DestroyWindow(); }
+    GroupsModule module;
     GroupsDlg dlg;
 };
 
