@@ -110,10 +110,10 @@ void CLayerImportDlg::SetText() {
     m_readButton.SetWindowText(VORD_ResourceString("IDS_TAVO_LAYIMP_READ", L"읽기(&R)"));
     m_listLabel.SetWindowText(VORD_ResourceString("IDS_TAVO_LAYIMP_LIST", L"가져오면 바뀌는 것(&L):"));
     m_list.SetColumns(
-        {{VORD_ResourceString("IDS_TAVO_LAYIMP_COL_LINE", L"행").c_str(), 60, tv::ui::ListColumn::Align::right},
-         {layerColumnText(LayerColumn::name), 150},
-         {VORD_ResourceString("IDS_TAVO_LAYIMP_COL_RESULT", L"결과").c_str(), 110},
-         {VORD_ResourceString("IDS_TAVO_LAYIMP_COL_DETAILS", L"내용").c_str(), 380}});
+        {{VORD_ResourceString("IDS_TAVO_LAYIMP_COL_LINE", L"행").c_str(), 50, tv::ui::ListColumn::Align::right},
+         {layerColumnText(LayerColumn::name), 130},
+         {VORD_ResourceString("IDS_TAVO_LAYIMP_COL_RESULT", L"결과").c_str(), 100},
+         {VORD_ResourceString("IDS_TAVO_LAYIMP_COL_DETAILS", L"내용").c_str(), 340}});
     m_skip.SetWindowText(VORD_ResourceString("IDS_TAVO_LAYIMP_SKIP", L"거부된 줄은 건너뛰고 가져오기(&S)"));
     m_ok.SetWindowText(VORD_ResourceString("IDS_TAVO_LAYIMP_OK", L"가져오기(&I)"));
     m_cancel.SetWindowText(VORD_ResourceString("IDS_MGD_COMMON_CANCEL", L"취소"));
@@ -170,6 +170,15 @@ void CLayerImportDlg::showState() {
     m_readButton.EnableWindow(!withoutBlanks(m_pathEdit.GetWindowText()).empty());
     m_skip.EnableWindow(m_plan.refused > 0);
     m_ok.EnableWindow(!m_plan.updates.empty() && (m_plan.refused == 0 || m_skip.GetCheck() != 0));
+}
+
+// Enter behind a path that isn't read yet reads it.
+bool CLayerImportDlg::PreTranslateMessage(const tv::ui::KeyEvent& key) {
+    if (key.key == tv::ui::Key::enter && !m_read && GetFocus() == &m_pathEdit) {
+        read();
+        return true;
+    }
+    return VORDRunDlg::PreTranslateMessage(key);
 }
 
 int CLayerImportDlg::Dlg2Data() {

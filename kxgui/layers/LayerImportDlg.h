@@ -23,6 +23,7 @@ class KXGUI_EXPORT CLayerImportDlg : public VORDRunDlg {
     void InitCtrl() override;
     void Data2Dlg() override;
     int Dlg2Data() override;
+    bool PreTranslateMessage(const tv::ui::KeyEvent& key) override;
 
   private:
     void read();

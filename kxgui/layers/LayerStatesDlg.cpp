@@ -110,10 +110,10 @@ CLayerStatesDlg::~CLayerStatesDlg() = default;
 void CLayerStatesDlg::SetText() {
     SetWindowText(VORD_ResourceString("IDS_TAVO_LAYSTATE_CAPTION", L"도면층 상태 관리자"));
     m_listLabel.SetWindowText(VORD_ResourceString("IDS_TAVO_LAYSTATE_LIST", L"도면층 상태(&S):"));
-    m_list.SetColumns(
-        {{stateHeading(), 150},
-         {VORD_ResourceString("IDS_TAVO_LAYSTATE_COL_LAYERS", L"도면층").c_str(), 80, tv::ui::ListColumn::Align::right},
-         {descriptionHeading(), 200}});
+    m_list.SetColumns({{stateHeading(), 130},
+                       {VORD_ResourceString("IDS_TAVO_LAYSTATE_COL_LAYERS", L"도면층").c_str(), 65,
+                        tv::ui::ListColumn::Align::right},
+                       {descriptionHeading(), 165}});
     m_new.SetWindowText(VORD_ResourceString("IDS_TAVO_LAYSTATE_NEW", L"새로 저장(&N)..."));
     m_restore.SetWindowText(VORD_ResourceString("IDS_TAVO_LAYSTATE_RESTORE", L"복원(&R)"));
     m_compare.SetWindowText(VORD_ResourceString("IDS_TAVO_LAYSTATE_COMPARE", L"현재와 비교(&C)..."));
@@ -199,11 +199,12 @@ bool CLayerStatesDlg::written(const tv::Problem& problem, std::wstring_view name
 void CLayerStatesDlg::saveNew() {
     if (!m_database) return;
     const int wanted = mask();
-    CLayerStateNameDlg dialog(VORD_ResourceString("IDS_TAVO_LAYSTATE_NEW_CAPTION", L"새 도면층 상태").c_str(),
-                              [&](const std::wstring& name, const std::wstring& description) {
-                                  return saveState(*m_database, name, description, wanted);
-                              },
-                              this);
+    CLayerStateNameDlg dialog(
+        VORD_ResourceString("IDS_TAVO_LAYSTATE_NEW_CAPTION", L"새 도면층 상태").c_str(),
+        [&](const std::wstring& name, const std::wstring& description) {
+            return saveState(*m_database, name, description, wanted);
+        },
+        this);
     if (dialog.DoModal() == IDOK) written({}, dialog.GetName());
 }
 
@@ -211,9 +212,9 @@ void CLayerStatesDlg::restore() {
     const std::wstring name = selectedName();
     if (!m_database || name.empty() || m_database->isReadOnly()) return;
     const int wanted = mask();
-    if (written(restoreState(*m_database, name,
-                             {wanted, m_othersOff.GetCheck() != 0, m_current.GetCheck() != 0}),
-                name))
+    if (written(
+            restoreState(*m_database, name, {wanted, m_othersOff.GetCheck() != 0, m_current.GetCheck() != 0}),
+            name))
         setMask(wanted);
 }
 
@@ -221,7 +222,8 @@ void CLayerStatesDlg::compare() {
     const std::wstring name = selectedName();
     const auto state = m_database ? tv::dwg::readLayerState(*m_database, name) : std::nullopt;
     if (!state) return;
-    CLayerStateCompareDlg(name, compareLayerStates(*state, tv::dwg::currentLayerState(*m_database), mask()), this)
+    CLayerStateCompareDlg(name, compareLayerStates(*state, tv::dwg::currentLayerState(*m_database), mask()),
+                          this)
         .DoModal();
 }
 
@@ -229,11 +231,12 @@ void CLayerStatesDlg::rename() {
     const std::wstring before = selectedName();
     const auto state = m_database ? tv::dwg::readLayerState(*m_database, before) : std::nullopt;
     if (!state) return;
-    CLayerStateNameDlg dialog(VORD_ResourceString("IDS_TAVO_LAYSTATE_RENAME_CAPTION", L"도면층 상태 이름 바꾸기").c_str(),
-                              [&](const std::wstring& name, const std::wstring& description) {
-                                  return renameState(*m_database, before, name, description);
-                              },
-                              this);
+    CLayerStateNameDlg dialog(
+        VORD_ResourceString("IDS_TAVO_LAYSTATE_RENAME_CAPTION", L"도면층 상태 이름 바꾸기").c_str(),
+        [&](const std::wstring& name, const std::wstring& description) {
+            return renameState(*m_database, before, name, description);
+        },
+        this);
     dialog.SetData(before, state->description.view());
     if (dialog.DoModal() == IDOK) written({}, dialog.GetName());
 }
@@ -241,10 +244,10 @@ void CLayerStatesDlg::rename() {
 void CLayerStatesDlg::remove() {
     const std::wstring name = selectedName();
     if (!m_database || name.empty()) return;
-    if (!confirm(this, {GetWindowText(),
-                        format(VORD_ResourceString("IDS_TAVO_LAYSTATE_ASK_DELETE",
-                                                   L"도면층 상태 \"%s\"을(를) 삭제하시겠습니까?"),
-                               name)}))
+    if (!confirm(this,
+                 {GetWindowText(), format(VORD_ResourceString("IDS_TAVO_LAYSTATE_ASK_DELETE",
+                                                              L"도면층 상태 \"%s\"을(를) 삭제하시겠습니까?"),
+                                          name)}))
         return;
     const int row = m_list.GetCurSel();
     if (!written(deleteState(*m_database, name), {})) return;
@@ -355,15 +358,16 @@ class DifferenceRows : public tv::ui::ListModel {
 
 CLayerStateCompareDlg::CLayerStateCompareDlg(std::wstring state, std::vector<LayerDifference> differences,
                                              CWnd* parent)
-    : VORDRunDlg(IDD_LAYER_STATE_COMPARE, parent), m_state(std::move(state)), m_differences(std::move(differences)) {
+    : VORDRunDlg(IDD_LAYER_STATE_COMPARE, parent), m_state(std::move(state)),
+      m_differences(std::move(differences)) {
     m_list.LabelledBy(m_label);
 }
 
 void CLayerStateCompareDlg::SetText() {
     SetWindowText(VORD_ResourceString("IDS_TAVO_LAYSTATE_COMPARE_CAPTION", L"도면층 상태 비교"));
     m_label.SetWindowText(format(
-        VORD_ResourceString("IDS_TAVO_LAYSTATE_COMPARE_LABEL", L"\"%s\" 상태와 현재 도면의 차이 %d개(&D):"), m_state,
-        static_cast<int>(m_differences.size())));
+        VORD_ResourceString("IDS_TAVO_LAYSTATE_COMPARE_LABEL", L"\"%s\" 상태와 현재 도면의 차이 %d개(&D):"),
+        m_state, static_cast<int>(m_differences.size())));
     m_list.SetColumns({{layerColumnText(LayerColumn::name), 150},
                        {VORD_ResourceString("IDS_TAVO_LAYSTATE_COL_PROPERTY", L"특성").c_str(), 140},
                        {VORD_ResourceString("IDS_TAVO_LAYSTATE_COL_SAVED", L"저장된 값").c_str(), 120},

@@ -92,7 +92,8 @@ class KXGUI_EXPORT CLayerStateNameDlg : public VORDRunDlg {
 // What a state says and the drawing says otherwise.
 class KXGUI_EXPORT CLayerStateCompareDlg : public VORDRunDlg {
   public:
-    CLayerStateCompareDlg(std::wstring state, std::vector<kx::layers::LayerDifference> differences, CWnd* parent);
+    CLayerStateCompareDlg(std::wstring state, std::vector<kx::layers::LayerDifference> differences,
+                          CWnd* parent);
 
     void SetText() override;
     void InitCtrl() override;
