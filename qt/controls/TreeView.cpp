@@ -27,7 +27,10 @@ TreeView::TreeView(QWidget* parent) : QTreeWidget(parent) {
 }
 
 void TreeView::cancelEditing() {
-    if (QWidget* editor = indexWidget(currentIndex())) closeEditor(editor, QAbstractItemDelegate::NoHint);
+    QWidget* editor = indexWidget(currentIndex());
+    if (!editor) return;
+    editor->removeEventFilter(itemDelegate()); // which takes the text when the focus leaves
+    closeEditor(editor, QAbstractItemDelegate::NoHint);
 }
 
 QStringList TreeView::mimeTypes() const { return {drag::format()}; }
