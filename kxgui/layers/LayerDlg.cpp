@@ -188,10 +188,14 @@ bool CLayerDlg::PreTranslateMessage(const tv::ui::KeyEvent& key) {
 
 void CLayerDlg::OnReInit() {
     m_watcher.watch(m_database.get());
-    m_list.UpdateRows([this](LayerRows& rows) { rows.setDatabase(m_database.get()); });
-    SetActiveDlg(true);
     readFilters();
-    showFilter();
+    m_list.UpdateRows([this](LayerRows& rows) {
+        rows.setDatabase(nullptr); // so that one pass is enough for all
+        rows.setFilter(chosenFilter());
+        rows.setDatabase(m_database.get());
+    });
+    SetActiveDlg(true);
+    showFilterLine();
     selectCurrent();
     showCurrentLine();
     showState();
@@ -265,13 +269,17 @@ void CLayerDlg::readFilters() {
     m_tree.SetTree(m_filters);
 }
 
-void CLayerDlg::showFilter() {
+LayerRows::Filter CLayerDlg::chosenFilter() const {
     const int node = m_tree.selectedNode();
     LayerRows::Filter filter;
     if (node > 0) filter = m_filters.matcher(node);
     if (m_invert.GetCheck())
         filter = [shown = std::move(filter)](const T_LAYER_DATA& row) { return shown && !shown(row); };
-    m_list.UpdateRows([&](LayerRows& rows) { rows.setFilter(std::move(filter)); });
+    return filter;
+}
+
+void CLayerDlg::showFilter() {
+    m_list.UpdateRows([this](LayerRows& rows) { rows.setFilter(chosenFilter()); });
     showFilterLine();
     showState();
 }

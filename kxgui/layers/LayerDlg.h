@@ -153,6 +153,7 @@ class KXGUI_EXPORT CLayerDlg : public VORDRunDlg, private ILayerGridOwner {
 
     std::vector<tv::ui::MenuItem> listMenu();
     std::vector<tv::ui::MenuItem> treeMenu();
+    kx::layers::LayerRows::Filter chosenFilter() const; // empty: everything
     void showFilter();
     void readFilters();
     void changed(const kx::layers::LayerWatcher::Changes& changes);

@@ -19,8 +19,9 @@ void LabelBridge::leadTo(QWidget& widget) {
 
 void LabelBridge::show(ui::Change change) {
     if (change != ui::Change::text) return;
-    // Qt reads mnemonics in labels that lead somewhere only.
-    const QString text = m_label.buddy() ? toQt(wnd().GetWindowText()) : withoutMnemonic(wnd().GetWindowText());
+    // Qt reads mnemonics in labels that lead somewhere only. Empty lines around a text are not shown.
+    const QString text =
+        (m_label.buddy() ? toQt(wnd().GetWindowText()) : withoutMnemonic(wnd().GetWindowText())).trimmed();
     if (m_label.text() != text) m_label.setText(text);
 }
 
