@@ -61,7 +61,7 @@ CLayerDlg::CLayerDlg(OdDbDatabase* database, CWnd* parent)
     m_list.SetOwner(this);
     m_list.onDelete = [this] { OnBtnLayerDelete(); };
     m_list.onSelChange = [this] { showState(); };
-    m_list.onContextMenu = [this](int, int) { m_list.ShowMenu(listMenu()); };
+    m_list.onContextMenu = [this](int, int column) { m_list.ShowMenu(listMenu(column)); };
     m_list.onBeginDrag = [this] { return !m_list.selection().empty(); };
 }
 
@@ -331,6 +331,7 @@ bool CLayerDlg::UpdateLayer(T_LAYER_DATA& row, EN_LAYER_UPDATE kind) {
 }
 
 bool CLayerDlg::UpdateLayers(std::vector<LayerUpdate>& updates) {
+    m_toggledLast = false;
     if (updates.empty()) return true;
     if (!m_database) return false;
     DBIntegrationManager_ZEL history;

@@ -77,7 +77,9 @@ class KXGUI_EXPORT CLayerDlg : public VORDRunDlg, private ILayerGridOwner {
     void OnClickListMenu_RESETSORT();
     void OnClickListMenu_GROUPFILTER();
     void OnClickListMenu_COPY();
+    // Of the selected layers in the active viewport: all of them, or those of one column.
     void OnClickListMenu_REMOVEOVERRIDES();
+    void OnClickListMenu_REMOVEOVERRIDE(LayerColumn column);
     void OnClickListMenu_EXPORT();
     void OnClickListMenu_IMPORT();
 
@@ -131,12 +133,14 @@ class KXGUI_EXPORT CLayerDlg : public VORDRunDlg, private ILayerGridOwner {
     bool CheckNameChangeEnable(int row) override;
     bool OnEditingListItemString(int row, int column) override;
     bool OnEndEditListItemString(int row, int column, const std::wstring& text) override;
+    void OnTakeBackListItem() override;
     void OnDoubleClickListItem(int row) override;
 
     using Rows = std::vector<int>;
     Rows selectedRows() const;
     void toggle(const Rows& rows, int clicked, int icon);
-    void setStates(const std::vector<OdDbObjectId>& layers, unsigned field, bool value);
+    // False when nothing was written.
+    bool setStates(const std::vector<OdDbObjectId>& layers, unsigned field, bool value);
     void writeCells(const Rows& rows, EN_LAYER_UPDATE kind, unsigned field,
                     const std::function<void(T_LAYER_DATA&)>& set);
     void chooseColor(const Rows& rows, int clicked, LayerColumn column);
@@ -151,7 +155,7 @@ class KXGUI_EXPORT CLayerDlg : public VORDRunDlg, private ILayerGridOwner {
     void deleteRows(const Rows& rows);
     void editCell(LayerColumn column);
 
-    std::vector<tv::ui::MenuItem> listMenu();
+    std::vector<tv::ui::MenuItem> listMenu(int column = -1);
     std::vector<tv::ui::MenuItem> treeMenu();
     kx::layers::LayerRows::Filter chosenFilter() const; // empty: everything
     void showFilter();
@@ -173,6 +177,7 @@ class KXGUI_EXPORT CLayerDlg : public VORDRunDlg, private ILayerGridOwner {
     CLayerInterface* m_holder = nullptr;
     std::vector<OdDbObjectId> m_objects;
     EN_LAYER_CALLBACK m_callback = kLayerCallbackNone;
+    bool m_toggledLast = false; // the last write was a click on an icon
 
     CStatic m_currentLine{*this, "IDC_LAYER_CURRENT_LINE"};
     CButton m_new{*this, "IDC_LAYER_NEW"};

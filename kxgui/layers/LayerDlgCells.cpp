@@ -59,6 +59,24 @@ void setState(T_LAYER_DATA& row, unsigned field, bool value) {
     }
 }
 
+// What a column of viewport values holds; 0 for other columns.
+unsigned overrideField(LayerColumn column) {
+    switch (column) {
+    case LayerColumn::vpColor:
+        return kFieldVpColor;
+    case LayerColumn::vpLinetype:
+        return kFieldVpLinetype;
+    case LayerColumn::vpLineweight:
+        return kFieldVpLineWeight;
+    case LayerColumn::vpTransparency:
+        return kFieldVpTransparency;
+    case LayerColumn::vpPlotStyle:
+        return kFieldVpPlotStyle;
+    default:
+        return 0;
+    }
+}
+
 // A menu shows '&' only when it is written twice.
 std::wstring menuTextOf(std::wstring_view name) {
     std::wstring out;
@@ -85,11 +103,18 @@ void CLayerDlg::toggle(const Rows& rows, int clicked, int icon) {
     layers.reserve(rows.size());
     for (const int row : rows)
         layers.push_back(m_rows->layerAt(row));
-    setStates(layers, field, !stateOf(m_rows->row(clicked), field));
+    m_toggledLast = setStates(layers, field, !stateOf(m_rows->row(clicked), field));
 }
 
-void CLayerDlg::setStates(const std::vector<OdDbObjectId>& layers, unsigned field, bool value) {
-    if (!m_database) return;
+// It is the step that came last, unless nothing came of the click.
+void CLayerDlg::OnTakeBackListItem() {
+    if (!std::exchange(m_toggledLast, false) || m_database->undoName() != L"_LAYER") return;
+    m_database->undo();
+    m_watcher.deliver();
+}
+
+bool CLayerDlg::setStates(const std::vector<OdDbObjectId>& layers, unsigned field, bool value) {
+    if (!m_database) return false;
     const OdDbObjectId current = currentLayer(*m_database);
     std::vector<LayerUpdate> updates;
     updates.reserve(layers.size());
@@ -107,7 +132,7 @@ void CLayerDlg::setStates(const std::vector<OdDbObjectId>& layers, unsigned fiel
         update.row.id = layer;
         setState(update.row, field, value);
     }
-    UpdateLayers(updates);
+    return !updates.empty() && UpdateLayers(updates);
 }
 
 // --- values --------------------------------------------------------------------------------------------------
@@ -229,6 +254,11 @@ void CLayerDlg::choosePlotStyle(const Rows& rows, int clicked, LayerColumn colum
         };
     }
     m_list.ShowMenu(std::move(menu));
+}
+
+void CLayerDlg::OnClickListMenu_REMOVEOVERRIDE(LayerColumn column) {
+    if (const unsigned field = overrideField(column))
+        writeCells(selectedRows(), kLayerViewport, field, [](T_LAYER_DATA& row) { row.vp = {}; });
 }
 
 void CLayerDlg::OnClickListMenu_REMOVEOVERRIDES() {

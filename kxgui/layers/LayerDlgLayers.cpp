@@ -159,7 +159,8 @@ void CLayerDlg::makeCurrent(const T_LAYER_DATA& layer) {
     const bool made = UpdateLayer(row, kLayerCurrent);
     if (made && m_callback == kLayerCallbackAssign)
         for (const OdDbObjectId id : m_objects)
-            if (const auto entity = id.open<OdDbEntity>(OdDb::kForWrite)) (void)entity->setLayer(layer.name.view());
+            if (const auto entity = id.open<OdDbEntity>(OdDb::kForWrite))
+                (void)entity->setLayer(layer.name.view());
     history.OnCleanupAndReturn_ExecuteCommand();
     m_watcher.deliver();
     if (!made) return;

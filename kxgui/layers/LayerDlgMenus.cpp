@@ -5,6 +5,7 @@
 #include "kxgui/layers/LayerImportDlg.h"
 #include "kxgui/layers/LayerNameRules.h"
 #include "kxgui/layers/LayerStatesDlg.h"
+#include "platform/text/Format.h"
 #include "platform/text/ResourceString.h"
 #include "platform/toolkit/Toolkit.h"
 
@@ -32,7 +33,7 @@ MenuItem submenu(const wchar_t* text, std::vector<MenuItem> items) {
 
 } // namespace
 
-std::vector<MenuItem> CLayerDlg::listMenu() {
+std::vector<MenuItem> CLayerDlg::listMenu(int column) {
     const bool edit = writable();
     const std::int64_t selected = m_list.selection().count();
     const bool one = selected == 1, any = selected > 0;
@@ -72,6 +73,13 @@ std::vector<MenuItem> CLayerDlg::listMenu() {
     menu.push_back(
         entry(VORD_ResourceString("IDS_TAVO_LAYER_MENU_GROUPFILTER", L"선택한 도면층의 그룹 필터(&G)"),
               edit && any, [this] { OnClickListMenu_GROUPFILTER(); }));
+    const auto clicked = static_cast<LayerColumn>(column);
+    if (clicked >= LayerColumn::vpColor && clicked <= LayerColumn::vpPlotStyle && column >= 0)
+        menu.push_back(entry(
+            tv::text::format(VORD_ResourceString("IDS_TAVO_LAYER_MENU_REMOVEOVERRIDE", L"재지정 제거(&H): %s"),
+                             m_list.columns()[static_cast<std::size_t>(column)].title)
+                .c_str(),
+            edit && any, [this, clicked] { OnClickListMenu_REMOVEOVERRIDE(clicked); }));
     if (!m_rows->viewport().isNull())
         menu.push_back(
             entry(VORD_ResourceString("IDS_TAVO_LAYER_MENU_REMOVEOVERRIDES", L"이 뷰포트의 재지정 제거(&W)"),

@@ -6,6 +6,7 @@
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbLayerTable.h"
 #include "platform/drawing/OdDbViewport.h"
+#include "platform/drawing/dxf/RecordStore.h"
 #include "platform/text/Collation.h"
 #include "platform/text/Format.h"
 #include "platform/text/ResourceString.h"
@@ -177,6 +178,9 @@ void LayerFilterTree::addXrefs(OdDbDatabase& database, const std::vector<std::fi
     std::wstring last;
     if (const auto table = database.layers())
         table->forEach([&](OdDbObjectId id) {
+            // Reading a name costs more than looking for the mark in it.
+            const std::string_view bytes = database.store().text(id.record());
+            if (bytes.find('|') == bytes.npos && bytes.find('\\') == bytes.npos) return;
             const OdString name = table->nameOf(id);
             const std::wstring_view own = referenceOf(name.view());
             if (own.empty() || own == last) return;

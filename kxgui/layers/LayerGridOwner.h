@@ -33,6 +33,8 @@ class ILayerGridOwner {
     virtual bool OnEndEditListItemString(int row, int column, const std::wstring& text) = 0;
     // The number of an icon was chosen from a drop-down list. False refuses it.
     virtual bool OnSelectListItemCombo(int /*row*/, int /*column*/, int /*number*/) { return false; }
+    // The click that came last was the first half of a double click: what it changed is taken back.
+    virtual void OnTakeBackListItem() {}
     // A double click on a text or a state: the layer is to become the current one.
     virtual void OnDoubleClickListItem(int row) = 0;
 };

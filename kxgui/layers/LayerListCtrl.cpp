@@ -205,9 +205,9 @@ bool CLayerListCtrl::OnItemLButtonClick(int row, int column) {
 }
 
 // The first half of a double click has changed the state already.
-void CLayerListCtrl::OnTakeBack(int row, int column) {
+void CLayerListCtrl::OnTakeBack(int, int column) {
     const CLayerCellItem* item = m_layers ? m_layers->item(column) : nullptr;
-    if (item && item->click() == LayerCellClick::icon) activate(row, column);
+    if (m_owner && item && item->click() == LayerCellClick::icon) m_owner->OnTakeBackListItem();
 }
 
 void CLayerListCtrl::OnDoubleClick(int row, int column) {

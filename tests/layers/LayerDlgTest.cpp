@@ -281,6 +281,17 @@ TEST_F(LayerDlg, IconsToggleTheWholeSelectionAsOneStep) {
     EXPECT_EQ(database->bytes(), before);
 }
 
+TEST_F(LayerDlg, ADoubleClickOnAnIconLeavesOneStepAndNoToggle) {
+    run([&](Hands& h) {
+        h.cell(L"Walls", LayerColumn::plot, UserAction::Cell::doubleClick);
+        EXPECT_TRUE(layer(L"Walls")->isPlottable());
+        EXPECT_EQ(current(), L"Walls");
+        EXPECT_TRUE(database->undo());
+        EXPECT_EQ(current(), L"0");
+        EXPECT_NE(database->undoName(), L"_LAYER");
+    });
+}
+
 TEST_F(LayerDlg, FollowsEditsMadeElsewhereAndKeepsWhatWasSelected) {
     CLayerDlg dialog(database.get(), nullptr);
     CLayerInterface holder;
