@@ -1,11 +1,14 @@
 #include "kxgui/layers/LayerWriter.h"
 
+#include "platform/drawing/LayerFilters.h"
 #include "platform/drawing/LayerOverrides.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbLayerTable.h"
+#include "platform/drawing/OdDbLayout.h"
 #include "platform/drawing/OdDbViewport.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace kx::layers {
 namespace {
@@ -87,6 +90,48 @@ ErrorStatus writeFrozenInViewport(const std::vector<LayerUpdate>& updates, OdDbO
         .status();
 }
 
+std::vector<OdDbObjectId> sheetViewports(const OdDbDatabase& database) {
+    std::vector<OdDbObjectId> out;
+    for (const OdDbObjectId id : database.layoutIds())
+        if (const auto layout = id.open<OdDbLayout>(); layout && !layout->isModelLayout())
+            for (const OdDbObjectId viewport : layout->viewports())
+                out.push_back(viewport);
+    if (out.empty()) // drawings without layouts have one sheet
+        for (const OdDbObjectId id : database.paperSpace())
+            if (tv::dwg::isViewport(id)) out.push_back(id);
+    return out;
+}
+
+ErrorStatus dropFromGroups(const std::vector<tv::dwg::LayerFilter>& filters,
+                           const std::unordered_set<OdDbObjectId>& gone) {
+    Writes writes;
+    for (tv::dwg::LayerFilter filter : filters) {
+        const std::size_t dropped =
+            std::erase_if(filter.layers, [&](OdDbObjectId layer) { return gone.contains(layer); });
+        writes
+            .when(filter.kind == tv::dwg::LayerFilter::kGroup && dropped > 0,
+                  [&] { return tv::dwg::changeLayerFilter(filter); })
+            .when(!filter.nested.empty(), [&] { return dropFromGroups(filter.nested, gone); });
+    }
+    return writes.status();
+}
+
+// Viewports that froze them and groups that list them would name layers that are gone.
+ErrorStatus forgetLayers(OdDbDatabase& database, const std::vector<OdDbObjectId>& layers) {
+    if (layers.empty()) return Tavo::eOk;
+    Writes writes;
+    for (const OdDbObjectId id : sheetViewports(database))
+        if (const auto viewport = id.open<OdDbViewport>(OdDb::kForWrite))
+            writes.when(!viewport->frozenLayers().empty(),
+                        [&] { return viewport->thawLayersInViewport(layers); });
+    return writes
+        .when(true,
+              [&] {
+                  return dropFromGroups(tv::dwg::layerFilters(database), {layers.begin(), layers.end()});
+              })
+        .status();
+}
+
 ErrorStatus makeLayer(OdDbDatabase& database, T_LAYER_DATA& row) {
     const auto table = database.getTableId(L"LAYER", true).open<OdDbLayerTable>(OdDb::kForWrite);
     if (!table) return database.isReadOnly() ? Tavo::eReadOnly : Tavo::eInvalidInput;
@@ -129,7 +174,10 @@ ErrorStatus write(OdDbDatabase& database, LayerUpdate& update, OdDbObjectId view
 ErrorStatus writeLayers(OdDbDatabase& database, std::vector<LayerUpdate>& updates, OdDbObjectId viewport) {
     if (database.isReadOnly()) return Tavo::eReadOnly;
     OdDbUndoScope step(database, L"_LAYER");
-    ErrorStatus status = Tavo::eOk;
+    std::vector<OdDbObjectId> deleted;
+    for (const LayerUpdate& update : updates)
+        if (update.kind == kLayerDelete) deleted.push_back(update.row.id);
+    ErrorStatus status = forgetLayers(database, deleted);
     for (auto update = updates.begin(); update != updates.end() && status == Tavo::eOk; ++update)
         status = write(database, *update, viewport);
     if (status == Tavo::eOk) status = writeFrozenInViewport(updates, viewport);
