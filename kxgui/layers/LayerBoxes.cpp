@@ -161,6 +161,13 @@ LayerBox plotStylesByColorBox() {
                 .c_str()};
 }
 
+LayerBox editedLayerGoneBox() {
+    return {VORD_ResourceString("IDS_LAYERDLG_0", L"도면층 특성 관리자").c_str(),
+            VORD_ResourceString("IDS_TAVO_LAYER_EDITED_GONE",
+                                L"편집하던 도면층이 그사이 도면에서 없어져 편집한 내용을 버렸습니다.")
+                .c_str()};
+}
+
 LayerBox notWrittenBox(const OdDbDatabase& database, Tavo::ErrorStatus status) {
     const std::wstring caption = VORD_ResourceString("IDS_LAYERDLG_0", L"도면층 특성 관리자").c_str();
     if (database.isReadOnly())

@@ -27,6 +27,7 @@ KXGUI_EXPORT LayerBox zeroNotMergedBox();
 KXGUI_EXPORT LayerBox currentNotMergedBox();
 KXGUI_EXPORT LayerBox filterKeptBox(std::wstring_view filter);
 KXGUI_EXPORT LayerBox plotStylesByColorBox();
+KXGUI_EXPORT LayerBox editedLayerGoneBox();
 // The drawing refused a write; nothing was changed.
 KXGUI_EXPORT LayerBox notWrittenBox(const OdDbDatabase& database, Tavo::ErrorStatus status);
 

@@ -44,6 +44,8 @@ void markOverride(ListCell& cell, const std::wstring& ofLayer) {
         cell.text, ofLayer);
 }
 
+constexpr int kStandardColors = 7; // have names
+
 std::wstring percent(int value) { return tv::text::format(L"%d", value); }
 
 } // namespace
@@ -255,9 +257,7 @@ CLayerColorItem::CLayerColorItem(LayerColumn column) : CLayerCellItem(column) {
 std::wstring CLayerColorItem::nameOf(const OdCmColor& color, std::wstring_view book) {
     if (!book.empty())
         return std::wstring(book.substr(book.rfind(L'$') + 1)); // the book's name stands in front
-    constexpr int named = 7;
-    return color.isByACI() && color.colorIndex() > named ? tv::text::format(L"Color_%d", color.colorIndex())
-                                                         : kx::frame::colorText(color);
+    return color.isByACI() ? tv::text::format(L"Color_%d", color.colorIndex()) : kx::frame::colorText(color);
 }
 
 // The indexed ones by number, then the others.
@@ -276,6 +276,9 @@ ListCell CLayerColorItem::cell(const T_LAYER_DATA& layer) const {
     const OdCmColor color = colorOf(layer);
     const bool contrasts = color.isByACI() && color.colorIndex() == 7 && m_lightBackground;
     cell.picture = tv::ui::colorPicture(contrasts ? 0 : kx::frame::swatchRgb(color.rgb()));
+    // What "Color_1" is called.
+    if (color.isByACI() && color.colorIndex() <= kStandardColors)
+        cell.hint = tv::text::format(L"%s (%s)", cell.text, kx::frame::colorText(color));
     if (!layer.bookColor.isEmpty() && column() == LayerColumn::color) cell.hint = layer.bookColor.wstr();
     return cell;
 }

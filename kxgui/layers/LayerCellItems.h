@@ -111,7 +111,7 @@ class KXGUI_EXPORT CLayerColorItem : public CLayerCellItem {
     tv::ui::ListCell cell(const T_LAYER_DATA& layer) const override;
     LayerCellClick click() const override { return LayerCellClick::color; }
 
-    // "Color_%d" for an indexed one; the first seven have names.
+    // "Color_%d" for an indexed one.
     static std::wstring nameOf(const OdCmColor& color, std::wstring_view book = {});
 
   protected:

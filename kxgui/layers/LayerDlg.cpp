@@ -311,6 +311,11 @@ void CLayerDlg::showFilterLine() {
 
 bool CLayerDlg::writable() const { return m_database && !m_database->isReadOnly(); }
 
+bool CLayerDlg::mayWrite() {
+    if (m_database && !writable()) warn(this, notWrittenBox(*m_database, Tavo::eReadOnly));
+    return writable();
+}
+
 void CLayerDlg::showState() {
     const bool any = !m_list.selection().empty();
     m_new.EnableWindow(writable());

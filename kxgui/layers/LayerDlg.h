@@ -134,6 +134,7 @@ class KXGUI_EXPORT CLayerDlg : public VORDRunDlg, private ILayerGridOwner {
     bool OnEditingListItemString(int row, int column) override;
     bool OnEndEditListItemString(int row, int column, const std::wstring& text) override;
     void OnTakeBackListItem() override;
+    void OnEditedListItemGone() override;
     void OnDoubleClickListItem(int row) override;
 
     using Rows = std::vector<int>;
@@ -141,7 +142,8 @@ class KXGUI_EXPORT CLayerDlg : public VORDRunDlg, private ILayerGridOwner {
     void toggle(const Rows& rows, int clicked, int icon);
     // False when nothing was written.
     bool setStates(const std::vector<OdDbObjectId>& layers, unsigned field, bool value);
-    void writeCells(const Rows& rows, EN_LAYER_UPDATE kind, unsigned field,
+    std::vector<OdDbObjectId> layersOf(const Rows& rows) const;
+    void writeCells(const std::vector<OdDbObjectId>& layers, EN_LAYER_UPDATE kind, unsigned field,
                     const std::function<void(T_LAYER_DATA&)>& set);
     void chooseColor(const Rows& rows, int clicked, LayerColumn column);
     void chooseLinetype(const Rows& rows, int clicked, LayerColumn column);
@@ -169,6 +171,8 @@ class KXGUI_EXPORT CLayerDlg : public VORDRunDlg, private ILayerGridOwner {
     // Runs it on a filter, -1 for a new one.
     bool editFilter(CLayerFilterDlg& dialog, int parent, int node);
     bool writable() const;
+    // The same, and the person is told why not.
+    bool mayWrite();
 
     OdDbDatabasePtr m_database;
     kx::layers::LayerFilterTree m_filters;
@@ -178,6 +182,7 @@ class KXGUI_EXPORT CLayerDlg : public VORDRunDlg, private ILayerGridOwner {
     std::vector<OdDbObjectId> m_objects;
     EN_LAYER_CALLBACK m_callback = kLayerCallbackNone;
     bool m_toggledLast = false; // the last write was a click on an icon
+    tv::ui::Timer m_tell;
 
     CStatic m_currentLine{*this, "IDC_LAYER_CURRENT_LINE"};
     CButton m_new{*this, "IDC_LAYER_NEW"};

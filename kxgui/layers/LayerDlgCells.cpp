@@ -97,13 +97,9 @@ void CLayerDlg::OnClickListItemIcon(int row, int icon) { toggle({row}, row, icon
 void CLayerDlg::OnClickListItemIcons(int row, int icon) { toggle(selectedRows(), row, icon); }
 
 void CLayerDlg::toggle(const Rows& rows, int clicked, int icon) {
-    if (icon < 1 || icon > 6 || !writable()) return;
+    if (icon < 1 || icon > 6 || !mayWrite()) return;
     const unsigned field = kIconFields[icon];
-    std::vector<OdDbObjectId> layers;
-    layers.reserve(rows.size());
-    for (const int row : rows)
-        layers.push_back(m_rows->layerAt(row));
-    m_toggledLast = setStates(layers, field, !stateOf(m_rows->row(clicked), field));
+    m_toggledLast = setStates(layersOf(rows), field, !stateOf(m_rows->row(clicked), field));
 }
 
 // It is the step that came last, unless nothing came of the click.
@@ -158,36 +154,48 @@ void CLayerDlg::OnClickListItemPlotStyles(int row, LayerColumn column) {
     choosePlotStyle(selectedRows(), row, column);
 }
 
-void CLayerDlg::writeCells(const Rows& rows, EN_LAYER_UPDATE kind, unsigned field,
+std::vector<OdDbObjectId> CLayerDlg::layersOf(const Rows& rows) const {
+    std::vector<OdDbObjectId> layers;
+    layers.reserve(rows.size());
+    for (const int row : rows)
+        layers.push_back(m_rows->layerAt(row));
+    return layers;
+}
+
+void CLayerDlg::writeCells(const std::vector<OdDbObjectId>& layers, EN_LAYER_UPDATE kind, unsigned field,
                            const std::function<void(T_LAYER_DATA&)>& set) {
     std::vector<LayerUpdate> updates;
-    updates.reserve(rows.size());
-    for (const int row : rows) {
+    updates.reserve(layers.size());
+    for (const OdDbObjectId layer : layers) {
         auto& update = updates.emplace_back();
         update.kind = kind;
         update.fields = field;
-        update.row.id = m_rows->layerAt(row);
+        update.row.id = layer;
         set(update.row);
     }
     UpdateLayers(updates);
 }
 
 void CLayerDlg::chooseColor(const Rows& rows, int clicked, LayerColumn column) {
-    if (!writable()) return;
+    if (!mayWrite()) return;
+    const std::vector<OdDbObjectId> layers = layersOf(rows);
     const T_LAYER_DATA layer = m_rows->row(clicked);
     const bool vp = ofViewport(column);
     CColorDlg dialog(vp ? layer.vp.color.value_or(layer.color) : layer.color, 0, this);
     if (dialog.DoModal() != IDOK) return;
     const OdCmColor color = dialog.GetColor();
-    writeCells(rows, vp ? kLayerViewport : kLayerProperty, vp ? kFieldVpColor : kFieldColor,
+    writeCells(layers, vp ? kLayerViewport : kLayerProperty, vp ? kFieldVpColor : kFieldColor,
                [&](T_LAYER_DATA& row) {
                    row.color = color;
+                   // The dialog knows no books: what was left as it was keeps its own.
+                   if (color == layer.color) row.bookColor = layer.bookColor;
                    row.vp.color = color;
                });
 }
 
 void CLayerDlg::chooseLinetype(const Rows& rows, int clicked, LayerColumn column) {
-    if (!writable()) return;
+    if (!mayWrite()) return;
+    const std::vector<OdDbObjectId> layers = layersOf(rows);
     const T_LAYER_DATA layer = m_rows->row(clicked);
     const bool vp = ofViewport(column);
     CLinetypeDlg dialog(m_database, false, this);
@@ -196,7 +204,7 @@ void CLayerDlg::chooseLinetype(const Rows& rows, int clicked, LayerColumn column
     else
         dialog.SetName(layer.linetype.view());
     if (dialog.DoModal() != IDOK) return;
-    writeCells(rows, vp ? kLayerViewport : kLayerProperty, vp ? kFieldVpLinetype : kFieldLinetype,
+    writeCells(layers, vp ? kLayerViewport : kLayerProperty, vp ? kFieldVpLinetype : kFieldLinetype,
                [&](T_LAYER_DATA& row) {
                    row.linetype = OdString(dialog.GetName());
                    row.vp.linetype = dialog.GetLinetype();
@@ -204,13 +212,14 @@ void CLayerDlg::chooseLinetype(const Rows& rows, int clicked, LayerColumn column
 }
 
 void CLayerDlg::chooseLineWeight(const Rows& rows, int clicked, LayerColumn column) {
-    if (!writable()) return;
+    if (!mayWrite()) return;
+    const std::vector<OdDbObjectId> layers = layersOf(rows);
     const T_LAYER_DATA layer = m_rows->row(clicked);
     const bool vp = ofViewport(column);
     CLineWeightDlg dialog(m_database, this, kx::frame::LineWeightOffer::withDefault);
     dialog.SetLineWeight(vp ? layer.vp.lineWeight.value_or(layer.lineWeight) : layer.lineWeight);
     if (dialog.DoModal() != IDOK) return;
-    writeCells(rows, vp ? kLayerViewport : kLayerProperty, vp ? kFieldVpLineWeight : kFieldLineWeight,
+    writeCells(layers, vp ? kLayerViewport : kLayerProperty, vp ? kFieldVpLineWeight : kFieldLineWeight,
                [&](T_LAYER_DATA& row) {
                    row.lineWeight = dialog.GetLineWeight();
                    row.vp.lineWeight = dialog.GetLineWeight();
@@ -218,13 +227,14 @@ void CLayerDlg::chooseLineWeight(const Rows& rows, int clicked, LayerColumn colu
 }
 
 void CLayerDlg::chooseTransparency(const Rows& rows, int clicked, LayerColumn column) {
-    if (!writable()) return;
+    if (!mayWrite()) return;
+    const std::vector<OdDbObjectId> layers = layersOf(rows);
     const T_LAYER_DATA layer = m_rows->row(clicked);
     const bool vp = ofViewport(column);
     const int present = vp && layer.vp.transparency ? layer.vp.transparency->percent() : layer.transparency;
     CLayerTransparencyDlg dialog(present, this);
     if (dialog.DoModal() != IDOK) return;
-    writeCells(rows, vp ? kLayerViewport : kLayerProperty, vp ? kFieldVpTransparency : kFieldTransparency,
+    writeCells(layers, vp ? kLayerViewport : kLayerProperty, vp ? kFieldVpTransparency : kFieldTransparency,
                [&](T_LAYER_DATA& row) {
                    row.transparency = dialog.GetTransparency();
                    row.vp.transparency = OdCmTransparency::byPercent(dialog.GetTransparency());
@@ -232,11 +242,12 @@ void CLayerDlg::chooseTransparency(const Rows& rows, int clicked, LayerColumn co
 }
 
 void CLayerDlg::choosePlotStyle(const Rows& rows, int clicked, LayerColumn column) {
-    if (!writable()) return;
+    if (!mayWrite()) return;
     const bool vp = ofViewport(column);
     const auto names = m_database->getPlotStyleNameDictionaryId().open<OdDbDictionary>();
     const auto byColor = m_database->headerVar(L"PSTYLEMODE");
     if (!names || (byColor && byColor->asInteger() == 1)) return warn(this, plotStylesByColorBox());
+    const std::vector<OdDbObjectId> layers = layersOf(rows);
     const T_LAYER_DATA layer = m_rows->row(clicked);
     std::vector<tv::ui::MenuItem> menu;
     for (auto entry = names->newIterator(); !entry->done(); entry->next()) {
@@ -245,8 +256,8 @@ void CLayerDlg::choosePlotStyle(const Rows& rows, int clicked, LayerColumn colum
         tv::ui::MenuItem& item = menu.emplace_back();
         item.text = menuTextOf(name.wstr());
         item.checked = vp ? layer.vp.plotStyle == style : layer.plotStyle == name;
-        item.run = [this, rows, vp, name, style] {
-            writeCells(rows, vp ? kLayerViewport : kLayerProperty, vp ? kFieldVpPlotStyle : kFieldPlotStyle,
+        item.run = [this, layers, vp, name, style] {
+            writeCells(layers, vp ? kLayerViewport : kLayerProperty, vp ? kFieldVpPlotStyle : kFieldPlotStyle,
                        [&](T_LAYER_DATA& row) {
                            row.plotStyle = name;
                            row.vp.plotStyle = style;
@@ -258,11 +269,11 @@ void CLayerDlg::choosePlotStyle(const Rows& rows, int clicked, LayerColumn colum
 
 void CLayerDlg::OnClickListMenu_REMOVEOVERRIDE(LayerColumn column) {
     if (const unsigned field = overrideField(column))
-        writeCells(selectedRows(), kLayerViewport, field, [](T_LAYER_DATA& row) { row.vp = {}; });
+        writeCells(m_list.SelectedLayers(), kLayerViewport, field, [](T_LAYER_DATA& row) { row.vp = {}; });
 }
 
 void CLayerDlg::OnClickListMenu_REMOVEOVERRIDES() {
-    writeCells(selectedRows(), kLayerViewport,
+    writeCells(m_list.SelectedLayers(), kLayerViewport,
                kFieldVpColor | kFieldVpLinetype | kFieldVpLineWeight | kFieldVpTransparency | kFieldVpPlotStyle,
                [](T_LAYER_DATA& row) { row.vp = {}; });
 }

@@ -91,7 +91,7 @@ void CLayerDlg::OnBtnLayerDelete() {
 }
 
 void CLayerDlg::deleteRows(const Rows& rows) {
-    if (rows.empty() || !m_database) return;
+    if (rows.empty() || !mayWrite()) return;
     const auto table = m_database->layers();
     if (!table) return;
     table->generateUsageData();
@@ -178,7 +178,7 @@ void CLayerDlg::OnClickListMenu_RENAME() { editCell(LayerColumn::name); }
 void CLayerDlg::OnClickListMenu_DESCRIPTION() { editCell(LayerColumn::description); }
 
 bool CLayerDlg::CheckNameChangeEnable(int row) {
-    if (!writable()) return false;
+    if (!mayWrite()) return false;
     if (mayRename(m_rows->row(row))) return true;
     warn(this, keepsNameBox());
     return false;
@@ -186,7 +186,13 @@ bool CLayerDlg::CheckNameChangeEnable(int row) {
 
 bool CLayerDlg::OnEditingListItemString(int row, int column) {
     if (column == kNameCell) return CheckNameChangeEnable(row);
-    return writable() && m_rows->row(row).name.view() != kRegionViewLayer;
+    return mayWrite() && m_rows->row(row).name.view() != kRegionViewLayer;
+}
+
+// Not within the edit that took the layer away.
+void CLayerDlg::OnEditedListItemGone() {
+    if (tv::ui::Toolkit* toolkit = tv::ui::Toolkit::current())
+        m_tell = toolkit->post([this] { warn(this, editedLayerGoneBox()); });
 }
 
 bool CLayerDlg::OnEndEditListItemString(int row, int column, const std::wstring& text) {

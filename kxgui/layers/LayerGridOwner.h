@@ -35,6 +35,8 @@ class ILayerGridOwner {
     virtual bool OnSelectListItemCombo(int /*row*/, int /*column*/, int /*number*/) { return false; }
     // The click that came last was the first half of a double click: what it changed is taken back.
     virtual void OnTakeBackListItem() {}
+    // The layer whose text was being edited was taken out of the drawing, and the editor with it.
+    virtual void OnEditedListItemGone() {}
     // A double click on a text or a state: the layer is to become the current one.
     virtual void OnDoubleClickListItem(int row) = 0;
 };

@@ -16,6 +16,10 @@ constexpr int nameColumn = static_cast<int>(LayerColumn::name);
 
 bool isViewportColumn(int column) { return kx::layers::isViewportColumn(static_cast<LayerColumn>(column)); }
 
+bool isState(const CLayerCellItem& item) {
+    return item.click() == LayerCellClick::icon || item.column() == LayerColumn::status;
+}
+
 } // namespace
 
 CLayerListCtrl::CLayerListCtrl(CWnd& parent, const char* name) : CListEditableCtrl(parent, name, true) {
@@ -89,6 +93,7 @@ void CLayerListCtrl::UpdateRows(const std::function<void(LayerRows&)>& change) {
     std::uintptr_t focus = keyOf(focusRow()), top = keyOf(topRow()),
                    edited = editor() ? keyOf(editedItem()) : 0;
     const OdDbDatabase* const before = layers.database();
+    const OdDbObjectId editedLayer = editor() ? layers.layerAt(editedItem()) : OdDbObjectId();
     change(layers);
     if (layers.database() != before) { // whose layers go by other numbers
         focus = top = edited = 0;
@@ -100,6 +105,8 @@ void CLayerListCtrl::UpdateRows(const std::function<void(LayerRows&)>& change) {
         if (row < 0) CloseEditor();
         MoveEditor(row);
     }
+    const bool gone =
+        !editedLayer.isNull() && !editor() && layers.database() == before && editedLayer.isErased();
     RowsChanged();
     std::vector<int> rows;
     for (const std::uintptr_t key : selected)
@@ -109,10 +116,12 @@ void CLayerListCtrl::UpdateRows(const std::function<void(LayerRows&)>& change) {
     if (const int row = layers.rowOfKey(focus); row >= 0) SetFocusCell(row, focusColumn());
     if (editor()) OnEditorMoved();
     if (layers.sortedColumn() < 0 && sortColumn() >= 0) SetSortMark(-1, true);
+    if (gone && m_owner) m_owner->OnEditedListItemGone();
 }
 
 void CLayerListCtrl::LayerChanged(OdDbObjectId layer) {
     if (!m_layers) return;
+    const bool edited = editor() && m_layers->layerAt(editedItem()) == layer;
     const LayerRowsChange change = m_layers->layerChanged(layer);
     switch (change.kind) {
     case LayerRowsChange::Kind::changed:
@@ -123,6 +132,7 @@ void CLayerListCtrl::LayerChanged(OdDbObjectId layer) {
         break;
     case LayerRowsChange::Kind::removed:
         RowsRemoved(change.row);
+        if (edited && layer.isErased() && m_owner) m_owner->OnEditedListItemGone();
         break;
     case LayerRowsChange::Kind::none:
         break;
@@ -167,8 +177,10 @@ bool CLayerListCtrl::activate(int row, int column) {
     const CLayerCellItem* item =
         m_layers && row >= 0 && row < GetItemCount() ? m_layers->item(column) : nullptr;
     if (!m_owner || !item || item->click() == LayerCellClick::none) return false;
+    const std::uintptr_t key = m_layers->rowKey(row);
     EndLabelEditing(); // which may change the rows
-    if (row >= GetItemCount()) return false;
+    row = m_layers->rowOfKey(key);
+    if (row < 0) return false;
     ILayerGridOwner& owner = *m_owner;
     const bool several = selection().count() > 1 && selection().contains(row);
     const LayerColumn what = item->column();
@@ -218,9 +230,10 @@ void CLayerListCtrl::OnDoubleClick(int row, int column) {
 }
 
 bool CLayerListCtrl::openEditor(int row, int column) {
+    const std::uintptr_t key = m_layers && row >= 0 ? m_layers->rowKey(row) : 0;
     EndLabelEditing(); // which may change the rows
+    row = m_layers ? m_layers->rowOfKey(key) : -1;
     if (!m_owner || !hasEditor(row, column)) return false;
-    const std::uintptr_t key = m_layers->rowKey(row);
     if (m_layers->editor(row, column) == CInPlaceCtrlModel::Editor::edit) {
         const bool may = column == nameColumn ? m_owner->CheckNameChangeEnable(row)
                                               : m_owner->OnEditingListItemString(row, 3);
@@ -241,9 +254,15 @@ bool CLayerListCtrl::setText(int row, int column, const std::wstring& text) {
 
 bool CLayerListCtrl::controlKey(const tv::ui::KeyEvent& key) {
     const bool plain = !key.ctrl && !key.alt && !key.shift;
-    if (plain && (key.key == Key::space || key.key == Key::f2) && acceptsUser() &&
-        activate(focusRow(), focusColumn()))
+    const CLayerCellItem* item = m_layers ? m_layers->item(focusColumn()) : nullptr;
+    // A state has nothing to edit: the name is meant.
+    if (plain && key.key == Key::f2 && item && isState(*item) && hasEditor(focusRow(), nameColumn) &&
+        layout().at(nameColumn).visible) {
+        (void)userOpenEditor(focusRow(), nameColumn);
         return true;
+    }
+    const bool acts = key.key == Key::f2 || (key.key == Key::space && !typing());
+    if (plain && acts && acceptsUser() && activate(focusRow(), focusColumn())) return true;
     if (plain && key.key == Key::del && onDelete) {
         if (acceptsUser()) onDelete();
         return true;

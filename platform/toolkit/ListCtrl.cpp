@@ -113,6 +113,7 @@ void CListCtrl::rowsMoved(int at, int by) {
     // A row that is gone gives its place to the one behind it.
     for (int* row : {&m_focusRow, &m_anchor, &m_editorRow})
         if (*row >= at) *row = std::max(at, *row + by);
+    if (m_clicked.row >= at) m_clicked.identity = -1; // another row stands there now
     if (m_topRow > at) m_topRow = std::max(at, m_topRow + by);
     m_ensured = -1;
     RowsChanged();

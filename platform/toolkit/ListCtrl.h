@@ -186,6 +186,8 @@ class KXPLATFORM_EXPORT CListCtrl : public CWnd {
     virtual bool offersColumn(int /*column*/) const { return true; }
     // The column whose texts are found by typing.
     virtual int typedColumn() const;
+    // A person is in the middle of typing to find; a space belongs to what is typed.
+    bool typing() const { return !m_typed.empty(); }
     // The row the open editor stands on is another one now.
     void MoveEditor(int row);
 

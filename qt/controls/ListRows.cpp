@@ -26,6 +26,8 @@ QVariant ListRows::data(const QModelIndex& index, int role) const {
     case Qt::EditRole:
     case Qt::AccessibleTextRole:
         return toQt(cell(index).text);
+    case Qt::AccessibleDescriptionRole:
+        return cell(index).hint.empty() ? QVariant() : QVariant(toQt(cell(index).hint));
     case Qt::DecorationRole: {
         const ui::Picture& picture = cell(index).picture;
         return picture ? QVariant(pictureIcon(picture)) : QVariant();

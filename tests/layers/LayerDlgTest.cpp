@@ -292,6 +292,36 @@ TEST_F(LayerDlg, ADoubleClickOnAnIconLeavesOneStepAndNoToggle) {
     });
 }
 
+TEST_F(LayerDlg, ADoubleClickOnAStateLeavesEveryStateAsItWas) {
+    layer(L"Doors", OdDb::kForWrite)->setIsLocked(true);
+    run([&](Hands& h) {
+        h.select({L"Walls", L"Doors", L"Used"});
+        h.cell(L"Walls", LayerColumn::lock, UserAction::Cell::doubleClick);
+        EXPECT_EQ(current(), L"Walls");
+        EXPECT_TRUE(layer(L"Doors")->isLocked());
+        EXPECT_FALSE(layer(L"Walls")->isLocked() || layer(L"Used")->isLocked());
+    });
+}
+
+TEST_F(LayerDlg, AReadOnlyDrawingIsSaidToBeOneOnce) {
+    database->setReadOnly(true);
+    const auto before = database->bytes();
+    run([&](Hands& h) {
+        h.select({L"Walls"});
+        const auto told = [&](const std::function<void()>& act) {
+            user.expectBox(L"도면이 읽기 전용이므로", "IDOK");
+            act();
+        };
+        told([&] { h.cell(L"Walls", LayerColumn::freeze); });
+        told([&] { h.cell(L"Walls", LayerColumn::transparency); });
+        told([&] { h.window.key(L"F2"); });
+        told([&] { h.window.key(L"Delete"); });
+        told([&] { h.cell(L"Doors", LayerColumn::name, UserAction::Cell::doubleClick); });
+        EXPECT_EQ(h.list.editor(), nullptr);
+    });
+    EXPECT_EQ(database->bytes(), before);
+}
+
 TEST_F(LayerDlg, FollowsEditsMadeElsewhereAndKeepsWhatWasSelected) {
     CLayerDlg dialog(database.get(), nullptr);
     CLayerInterface holder;
@@ -316,6 +346,7 @@ TEST_F(LayerDlg, FollowsEditsMadeElsewhereAndKeepsWhatWasSelected) {
     open.column = static_cast<int>(LayerColumn::name);
     ASSERT_TRUE(list.perform(open));
     layer(L"Doors", OdDb::kForWrite)->erase();
+    user.expectBox(L"편집하던 도면층이", "IDOK");
     toolkit.advance(std::chrono::milliseconds(0));
     EXPECT_EQ(list.editor(), nullptr) << "its layer is gone";
     EXPECT_EQ(list.GetItemCount(), 3);

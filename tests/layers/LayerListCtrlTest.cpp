@@ -30,6 +30,7 @@ struct LayerListTest : ListProbe, ILayerGridOwner {
     CLayerListCtrl& list = dialog.list;
     Log log;
     bool keeps = false; // the owner refuses
+    bool hides = false; // a click on an icon freezes
 
     LayerListTest() {
         rows->setDatabase(database.get());
@@ -41,7 +42,13 @@ struct LayerListTest : ListProbe, ILayerGridOwner {
         log.push_back(what + (L" " + rows->row(row).name.wstr()) + L" " + std::to_wstring(which));
     }
     void note(const wchar_t* what, int row, LayerColumn which) { note(what, row, column(which)); }
-    void OnClickListItemIcon(int row, int icon) override { note(L"icon", row, icon); }
+    void OnClickListItemIcon(int row, int icon) override {
+        note(L"icon", row, icon);
+        if (!hides) return;
+        const OdDbObjectId layer = rows->layerAt(row);
+        write(layer)->setIsFrozen(true);
+        list.LayerChanged(layer);
+    }
     void OnClickListItemIcons(int row, int icon) override { note(L"icons", row, icon); }
     void OnClickListItemColor(int row, LayerColumn c) override { note(L"color", row, c); }
     void OnClickListItemColors(int row, LayerColumn c) override { note(L"colors", row, c); }
@@ -112,6 +119,14 @@ TEST_F(LayerListTest, ClicksAskForWhatTheCellHas) {
         EXPECT_THAT(told(), ElementsAre(L"current B 0"));
         u.act("LIST", cell(2, LayerColumn::plot, tv::ui::UserAction::Cell::doubleClick));
         EXPECT_THAT(told(), ElementsAre(L"icon B 4", L"taken back", L"current B 0"));
+
+        // Its first half may take the row away: nobody meant the one that comes up there.
+        hides = true;
+        list.UpdateRows(
+            [](LayerRows& all) { all.setFilter([](const T_LAYER_DATA& at) { return !at.frozen; }); });
+        u.act("LIST", cell(2, LayerColumn::freeze, tv::ui::UserAction::Cell::doubleClick));
+        EXPECT_THAT(told(), ElementsAre(L"icon B 2"));
+        EXPECT_EQ(list.selection(), tv::ui::RowSet{2});
     });
 }
 
@@ -124,15 +139,19 @@ TEST_F(LayerListTest, KeysReachEveryCell) {
             u.key(L"Right");
         u.key(L"Space");
         u.key(L"F2");
-        u.key(L"Right");
+        EXPECT_EQ(list.editorColumn(), column(LayerColumn::name)) << "a state has nothing to edit";
+        u.key(L"Escape");
+        u.act("LIST", cell(1, LayerColumn::color));
         u.key(L"Right");
         u.key(L"Enter");
-        EXPECT_THAT(told(), ElementsAre(L"icon A 3", L"icon A 3", L"linetype A 6"));
+        EXPECT_THAT(told(), ElementsAre(L"icon A 3", L"name A 0", L"color A 5", L"linetype A 6"));
         EXPECT_TRUE(dialog.running()) << "Enter is the cell's";
         u.key(L"Delete");
         EXPECT_EQ(deleted, 1);
         u.key(L"d");
         EXPECT_EQ(list.GetCurSel(), 4) << "typing finds names, whatever column stands first";
+        u.key(L"Space");
+        EXPECT_THAT(told(), IsEmpty()) << "a space that was typed to find";
         // Moving on leaves one row selected, also from a state among several selected rows.
         u.selectRows("LIST", tv::ui::RowSet::range(0, 4));
         u.key(L"Down");

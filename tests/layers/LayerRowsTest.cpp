@@ -226,6 +226,8 @@ TEST_F(LayerRowsTest, CellsSayWhatTheyShow) {
     EXPECT_EQ(cell.text, L"켜짐");
     EXPECT_NE(cell.picture, rows.cell(1, column(LayerColumn::freeze)).picture);
     EXPECT_EQ(text(1, LayerColumn::color), L"Color_30");
+    EXPECT_EQ(text(0, LayerColumn::color), L"Color_7");
+    EXPECT_NE(rows.cell(0, column(LayerColumn::color)).hint, L"") << "what that is called";
     EXPECT_EQ(text(1, LayerColumn::transparency), L"35");
     EXPECT_EQ(text(0, LayerColumn::status), L"현재 도면층");
     EXPECT_TRUE(rows.cell(1, column(LayerColumn::linetype)).picture);
