@@ -11,6 +11,7 @@
 #include "platform/drawing/OdDbLayerTable.h"
 #include "platform/host/TavoInterfaces.h"
 #include "platform/text/Format.h"
+#include "platform/text/MessageManager.h"
 #include "platform/text/ResourceString.h"
 
 #include <unordered_set>
@@ -112,7 +113,17 @@ void CLayerDlg::SetText() {
     m_cancel.SetWindowText(VORD_ResourceString("IDS_MGD_COMMON_CANCEL", L"취소"));
 }
 
+// One that stays open sees the language change.
+void CLayerDlg::languageChanged() {
+    if (!created()) return;
+    SetText();
+    m_list.SetHeadings();
+    OnLayerFilterModifed();
+    showCurrentLine();
+}
+
 void CLayerDlg::InitCtrl() {
+    m_languageHandle = VORD_MSGFunction::onLanguageChanged([this] { languageChanged(); });
     m_search.SetLimitText(1000);
     m_list.SetRows(m_rows);
     m_list.RememberColumns(settings());

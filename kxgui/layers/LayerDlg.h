@@ -14,6 +14,7 @@
 #include "platform/toolkit/Menu.h"
 #include "platform/toolkit/Static.h"
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -163,6 +164,7 @@ class KXGUI_EXPORT CLayerDlg : public VORDRunDlg, private ILayerGridOwner {
     void showFilter();
     void readFilters();
     void changed(const kx::layers::LayerWatcher::Changes& changes);
+    void languageChanged();
     void showCurrentLine();
     void showFilterLine();
     void showState();
@@ -183,6 +185,7 @@ class KXGUI_EXPORT CLayerDlg : public VORDRunDlg, private ILayerGridOwner {
     EN_LAYER_CALLBACK m_callback = kLayerCallbackNone;
     bool m_toggledLast = false; // the last write was a click on an icon
     tv::ui::Timer m_tell;
+    std::shared_ptr<void> m_languageHandle;
 
     CStatic m_currentLine{*this, "IDC_LAYER_CURRENT_LINE"};
     CButton m_new{*this, "IDC_LAYER_NEW"};

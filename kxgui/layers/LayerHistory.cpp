@@ -24,3 +24,8 @@ void DBIntegrationManager_ZEL::OnCleanupAndReturn_ExecuteCommand() {
 
 void CIsLayerModifed::setModifiedFromDlg(bool modified) { modifiedFromDlg = modified; }
 bool CIsLayerModifed::isModifiedFromDlg() { return modifiedFromDlg; }
+
+void kx::layers::layersWritten(const OdDbDatabasePtr& database) {
+    CIsLayerModifed::setModifiedFromDlg(true);
+    tvedRedraw(database);
+}

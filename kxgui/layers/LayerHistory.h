@@ -23,3 +23,10 @@ class KXGUI_EXPORT CIsLayerModifed {
     static void setModifiedFromDlg(bool modified);
     static bool isModifiedFromDlg();
 };
+
+namespace kx::layers {
+
+// After a write of another dialog of the layer manager, which made an undo record of its own.
+void layersWritten(const OdDbDatabasePtr& database);
+
+} // namespace kx::layers

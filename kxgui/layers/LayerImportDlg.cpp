@@ -3,6 +3,7 @@
 #include "kxgui/frame/Templates.h"
 #include "kxgui/layers/LayerBoxes.h"
 #include "kxgui/layers/LayerCsvFields.h"
+#include "kxgui/layers/LayerHistory.h"
 #include "kxgui/layers/LayerTexts.h"
 #include "platform/text/Format.h"
 #include "platform/text/ResourceString.h"
@@ -184,6 +185,9 @@ bool CLayerImportDlg::PreTranslateMessage(const tv::ui::KeyEvent& key) {
 int CLayerImportDlg::Dlg2Data() {
     if (!m_read || !m_database) return 0;
     const tv::Problem problem = applyLayerImport(*m_database, m_plan, m_skip.GetCheck() != 0);
-    if (problem) warn(this, {GetWindowText(), problem.sentence});
+    if (problem)
+        warn(this, {GetWindowText(), problem.sentence});
+    else
+        layersWritten(m_database);
     return problem ? 0 : 1;
 }

@@ -52,8 +52,10 @@ void CLayerListCtrl::SetHeadings() {
     const auto texts = kx::layers::layerColumns();
     std::vector<tv::ui::ListColumn> now = columns();
     const auto order = layout().order();
-    for (std::size_t column = 0; column < std::min(now.size(), texts.size()); ++column)
+    for (std::size_t column = 0; column < std::min(now.size(), texts.size()); ++column) {
         now[column].title = texts[column].title;
+        now[column].hint = texts[column].hint;
+    }
     SetColumns(std::move(now));
     SetColumnOrder(order);
 }

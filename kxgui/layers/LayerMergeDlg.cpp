@@ -3,6 +3,7 @@
 #include "kxgui/frame/Messages.h"
 #include "kxgui/frame/Templates.h"
 #include "kxgui/layers/LayerBoxes.h"
+#include "kxgui/layers/LayerHistory.h"
 #include "platform/drawing/NameReferences.h"
 #include "platform/drawing/OdDbLayerTable.h"
 #include "platform/text/Format.h"
@@ -87,6 +88,9 @@ int CLayerMergeDlg::Dlg2Data() {
         static_cast<int>(tv::dwg::countEntitiesNaming(m_layers)));
     if (!confirm(this, {caption, question})) return 0;
     m_result = mergeLayers(*m_database, m_layers, m_target);
-    if (m_result.problem) warn(this, {caption, m_result.problem.sentence});
+    if (m_result.problem)
+        warn(this, {caption, m_result.problem.sentence});
+    else
+        layersWritten(m_database);
     return m_result.problem ? 0 : 1;
 }

@@ -4,6 +4,7 @@
 #include "kxgui/frame/Templates.h"
 #include "kxgui/layers/LayerBoxes.h"
 #include "kxgui/layers/LayerCsvFields.h"
+#include "kxgui/layers/LayerHistory.h"
 #include "kxgui/layers/LayerStateEdits.h"
 #include "kxgui/layers/LayerTexts.h"
 #include "platform/text/Collation.h"
@@ -212,10 +213,12 @@ void CLayerStatesDlg::restore() {
     const std::wstring name = selectedName();
     if (!m_database || name.empty() || m_database->isReadOnly()) return;
     const int wanted = mask();
-    if (written(
+    if (!written(
             restoreState(*m_database, name, {wanted, m_othersOff.GetCheck() != 0, m_current.GetCheck() != 0}),
             name))
-        setMask(wanted);
+        return;
+    setMask(wanted);
+    layersWritten(m_database);
 }
 
 void CLayerStatesDlg::compare() {

@@ -2,11 +2,16 @@
 #include "kxgui/controls/InPlaceEdit.h"
 #include "kxgui/layers/LayerHistory.h"
 #include "kxgui/layers/LayerNameRules.h"
+#include "kxgui/layers/LayerTransparencyDlg.h"
 #include "platform/drawing/LayerFilters.h"
+#include "platform/drawing/LayerOverrides.h"
 #include "platform/drawing/OdDbLayerTable.h"
 #include "platform/drawing/entities/NewEntity.h"
 #include "platform/host/TavoSysvarManager.h"
+#include "platform/text/MessageManager.h"
+#include "tests/layers/LayerDrawing.h"
 #include "tests/support/HeadlessTest.h"
+#include "tests/text/TempFolder.h"
 
 #include <gmock/gmock.h>
 
@@ -303,6 +308,51 @@ TEST_F(LayerDlg, ADoubleClickOnAStateLeavesEveryStateAsItWas) {
     });
 }
 
+TEST_F(LayerDlg, WhatAViewportShowsIsSetRemovedAndUndone) {
+    database = layerDrawing::fromTags(
+        "0|SECTION|2|HEADER|9|$ACADVER|1|AC1032|9|$HANDSEED|5|100|9|$TILEMODE|70|0|0|ENDSEC|0|SECTION|2|TABLES|"
+        "0|"
+        "TABLE|2|LAYER|5|2|330|0|100|AcDbSymbolTable|70|2|0|LAYER|5|10|330|2|100|AcDbSymbolTableRecord|100|"
+        "AcDbLayerTableRecord|2|0|70|0|62|7|6|Continuous|0|LAYER|5|11|330|2|100|AcDbSymbolTableRecord|100|"
+        "AcDbLayerTableRecord|2|Wall|70|0|62|3|6|Continuous|0|ENDTAB|0|ENDSEC|0|SECTION|2|ENTITIES|0|VIEWPORT|"
+        "5|20|"
+        "330|1F|100|AcDbEntity|67|1|8|0|100|AcDbViewport|10|0.0|20|0.0|30|0.0|40|1.0|41|1.0|69|2|0|ENDSEC|0|"
+        "EOF|");
+    ASSERT_TRUE(database);
+    const OdDbObjectId viewport = database->getOdDbObjectId(0x20), wall = layerId(L"Wall");
+    const auto before = database->bytes();
+    run([&](Hands& h) {
+        const auto shows = [&](LayerColumn column) {
+            return h.list.cellText(h.row(L"Wall"), static_cast<int>(column));
+        };
+        EXPECT_TRUE(h.list.layout().at(static_cast<int>(LayerColumn::vpColor)).visible);
+        h.cell(L"Wall", LayerColumn::vpFreeze);
+        h.cell(L"Wall", LayerColumn::newVpFreeze);
+        user.expect<CLayerTransparencyDlg>([](auto& box) {
+            box.type("IDC_LAYERTRANSPARENCY_VALUE", L"40");
+            box.click("IDOK");
+        });
+        h.cell(L"Wall", LayerColumn::vpTransparency);
+        EXPECT_EQ(shows(LayerColumn::vpFreeze), L"이 뷰포트에서 동결됨");
+        EXPECT_EQ(shows(LayerColumn::newVpFreeze), L"새 뷰포트에서 동결");
+        EXPECT_EQ(shows(LayerColumn::vpTransparency), L"40");
+        EXPECT_EQ(shows(LayerColumn::transparency), L"0");
+        EXPECT_FALSE(layer(L"Wall")->isFrozen());
+        EXPECT_TRUE(tv::dwg::overridesOf(wall, viewport).transparency);
+        h.window.key(L"Ctrl+Z");
+        EXPECT_EQ(shows(LayerColumn::vpTransparency), L"0");
+        h.window.key(L"Ctrl+Y");
+        h.select({L"Wall"});
+        static_cast<CLayerDlg&>(h.window.dialog()).OnClickListMenu_REMOVEOVERRIDES();
+        EXPECT_EQ(shows(LayerColumn::vpTransparency), L"0");
+        EXPECT_EQ(shows(LayerColumn::vpFreeze), L"이 뷰포트에서 동결됨") << "that is no override";
+    });
+    EXPECT_FALSE(tv::dwg::hasOverrides(wall));
+    for (int step = 0; step < 4; ++step)
+        EXPECT_TRUE(database->undoName() == L"_LAYER" && database->undo());
+    EXPECT_EQ(database->bytes(), before);
+}
+
 TEST_F(LayerDlg, AReadOnlyDrawingIsSaidToBeOneOnce) {
     database->setReadOnly(true);
     const auto before = database->bytes();
@@ -368,6 +418,28 @@ TEST_F(LayerDlg, FollowsEditsMadeElsewhereAndKeepsWhatWasSelected) {
     toolkit.advance(std::chrono::milliseconds(0));
     EXPECT_EQ(list.GetItemCount(), 0);
     EXPECT_FALSE(dialog.GetDlgItem("IDC_LAYER_NEW")->IsWindowEnabled());
+}
+
+TEST_F(LayerDlg, OneThatStaysOpenFollowsTheLanguage) {
+    const TempFolder folder;
+    folder.write("a_en.ini", "IDS_LAYERDLG_0 = Layers\nIDS_ZEL_MANAGED_UI_LAYER_41 = Name\n"
+                             "IDS_ZEL_MANAGED_UI_LAYER_51 = Current\nIDS_ZEL_MANAGED_UI_LAYERFILTER_1 = All\n");
+    VORD_MSGFunction::AddFileBase(folder.path / "a");
+    CLayerDlg dialog(database.get(), nullptr);
+    ASSERT_TRUE(dialog.Create());
+    auto& list = static_cast<CLayerListCtrl&>(*dialog.GetDlgItem("IDC_LAYER_LIST"));
+    list.SetColumnWidth(static_cast<int>(LayerColumn::name), 77);
+    list.SelectLayers({layerId(L"Doors")});
+    VORD_MSGFunction::SetCurrentLanguageId(1033);
+    ASSERT_TRUE(VORD_MSGFunction::LoadFile());
+    EXPECT_EQ(dialog.GetWindowText(), L"Layers");
+    const auto& name = list.columns()[static_cast<int>(LayerColumn::name)];
+    EXPECT_EQ(name.title, L"Name");
+    EXPECT_EQ(name.width, 77);
+    EXPECT_THAT(list.SelectedLayers(), ElementsAre(layerId(L"Doors")));
+    EXPECT_EQ(dialog.GetDlgItem("IDC_LAYER_CURRENT_LINE")->GetWindowText(), L"Current : 0");
+    EXPECT_THAT(dialog.GetDlgItem("IDC_LAYER_FILTER_LINE")->GetWindowText(), HasSubstr(L"All: "));
+    VORD_MSGFunction::Reset();
 }
 
 TEST_F(LayerDlg, FiltersChooseWhatIsShownAndActOnAllOfIt) {
