@@ -57,11 +57,14 @@ CLayerDlg::CLayerDlg(OdDbDatabase* database, CWnd* parent)
     m_tree.onFilterDoubleClick = [this](int) { OnClickTreeMenu_PROPERTIES(); };
     m_drop.draggedLayers = [this] { return m_list.SelectedLayers(); };
     m_drop.onDropLayers = [this](int node, const std::vector<OdDbObjectId>& layers) {
-        answered(addLayers(*m_database, m_filters, node, layers));
+        answered(addLayers(*m_database, m_filters, node, layers), false);
     };
     m_list.SetOwner(this);
     m_list.onDelete = [this] { OnBtnLayerDelete(); };
-    m_list.onSelChange = [this] { showState(); };
+    m_list.onSelChange = [this] {
+        m_chosen.clear();
+        showState();
+    };
     m_list.onContextMenu = [this](int, int column) { m_list.ShowMenu(listMenu(column)); };
     m_list.onBeginDrag = [this] { return !m_list.selection().empty(); };
 }
@@ -150,6 +153,7 @@ int CLayerDlg::Dlg2Data() {
 }
 
 void CLayerDlg::OnDestroy() {
+    m_tell.cancel();
     m_watcher.watch(nullptr);
     m_list.UpdateRows([](LayerRows& rows) { rows.setDatabase(nullptr); });
     VORDRunDlg::OnDestroy();
@@ -199,13 +203,15 @@ bool CLayerDlg::PreTranslateMessage(const tv::ui::KeyEvent& key) {
 
 void CLayerDlg::OnReInit() {
     m_watcher.watch(m_database.get());
+    m_chosen.clear();
     readFilters();
     m_list.UpdateRows([this](LayerRows& rows) {
         rows.setDatabase(nullptr); // so that one pass is enough for all
         rows.setFilter(chosenFilter());
         rows.setDatabase(m_database.get());
     });
-    SetActiveDlg(true);
+    m_list.SetViewport(m_database ? activeLayerViewport(m_database) : OdDbObjectId());
+    if (m_filters.asksForViewport(m_tree.selectedNode())) showFilter();
     showFilterLine();
     selectCurrent();
     showCurrentLine();
@@ -350,15 +356,18 @@ bool CLayerDlg::UpdateLayers(std::vector<LayerUpdate>& updates) {
     m_toggledLast = false;
     if (updates.empty()) return true;
     if (!m_database) return false;
+    const Tavo::ErrorStatus status = write(updates);
+    if (status != Tavo::eOk) warn(this, notWrittenBox(*m_database, status));
+    return status == Tavo::eOk;
+}
+
+Tavo::ErrorStatus CLayerDlg::write(std::vector<LayerUpdate>& updates) {
+    m_toggledLast = false;
     DBIntegrationManager_ZEL history;
     history.OnStartUndoRecord(m_database);
     const Tavo::ErrorStatus status = writeLayers(*m_database, updates, m_rows->viewport());
     history.OnCleanupAndReturn_ExecuteCommand();
     m_watcher.deliver();
-    if (status != Tavo::eOk) {
-        warn(this, notWrittenBox(*m_database, status));
-        return false;
-    }
-    CIsLayerModifed::setModifiedFromDlg(true);
-    return true;
+    if (status == Tavo::eOk) CIsLayerModifed::setModifiedFromDlg(true);
+    return status;
 }

@@ -98,6 +98,7 @@ class KXGUI_EXPORT CLayerDlg : public VORDRunDlg, private ILayerGridOwner {
     void OnClickTreeMenu_RENAME();
     void OnClickTreeMenu_DELETE();
     void OnClickTreeMenu_PROPERTIES();
+    // The layers that are, or were when the filter was chosen, selected in the grid.
     void OnClickTreeMenu_ADD();
     void OnClickTreeMenu_SUBSTITUTE();
     void OnClickTreeMenu_REMOVE();
@@ -169,12 +170,18 @@ class KXGUI_EXPORT CLayerDlg : public VORDRunDlg, private ILayerGridOwner {
     void showFilterLine();
     void showState();
     void selectCurrent();
-    bool answered(const kx::layers::FilterAnswer& answer);
+    // `show`: the filter it was about is chosen.
+    bool answered(const kx::layers::FilterAnswer& answer, bool show = true);
     // Runs it on a filter, -1 for a new one.
     bool editFilter(CLayerFilterDlg& dialog, int parent, int node);
+    // The layers a group filter is to take: the selected ones, also those the filter that was chosen since
+    // doesn't show.
+    std::vector<OdDbObjectId> chosenLayers() const;
+    std::vector<tv::ui::MenuItem> groupMenu();
     bool writable() const;
     // The same, and the person is told why not.
     bool mayWrite();
+    Tavo::ErrorStatus write(std::vector<kx::layers::LayerUpdate>& updates);
 
     OdDbDatabasePtr m_database;
     kx::layers::LayerFilterTree m_filters;
@@ -186,6 +193,7 @@ class KXGUI_EXPORT CLayerDlg : public VORDRunDlg, private ILayerGridOwner {
     bool m_toggledLast = false; // the last write was a click on an icon
     tv::ui::Timer m_tell;
     std::shared_ptr<void> m_languageHandle;
+    std::vector<OdDbObjectId> m_chosen; // what was selected when another filter was chosen
 
     CStatic m_currentLine{*this, "IDC_LAYER_CURRENT_LINE"};
     CButton m_new{*this, "IDC_LAYER_NEW"};

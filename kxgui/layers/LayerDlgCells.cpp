@@ -5,6 +5,7 @@
 #include "kxgui/layers/LayerBoxes.h"
 #include "kxgui/layers/LayerDlg.h"
 #include "kxgui/layers/LayerRecord.h"
+#include "kxgui/layers/LayerTexts.h"
 #include "kxgui/layers/LayerTransparencyDlg.h"
 #include "platform/drawing/OdDbDictionary.h"
 #include "platform/drawing/OdDbLinetypeTable.h"
@@ -77,14 +78,6 @@ unsigned overrideField(LayerColumn column) {
     }
 }
 
-// A menu shows '&' only when it is written twice.
-std::wstring menuTextOf(std::wstring_view name) {
-    std::wstring out;
-    for (const wchar_t c : name)
-        out.append(c == L'&' ? 2 : 1, c);
-    return out;
-}
-
 bool ofViewport(LayerColumn column) {
     return column >= LayerColumn::vpFreeze && column <= LayerColumn::vpPlotStyle;
 }
@@ -97,7 +90,7 @@ void CLayerDlg::OnClickListItemIcon(int row, int icon) { toggle({row}, row, icon
 void CLayerDlg::OnClickListItemIcons(int row, int icon) { toggle(selectedRows(), row, icon); }
 
 void CLayerDlg::toggle(const Rows& rows, int clicked, int icon) {
-    if (icon < 1 || icon > 6 || !mayWrite()) return;
+    if (icon < 1 || icon > 6) return;
     const unsigned field = kIconFields[icon];
     m_toggledLast = setStates(layersOf(rows), field, !stateOf(m_rows->row(clicked), field));
 }
@@ -110,7 +103,7 @@ void CLayerDlg::OnTakeBackListItem() {
 }
 
 bool CLayerDlg::setStates(const std::vector<OdDbObjectId>& layers, unsigned field, bool value) {
-    if (!m_database) return false;
+    if (!mayWrite()) return false;
     const OdDbObjectId current = currentLayer(*m_database);
     std::vector<LayerUpdate> updates;
     updates.reserve(layers.size());
@@ -254,7 +247,7 @@ void CLayerDlg::choosePlotStyle(const Rows& rows, int clicked, LayerColumn colum
         const OdString name = entry->name();
         const OdDbObjectId style = entry->objectId();
         tv::ui::MenuItem& item = menu.emplace_back();
-        item.text = menuTextOf(name.wstr());
+        item.text = literalMenuText(name.view());
         item.checked = vp ? layer.vp.plotStyle == style : layer.plotStyle == name;
         item.run = [this, layers, vp, name, style] {
             writeCells(layers, vp ? kLayerViewport : kLayerProperty, vp ? kFieldVpPlotStyle : kFieldPlotStyle,

@@ -9,25 +9,35 @@
 #include "platform/host/TavoSelection.h"
 #include "platform/text/ResourceString.h"
 
+#include <algorithm>
 #include <unordered_set>
 
 using namespace kx::layers;
 using Kind = LayerFilterTree::Kind;
 
-bool CLayerDlg::answered(const FilterAnswer& answer) {
+bool CLayerDlg::answered(const FilterAnswer& answer, bool show) {
     if (!answer) {
         MessageDlg(this, answer.refusal.c_str(), GetWindowText().c_str(), 0x30);
         return false;
     }
     m_watcher.deliver();
-    if (const int node = m_filters.find(answer.record); node >= 0) m_tree.SelectNode(node);
+    if (const int node = m_filters.find(answer.record); show && node >= 0) m_tree.SelectNode(node);
     showFilter();
     return true;
 }
 
 void CLayerDlg::OnTreeSelChanged() {
     m_list.EndLabelEditing();
+    m_chosen = chosenLayers();
     showFilter();
+}
+
+std::vector<OdDbObjectId> CLayerDlg::chosenLayers() const {
+    std::vector<OdDbObjectId> selected = m_list.SelectedLayers();
+    if (m_chosen.size() <= selected.size()) return selected;
+    const std::unordered_set<OdDbObjectId> chosen(m_chosen.begin(), m_chosen.end());
+    const bool same = std::ranges::all_of(selected, [&](OdDbObjectId layer) { return chosen.contains(layer); });
+    return same ? m_chosen : selected;
 }
 
 bool CLayerDlg::OnTreeEndEdit(int node, const std::wstring& name) {
@@ -98,12 +108,16 @@ void CLayerDlg::OnClickTreeMenu_CONVERTTOGROUP() {
 }
 
 void CLayerDlg::OnClickTreeMenu_ADD() {
-    if (m_database) answered(addLayers(*m_database, m_filters, m_tree.selectedNode(), m_list.SelectedLayers()));
+    if (!m_database) return;
+    const std::vector<OdDbObjectId> layers = chosenLayers();
+    if (answered(addLayers(*m_database, m_filters, m_tree.selectedNode(), layers))) m_list.SelectLayers(layers);
 }
 
 void CLayerDlg::OnClickTreeMenu_SUBSTITUTE() {
-    if (m_database)
-        answered(substituteLayers(*m_database, m_filters, m_tree.selectedNode(), m_list.SelectedLayers()));
+    if (!m_database) return;
+    const std::vector<OdDbObjectId> layers = chosenLayers();
+    if (answered(substituteLayers(*m_database, m_filters, m_tree.selectedNode(), layers)))
+        m_list.SelectLayers(layers);
 }
 
 void CLayerDlg::OnClickTreeMenu_REMOVE() {
@@ -138,6 +152,7 @@ void CLayerDlg::OnClickListMenu_SELSEPERATE() {
     std::unordered_set<OdDbObjectId> layers;
     for (const OdDbObjectId id : selection->ids())
         if (const auto entity = id.open<OdDbEntity>()) layers.insert(entity->layerId());
+    m_chosen.clear();
     m_list.SelectLayers({layers.begin(), layers.end()});
     showState();
 }

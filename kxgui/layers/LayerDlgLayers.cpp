@@ -109,7 +109,8 @@ void CLayerDlg::deleteRows(const Rows& rows) {
     }
     const int selected = static_cast<int>(rows.size());
     int refused = selected;
-    if (!updates.empty() && UpdateLayers(updates)) refused -= static_cast<int>(updates.size());
+    // A batch the drawing refuses is told with the others, in one box.
+    if (!updates.empty() && write(updates) == Tavo::eOk) refused -= static_cast<int>(updates.size());
     if (refused < selected) {
         if (const int count = m_rows->rowCount(); count > 0) {
             const int next = std::min(rows.front(), count - 1);
@@ -186,7 +187,7 @@ bool CLayerDlg::CheckNameChangeEnable(int row) {
 
 bool CLayerDlg::OnEditingListItemString(int row, int column) {
     if (column == kNameCell) return CheckNameChangeEnable(row);
-    return mayWrite() && m_rows->row(row).name.view() != kRegionViewLayer;
+    return !isRegionView(m_rows->row(row).name.view()) && mayWrite();
 }
 
 // Not within the edit that took the layer away.
@@ -197,7 +198,10 @@ void CLayerDlg::OnEditedListItemGone() {
 
 bool CLayerDlg::OnEndEditListItemString(int row, int column, const std::wstring& text) {
     const T_LAYER_DATA layer = m_rows->row(row);
-    if (layer.id.isErased()) return true;
+    if (layer.id.isErased()) {
+        OnEditedListItemGone();
+        return true;
+    }
     return column == kDescriptionCell ? describe(layer, text) : rename(layer, trimmed(text));
 }
 
@@ -236,6 +240,8 @@ void CLayerDlg::OnClickListMenu_MERGE() {
             return warn(this, zeroNotMergedBox());
     if (std::ranges::find(layers, currentLayer(*m_database)) != layers.end())
         return warn(this, currentNotMergedBox());
+    if (const tv::Problem problem = canMergeAway(*m_database, layers))
+        return warn(this, {currentNotMergedBox().caption, problem.sentence});
     CLayerMergeDlg dialog(m_database, layers, this);
     if (dialog.DoModal() != IDOK) return;
     m_watcher.deliver();
@@ -247,6 +253,7 @@ void CLayerDlg::OnClickListMenu_MERGE() {
 // --- what is selected ----------------------------------------------------------------------------------------
 
 void CLayerDlg::OnClickListMenu_SELECTALL() {
+    m_chosen.clear();
     m_list.SetSelection(tv::ui::RowSet::range(0, m_rows->rowCount() - 1));
     showState();
 }
@@ -254,6 +261,7 @@ void CLayerDlg::OnClickListMenu_SELECTALL() {
 void CLayerDlg::OnClickListMenu_EXCEPTSELECT() { OnClickListMenu_REVERSESELECT(); }
 
 void CLayerDlg::OnClickListMenu_REVERSESELECT() {
+    m_chosen.clear();
     tv::ui::RowSet rows = m_list.selection();
     rows.invert(m_rows->rowCount());
     m_list.SetSelection(std::move(rows));

@@ -2,9 +2,11 @@
 // look for a button.
 #include "kxgui/layers/LayerDlg.h"
 #include "kxgui/layers/LayerExportDlg.h"
+#include "kxgui/layers/LayerFilterEdits.h"
 #include "kxgui/layers/LayerImportDlg.h"
 #include "kxgui/layers/LayerNameRules.h"
 #include "kxgui/layers/LayerStatesDlg.h"
+#include "kxgui/layers/LayerTexts.h"
 #include "platform/text/Format.h"
 #include "platform/text/ResourceString.h"
 #include "platform/toolkit/Toolkit.h"
@@ -73,6 +75,9 @@ std::vector<MenuItem> CLayerDlg::listMenu(int column) {
     menu.push_back(
         entry(VORD_ResourceString("IDS_TAVO_LAYER_MENU_GROUPFILTER", L"선택한 도면층의 그룹 필터(&G)"),
               edit && any, [this] { OnClickListMenu_GROUPFILTER(); }));
+    if (std::vector<MenuItem> groups = groupMenu(); edit && any && !groups.empty())
+        menu.push_back(submenu(VORD_ResourceString("IDS_TAVO_LAYER_MENU_ADDTOGROUP", L"그룹 필터에 추가(&U)"),
+                               std::move(groups)));
     const auto clicked = static_cast<LayerColumn>(column);
     if (clicked >= LayerColumn::vpColor && clicked <= LayerColumn::vpPlotStyle && column >= 0)
         menu.push_back(entry(
@@ -95,10 +100,27 @@ std::vector<MenuItem> CLayerDlg::listMenu(int column) {
     return menu;
 }
 
+// Each takes the selected layers, as dragging them onto it does.
+std::vector<MenuItem> CLayerDlg::groupMenu() {
+    std::vector<MenuItem> menu;
+    for (const LayerFilterTree::Node& node : m_filters.nodes()) {
+        if (node.kind != Kind::group) continue;
+        std::wstring text = node.text;
+        for (int at = node.parent; at > 0; at = m_filters.node(at).parent)
+            text = m_filters.node(at).text + L" > " + text;
+        menu.push_back(entry(literalMenuText(text).c_str(), true, [this, record = node.record] {
+            if (const int group = m_filters.find(record); m_database && group >= 0)
+                answered(addLayers(*m_database, m_filters, group, m_list.SelectedLayers()), false);
+        }));
+    }
+    return menu;
+}
+
 std::vector<MenuItem> CLayerDlg::treeMenu() {
     const LayerFilterTree::Node& node = m_filters.node(m_tree.selectedNode());
     const bool edit = writable(), own = edit && node.own();
-    const bool group = edit && node.kind == Kind::group, rows = !m_list.selection().empty();
+    const bool group = edit && node.kind == Kind::group, rows = !m_list.selection().empty(),
+               chosen = !chosenLayers().empty();
     const auto action = [&](const wchar_t* text, std::function<void()> run) {
         return entry(text, edit, std::move(run));
     };
@@ -136,9 +158,9 @@ std::vector<MenuItem> CLayerDlg::treeMenu() {
                          own && node.kind == Kind::property, [this] { OnClickTreeMenu_PROPERTIES(); }));
     menu.push_back(MenuItem::separator());
     menu.push_back(entry(VORD_ResourceString("IDS_TAVO_LAYER_TREE_ADD", L"선택한 도면층 추가(&A)"),
-                         group && rows, [this] { OnClickTreeMenu_ADD(); }));
+                         group && chosen, [this] { OnClickTreeMenu_ADD(); }));
     menu.push_back(entry(VORD_ResourceString("IDS_TAVO_LAYER_TREE_SUBSTITUTE", L"선택한 도면층으로 대체(&S)"),
-                         group && rows, [this] { OnClickTreeMenu_SUBSTITUTE(); }));
+                         group && chosen, [this] { OnClickTreeMenu_SUBSTITUTE(); }));
     menu.push_back(entry(VORD_ResourceString("IDS_TAVO_LAYER_TREE_REMOVE", L"선택한 도면층 빼기(&M)"),
                          group && rows, [this] { OnClickTreeMenu_REMOVE(); }));
     return menu;

@@ -42,10 +42,13 @@ LayerTextFault checkLayerName(const OdDbDatabase& database, std::wstring_view na
 }
 
 bool mayRename(const T_LAYER_DATA& layer) {
-    return !isLayerZero(layer.name.view()) && layer.name.view() != kRegionViewLayer && !layer.xref;
+    return !isLayerZero(layer.name.view()) && !isRegionView(layer.name.view()) && !layer.xref;
 }
 
 bool isLayerZero(std::wstring_view name) { return name == L"0"; }
+
+// Tables find layers without regard to letter case.
+bool isRegionView(std::wstring_view name) { return tv::text::equalNoCase(name, kRegionViewLayer); }
 
 OdString newLayerName(const OdDbDatabase& database) {
     const OdString base = VORD_ResourceString("IDS_ZEL_MANAGED_UI_LAYER_12", L"도면층").c_str();

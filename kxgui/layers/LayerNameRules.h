@@ -32,6 +32,7 @@ KXGUI_EXPORT LayerTextFault checkLayerName(const OdDbDatabase& database, std::ws
 // Layer 0, the region view's and those of external references keep their names.
 KXGUI_EXPORT bool mayRename(const T_LAYER_DATA& layer);
 bool isLayerZero(std::wstring_view name);
+bool isRegionView(std::wstring_view name);
 
 // "도면층1", "도면층2", ... in the current language: the first that the table doesn't have. Without a table the
 // bare word.

@@ -26,4 +26,11 @@ std::wstring layerColumnText(LayerColumn column) {
     return layerColumns()[static_cast<std::size_t>(column)].title;
 }
 
+std::wstring literalMenuText(std::wstring_view name) {
+    std::wstring out;
+    for (const wchar_t c : name)
+        out.append(c == L'&' ? 2 : 1, c);
+    return out;
+}
+
 } // namespace kx::layers

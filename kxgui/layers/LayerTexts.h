@@ -15,5 +15,7 @@ KXGUI_EXPORT std::wstring layerColorText(const OdCmColor& color, std::wstring_vi
 KXGUI_EXPORT std::wstring layerWeightText(OdDb::LineWeight weight);
 // The heading of a column of the layer manager.
 KXGUI_EXPORT std::wstring layerColumnText(LayerColumn column);
+// A name as a menu shows it, in which '&' marks letters otherwise.
+KXGUI_EXPORT std::wstring literalMenuText(std::wstring_view name);
 
 } // namespace kx::layers

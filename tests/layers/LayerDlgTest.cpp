@@ -474,3 +474,63 @@ TEST_F(LayerDlg, FiltersChooseWhatIsShownAndActOnAllOfIt) {
         EXPECT_TRUE(h.shown().empty());
     });
 }
+
+TEST_F(LayerDlg, LayersComeIntoGroupsWithoutAMouse) {
+    run([&](Hands& h) {
+        h.window.click("IDC_LAYER_NEW_GROUP");
+        h.window.key(L"Escape");
+        UserAction tree;
+        tree.kind = UserAction::Kind::treeSelect;
+        tree.path = {L"모두"};
+        h.window.act("IDC_LAYER_TREE", tree);
+        h.select({L"Walls", L"Doors"});
+        UserAction openMenu;
+        openMenu.kind = UserAction::Kind::cell;
+        openMenu.cell = UserAction::Cell::menu;
+        openMenu.row = h.row(L"Walls");
+        openMenu.column = 1;
+        h.window.act("IDC_LAYER_LIST", openMenu);
+        menu(h.window, "IDC_LAYER_LIST", {L"그룹 필터에 추가", L"그룹 필터1"});
+        EXPECT_EQ(h.shown().size(), 4u) << "what is shown stays";
+        EXPECT_EQ(h.list.selection().count(), 2);
+
+        // Add in the group's own menu takes what was selected before the group was.
+        h.select({L"Used", L"Doors"});
+        UserAction groupMenu;
+        groupMenu.kind = UserAction::Kind::treeMenu;
+        groupMenu.path = {L"모두", L"그룹 필터1"};
+        h.window.act("IDC_LAYER_TREE", groupMenu);
+        EXPECT_THAT(h.shown(), ElementsAre(L"Walls", L"Doors"));
+        menu(h.window, "IDC_LAYER_TREE", {L"선택한 도면층 추가"});
+        EXPECT_THAT(h.shown(), ElementsAre(L"Walls", L"Doors", L"Used"));
+        EXPECT_EQ(h.list.selection().count(), 2);
+
+        h.select({L"Walls"});
+        h.window.act("IDC_LAYER_TREE", groupMenu);
+        menu(h.window, "IDC_LAYER_TREE", {L"선택한 도면층으로 대체"});
+        EXPECT_THAT(h.shown(), ElementsAre(L"Walls"));
+    });
+}
+
+TEST_F(LayerDlg, TheColumnsOfAViewportGoWithItsDrawing) {
+    const auto viewport = [](const char* handle, const char* number) {
+        return std::string("0|VIEWPORT|5|") + handle +
+               "|330|1F|100|AcDbEntity|67|1|8|0|100|AcDbViewport|10|0.0|20|0.0|30|0.0|40|1.0|41|1.0|68|" +
+               number + "|69|" + number + "|";
+    };
+    const auto sheet = layerDrawing::fromTags("0|SECTION|2|HEADER|9|$ACADVER|1|AC1032|9|$TILEMODE|70|0|0|"
+                                              "ENDSEC|0|SECTION|2|TABLES|0|TABLE|2|LAYER|5|2|330|"
+                                              "0|100|AcDbSymbolTable|70|1|0|LAYER|5|10|330|2|100|"
+                                              "AcDbSymbolTableRecord|100|AcDbLayerTableRecord|2|0|70|0|62|"
+                                              "7|6|Continuous|0|ENDTAB|0|ENDSEC|0|SECTION|2|ENTITIES|" +
+                                              viewport("20", "1") + viewport("21", "2") + "0|ENDSEC|0|EOF|");
+    ASSERT_EQ(sheet->setActiveViewport(sheet->getOdDbObjectId(0x21)), Tavo::eOk);
+    CLayerDlg dialog(sheet.get(), nullptr);
+    ASSERT_TRUE(dialog.Create());
+    auto& list = static_cast<CLayerListCtrl&>(*dialog.GetDlgItem("IDC_LAYER_LIST"));
+    const auto shown = [&] { return list.columns()[static_cast<std::size_t>(LayerColumn::vpFreeze)].visible; };
+    EXPECT_TRUE(shown());
+    dialog.OnDatabaseChanged();
+    EXPECT_EQ(list.GetItemCount(), 4);
+    EXPECT_FALSE(shown());
+}
