@@ -13,9 +13,9 @@
 #include "platform/text/Unicode.h"
 #include "platform/toolkit/headless/HeadlessToolkit.h"
 #ifdef BENCH_QT
+#include "bench/BareTable.h"
 #include "qt/QtToolkit.h"
 
-#include <QAbstractTableModel>
 #include <QApplication>
 #include <QTableView>
 #endif
@@ -32,6 +32,9 @@ namespace {
 constexpr int rounds = 7; // in turns, the best of each
 constexpr int toggled = 10'000;
 constexpr int rowsInView = 30;
+#ifdef BENCH_QT
+constexpr int columnsShown = 13; // while no viewport is active
+#endif
 
 volatile std::size_t g_result; // something the optimiser can't see through
 
@@ -129,15 +132,6 @@ void measureSearch(bench::Report& report, OdDbDatabase& database) {
 }
 
 #ifdef BENCH_QT
-struct BareModel : QAbstractTableModel {
-    int rows = 0;
-    int rowCount(const QModelIndex& = {}) const override { return rows; }
-    int columnCount(const QModelIndex& = {}) const override { return 13; }
-    QVariant data(const QModelIndex& index, int role) const override {
-        return role == Qt::DisplayRole ? QString::number(index.row()) : QVariant();
-    }
-};
-
 // Windows stay up between the rounds on both sides: what a window of its own costs has nothing to do with rows.
 void measureWindow(bench::Report& report, const QtToolkit& toolkit, OdDbDatabase& database, int layers) {
     double ours = 1e9, bare = 1e9;
@@ -150,8 +144,7 @@ void measureWindow(bench::Report& report, const QtToolkit& toolkit, OdDbDatabase
     for (int i = 0; i < rounds; ++i) {
         QApplication::processEvents();
         best(bare, [&] {
-            BareModel model;
-            model.rows = layers;
+            bench::BareTable model(layers, columnsShown);
             view.setModel(&model);
             QApplication::processEvents();
             g_result = static_cast<std::size_t>(view.grab().width());

@@ -15,9 +15,9 @@
 #include "platform/toolkit/ModuleChain.h"
 #include "platform/toolkit/headless/HeadlessToolkit.h"
 #ifdef BENCH_QT
+#include "bench/BareTable.h"
 #include "qt/QtToolkit.h"
 
-#include <QAbstractTableModel>
 #include <QApplication>
 #include <QFile>
 #include <QTableView>
@@ -41,6 +41,9 @@ namespace {
 
 constexpr int rounds = 7; // in turns, the best of each
 constexpr int rowsInView = 30;
+#ifdef BENCH_QT
+constexpr int columnsShown = 13; // while no viewport is active
+#endif
 constexpr int nameColumn = static_cast<int>(LayerColumn::name);
 
 double g_reading = 1e9;        // every record once
@@ -208,15 +211,6 @@ struct GridDlg : CDialog {
     CLayerListCtrl list{*this, "IDC_GRID"};
 };
 
-struct BareModel : QAbstractTableModel {
-    int rows = 0;
-    int rowCount(const QModelIndex& = {}) const override { return rows; }
-    int columnCount(const QModelIndex& = {}) const override { return 13; }
-    QVariant data(const QModelIndex& index, int role) const override {
-        return role == Qt::DisplayRole ? QString::number(index.row()) : QVariant();
-    }
-};
-
 void measureWindow(bench::Report& report, const QtToolkit& toolkit, OdDbDatabase& database, int layers) {
     double ours = 1e9, bare = 1e9;
     GridDlg dialog;
@@ -230,8 +224,7 @@ void measureWindow(bench::Report& report, const QtToolkit& toolkit, OdDbDatabase
     for (int i = 0; i < rounds; ++i) {
         QApplication::processEvents();
         best(bare, [&] {
-            BareModel model;
-            model.rows = layers;
+            bench::BareTable model(layers, columnsShown);
             view.setModel(&model);
             QApplication::processEvents();
             g_result = static_cast<std::size_t>(view.grab().width());

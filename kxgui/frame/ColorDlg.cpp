@@ -11,11 +11,6 @@ using namespace kx::frame;
 
 namespace {
 
-tv::SettingsStore* settings() {
-    auto* host = getTavoInterfaces();
-    return host ? host->settings() : nullptr;
-}
-
 // One half of the preview: the colour as a filled field, ByLayer and ByBlock as words.
 void addHalf(tv::ui::DisplayList& list, double left, const OdCmColor& color) {
     tv::ui::DrawItem item;
@@ -77,7 +72,7 @@ void CColorDlg::SetText() {
 void CColorDlg::InitCtrl() {
     for (CColorPage* page : pages())
         page->InitCtrl();
-    m_recentColors = recentColors(settings());
+    m_recentColors = recentColors(tvedSettings());
     if (!m_truePage) std::erase_if(m_recentColors, [](const OdCmColor& color) { return color.isByColor(); });
     std::vector<tv::ui::ColorCell> cells;
     for (const OdCmColor& color : m_recentColors)
@@ -124,6 +119,6 @@ int CColorDlg::Dlg2Data() {
         return 0;
     }
     m_result = m_color;
-    rememberColor(settings(), m_result);
+    rememberColor(tvedSettings(), m_result);
     return 1;
 }

@@ -21,11 +21,6 @@ using tv::ui::Key;
 
 namespace {
 
-tv::SettingsStore* settings() {
-    TavoInterfaces* host = getTavoInterfaces();
-    return host ? host->settings() : nullptr;
-}
-
 // The host owns the drawing; the watcher hears when it goes away.
 OdDbDatabasePtr borrowed(OdDbDatabase* database) { return {OdDbDatabasePtr(), database}; }
 
@@ -129,7 +124,7 @@ void CLayerDlg::InitCtrl() {
     m_languageHandle = VORD_MSGFunction::onLanguageChanged([this] { languageChanged(); });
     m_search.SetLimitText(1000);
     m_list.SetRows(m_rows);
-    m_list.RememberColumns(settings());
+    m_list.RememberColumns(tvedSettings());
 }
 
 void CLayerDlg::Data2Dlg() {

@@ -15,11 +15,6 @@ using tv::ui::Key;
 
 namespace {
 
-tv::SettingsStore* settings() {
-    TavoInterfaces* host = getTavoInterfaces();
-    return host ? host->settings() : nullptr;
-}
-
 std::wstring trimmed(const std::wstring& text) {
     const auto first = text.find_first_not_of(L' ');
     if (first == std::wstring::npos) return {};
@@ -29,7 +24,7 @@ std::wstring trimmed(const std::wstring& text) {
 } // namespace
 
 CLayerFilterDlg::CLayerFilterDlg(OdDbDatabase* database, CWnd* parent, OdDbObjectId viewport)
-    : VORDRunDlg(IDD_LAYER_FILTER, parent), m_columns(settings(), L"IDC_LAYER_FILTER_ROWS"),
+    : VORDRunDlg(IDD_LAYER_FILTER, parent), m_columns(tvedSettings(), L"IDC_LAYER_FILTER_ROWS"),
       m_model(std::make_shared<LayerFilterRows>(database)),
       m_preview(std::make_shared<LayerFilterPreview>(database, viewport)) {
     m_model->chooseColor = [this](const OdCmColor& present) -> std::optional<OdCmColor> {

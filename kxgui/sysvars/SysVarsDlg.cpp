@@ -13,17 +13,8 @@
 using namespace kx::sysvar;
 using tv::ui::Key;
 
-namespace {
-
-tv::SettingsStore* settings() {
-    TavoInterfaces* host = getTavoInterfaces();
-    return host ? host->settings() : nullptr;
-}
-
-} // namespace
-
 CSysVarsDlg::CSysVarsDlg(const OdDbDatabasePtr& database, CWnd* parent)
-    : VORDRunDlg(IDD_SYSVARS, parent), m_edits(database), m_columns(settings(), L"IDC_SYSVARS_LIST"),
+    : VORDRunDlg(IDD_SYSVARS, parent), m_edits(database), m_columns(tvedSettings(), L"IDC_SYSVARS_LIST"),
       m_model(std::make_shared<SysVarModel>(m_edits)) {
     m_model->chooseColor = [this](const OdCmColor& present, bool indexOnly) {
         return chooseColor(present, indexOnly);

@@ -38,6 +38,8 @@ OdDbDatabasePtr tvedWorkingDatabase() {
     return document ? document->database() : nullptr;
 }
 
+tv::SettingsStore* tvedSettings() { return serviceOf(&TavoInterfaces::settings); }
+
 void tvedPrint(const OdString& text) {
     if (auto* line = serviceOf(&TavoInterfaces::commandLine)) line->print(text);
 }

@@ -51,5 +51,8 @@ KXPLATFORM_EXPORT TavoInterfaces* setTavoInterfaces(TavoInterfaces* host);
 // Null when `host` is null or has no system variables.
 KXPLATFORM_EXPORT TavoSysvarManager* getSysvarManagerInterface(TavoInterfaces* host);
 
+// Where the host's dialogs keep what a person arranged; null without a host, or when it keeps nothing.
+KXPLATFORM_EXPORT tv::SettingsStore* tvedSettings();
+
 // The database of the current document; null without a host, a document, or while the main window is closing.
 KXPLATFORM_EXPORT OdDbDatabasePtr tvedWorkingDatabase();

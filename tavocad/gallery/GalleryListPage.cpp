@@ -55,11 +55,6 @@ std::vector<GalleryRows::Font> rowFonts() {
     return fonts;
 }
 
-tv::SettingsStore* settings() {
-    auto* host = getTavoInterfaces();
-    return host ? host->settings() : nullptr;
-}
-
 } // namespace
 
 // --- the list ---
@@ -81,7 +76,7 @@ bool CGalleryList::controlKey(const tv::ui::KeyEvent& key) {
 // --- the page ---
 
 CGalleryListPage::CGalleryListPage(CWnd& parent, const char* name)
-    : VORDBaseChildDlg(IDD_GALLERY_LIST, parent, name), m_memory(settings(), L"Gallery") {
+    : VORDBaseChildDlg(IDD_GALLERY_LIST, parent, name), m_memory(tvedSettings(), L"Gallery") {
     m_rowCount.LabelledBy(m_countLabel);
     m_highlight.LabelledBy(m_highlightLabel);
     m_list.LabelledBy(m_listLabel);
