@@ -149,6 +149,7 @@ int CLayerDlg::Dlg2Data() {
 
 void CLayerDlg::OnDestroy() {
     m_tell.cancel();
+    m_preparing.cancel();
     m_watcher.watch(nullptr);
     m_list.UpdateRows([](LayerRows& rows) { rows.setDatabase(nullptr); });
     VORDRunDlg::OnDestroy();
@@ -207,10 +208,19 @@ void CLayerDlg::OnReInit() {
     });
     m_list.SetViewport(m_database ? activeLayerViewport(m_database) : OdDbObjectId());
     if (m_filters.asksForViewport(m_tree.selectedNode())) showFilter();
+    prepareSearchSoon();
     showFilterLine();
     selectCurrent();
     showCurrentLine();
     showState();
+}
+
+// The first letter typed into the search box shall take no longer than the next ones.
+void CLayerDlg::prepareSearchSoon() {
+    constexpr std::chrono::milliseconds quiet(200);
+    auto* toolkit = tv::ui::Toolkit::current();
+    if (toolkit && !toolkit->postpone(m_preparing, quiet))
+        m_preparing = toolkit->after(quiet, [this] { m_rows->prepareSearch(); });
 }
 
 void CLayerDlg::OnDatabaseChanged() {
@@ -255,6 +265,7 @@ void CLayerDlg::changed(const LayerWatcher::Changes& changes) {
         if (modeless() || gone) OnDatabaseChanged();
     }
     if (!m_database) return;
+    if (changes.table || !changes.layers.empty()) prepareSearchSoon();
     if (changes.viewport) {
         SetActiveDlg(true);
         m_list.UpdateRows([](LayerRows& rows) { rows.viewportChanged(); });

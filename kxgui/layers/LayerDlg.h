@@ -166,6 +166,7 @@ class KXGUI_EXPORT CLayerDlg : public VORDRunDlg, private ILayerGridOwner {
     void readFilters();
     void changed(const kx::layers::LayerWatcher::Changes& changes);
     void languageChanged();
+    void prepareSearchSoon();
     void showCurrentLine();
     void showFilterLine();
     void showState();
@@ -187,6 +188,7 @@ class KXGUI_EXPORT CLayerDlg : public VORDRunDlg, private ILayerGridOwner {
     kx::layers::LayerFilterTree m_filters;
     std::shared_ptr<kx::layers::LayerRows> m_rows;
     kx::layers::LayerWatcher m_watcher;
+    tv::ui::Timer m_preparing;
     CLayerInterface* m_holder = nullptr;
     std::vector<OdDbObjectId> m_objects;
     EN_LAYER_CALLBACK m_callback = kLayerCallbackNone;

@@ -17,6 +17,8 @@ class KXGUI_EXPORT LayerNamePattern {
     explicit LayerNamePattern(std::wstring_view text);
 
     bool all() const { return !m_wildcards && m_plain.empty(); }
+    // The text to be found, folded as names are; empty when it is no plain one.
+    std::string_view plain() const { return m_plain; }
     // `folded` is a name as foldName gives it.
     bool fits(std::string_view folded) const;
     // No name fits this one that doesn't fit the other. False when that isn't plain to see.

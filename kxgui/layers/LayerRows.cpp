@@ -137,11 +137,28 @@ void LayerRows::applyFilter() {
 
 void LayerRows::applySearch(bool narrower) {
     if (!m_search.all()) foldNames();
+    if (!narrower && !m_search.plain().empty() && m_nameEnds.size() == m_table.size()) return findInNames();
     std::string scratch;
     for (int entry = 0; entry < static_cast<int>(m_table.size()); ++entry) {
         const std::uint8_t flags = m_flags[static_cast<std::size_t>(entry)];
         if (!(flags & kAlive) || (narrower && !(flags & kFound))) continue;
         set(entry, kFound, m_search.all() || m_search.fits(foldedName(entry, scratch)));
+    }
+}
+
+// One search through all names as if they were one text.
+void LayerRows::findInNames() {
+    const std::string_view wanted = m_search.plain();
+    for (std::uint8_t& flags : m_flags)
+        flags = static_cast<std::uint8_t>(flags & ~kFound);
+    std::size_t entry = 0;
+    for (std::size_t at = m_names.find(wanted); at != std::string::npos;) {
+        while (m_nameEnds[entry] <= at)
+            ++entry;
+        const bool within =
+            at + wanted.size() <= m_nameEnds[entry]; // else the end of one and the start of the next
+        if (within && (m_flags[entry] & kAlive)) m_flags[entry] |= kFound;
+        at = m_names.find(wanted, within ? m_nameEnds[entry] : at + 1);
     }
 }
 
@@ -287,7 +304,12 @@ OdDbObjectId LayerRows::layerAt(int row) const { return layerOf(entryOf(row)); }
 int LayerRows::rowOfLayer(OdDbObjectId layer) const {
     if (layer.isNull() || layer.database() != m_database) return -1;
     const int entry = entryOfRecord(layer.record());
-    return entry < 0 ? -1 : places()[static_cast<std::size_t>(entry)];
+    if (entry < 0) return -1;
+    if (m_order.empty() && m_places.empty()) { // in the table's order a look for one needs no places of all
+        const auto at = std::ranges::lower_bound(m_rows, entry);
+        return at != m_rows.end() && *at == entry ? static_cast<int>(at - m_rows.begin()) : -1;
+    }
+    return places()[static_cast<std::size_t>(entry)];
 }
 
 const std::vector<int>& LayerRows::places() const {

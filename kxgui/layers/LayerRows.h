@@ -43,6 +43,8 @@ class KXGUI_EXPORT LayerRows : public CInPlaceCtrlModel, private OdDbDatabaseRea
     void setFilter(Filter filter);
     // Shows those of them whose names fit (see LayerNamePattern).
     void setSearch(std::wstring_view text);
+    // Makes the names ready for searching, which else the first search does: for a moment when nobody waits.
+    void prepareSearch() const { foldNames(); }
     // Reads the table again: layers came, went or changed, or what the filter knows is another.
     void refresh();
     // Back to the order of the table.
@@ -113,6 +115,7 @@ class KXGUI_EXPORT LayerRows : public CInPlaceCtrlModel, private OdDbDatabaseRea
     void readFrozen();
     void applyFilter();
     void applySearch(bool narrower);
+    void findInNames();
     void applySort(SortedBy by);
     void showRows();
     bool set(int entry, Flag flag, bool on);
