@@ -44,6 +44,7 @@ CLayerDlg::CLayerDlg(OdDbDatabase* database, CWnd* parent)
     m_search.onChange = [this] {
         m_list.UpdateRows([this](LayerRows& rows) { rows.setSearch(m_search.GetWindowText()); });
         showFilterLine();
+        showState();
     };
     m_tree.onFilterChange = [this](int) { OnTreeSelChanged(); };
     m_tree.onFilterRename = [this](int node, const std::wstring& name) { return OnTreeEndEdit(node, name); };
@@ -155,7 +156,11 @@ void CLayerDlg::OnDestroy() {
     VORDRunDlg::OnDestroy();
 }
 
-void CLayerDlg::settle() { m_watcher.deliver(); }
+// Nobody tells when another sheet comes into view.
+void CLayerDlg::settle() {
+    m_watcher.deliver();
+    if (created()) SetActiveDlg(true);
+}
 
 void CLayerDlg::keyboardCame() {
     VORDRunDlg::keyboardCame();
@@ -169,7 +174,8 @@ bool CLayerDlg::PreTranslateMessage(const tv::ui::KeyEvent& key) {
         m_search.onChange();
         return true;
     }
-    if (GetFocus() == &m_search && plain && key.key == Key::down) {
+    // Enter goes on with what was found; it doesn't close the window.
+    if (GetFocus() == &m_search && plain && (key.key == Key::down || key.key == Key::enter)) {
         if (m_list.GetCurSel() < 0 && m_list.GetItemCount() > 0) {
             m_list.SetSelection({0});
             m_list.SetFocusCell(0, static_cast<int>(LayerColumn::name));

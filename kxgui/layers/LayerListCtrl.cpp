@@ -231,6 +231,15 @@ void CLayerListCtrl::OnDoubleClick(int row, int column) {
     if (m_owner && textOrIcon) m_owner->OnDoubleClickListItem(row);
 }
 
+// What a double click does, for the keyboard on the mark of the current layer.
+bool CLayerListCtrl::makeCurrent(int row, int column) {
+    const CLayerCellItem* item =
+        m_layers && row >= 0 && row < GetItemCount() ? m_layers->item(column) : nullptr;
+    if (!m_owner || !item || item->column() != LayerColumn::status) return false;
+    m_owner->OnDoubleClickListItem(row);
+    return true;
+}
+
 bool CLayerListCtrl::openEditor(int row, int column) {
     const std::uintptr_t key = m_layers && row >= 0 ? m_layers->rowKey(row) : 0;
     EndLabelEditing(); // which may change the rows
@@ -263,6 +272,8 @@ bool CLayerListCtrl::controlKey(const tv::ui::KeyEvent& key) {
         (void)userOpenEditor(focusRow(), nameColumn);
         return true;
     }
+    if (plain && key.key == Key::space && !typing() && acceptsUser() && makeCurrent(focusRow(), focusColumn()))
+        return true;
     const bool acts = key.key == Key::f2 || (key.key == Key::space && !typing());
     if (plain && acts && acceptsUser() && activate(focusRow(), focusColumn())) return true;
     if (plain && key.key == Key::del && onDelete) {
@@ -275,7 +286,8 @@ bool CLayerListCtrl::controlKey(const tv::ui::KeyEvent& key) {
 tv::ui::KeyRoute CLayerListCtrl::routeKey(const tv::ui::KeyEvent& key) {
     const bool plain = !key.ctrl && !key.alt && !key.shift;
     if (plain && key.key == Key::enter && !editor() && acceptsUser()) {
-        if (activate(focusRow(), focusColumn())) return tv::ui::KeyRoute::used;
+        if (activate(focusRow(), focusColumn()) || makeCurrent(focusRow(), focusColumn()))
+            return tv::ui::KeyRoute::used;
         if (hasEditor(focusRow(), focusColumn())) {
             (void)userOpenEditor(focusRow(), focusColumn());
             return tv::ui::KeyRoute::used;

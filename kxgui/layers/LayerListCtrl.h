@@ -59,6 +59,7 @@ class KXGUI_EXPORT CLayerListCtrl : public CListEditableCtrl {
 
   private:
     bool activate(int row, int column);
+    bool makeCurrent(int row, int column);
     bool setText(int row, int column, const std::wstring& text);
     void columnsChanged();
     void showViewportColumns();

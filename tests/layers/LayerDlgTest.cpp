@@ -459,6 +459,12 @@ TEST_F(LayerDlg, FiltersChooseWhatIsShownAndActOnAllOfIt) {
 
         h.window.type("IDC_LAYER_SEARCH", L"us");
         EXPECT_THAT(h.shown(), ElementsAre(L"Used"));
+        EXPECT_FALSE(h.window.dialog().GetDlgItem("IDC_LAYER_DELETE")->IsWindowEnabled())
+            << "what was selected is out of sight";
+        h.window.key(L"Enter");
+        EXPECT_TRUE(h.window.dialog().running());
+        EXPECT_THAT(h.list.SelectedLayers(), ElementsAre(layerId(L"Used"))) << "on to what was found";
+        h.window.type("IDC_LAYER_SEARCH", L"us");
         h.window.key(L"Escape");
         EXPECT_THAT(h.shown(), ElementsAre(L"0", L"Used"));
 

@@ -152,6 +152,11 @@ TEST_F(LayerListTest, KeysReachEveryCell) {
         EXPECT_EQ(list.GetCurSel(), 4) << "typing finds names, whatever column stands first";
         u.key(L"Space");
         EXPECT_THAT(told(), IsEmpty()) << "a space that was typed to find";
+        u.act("LIST", cell(2, LayerColumn::status));
+        toolkit.advance(std::chrono::seconds(2));
+        u.key(L"Space");
+        u.key(L"Enter");
+        EXPECT_THAT(told(), ElementsAre(L"current B 0", L"current B 0")) << "as a double click";
         // Moving on leaves one row selected, also from a state among several selected rows.
         u.selectRows("LIST", tv::ui::RowSet::range(0, 4));
         u.key(L"Down");
