@@ -202,6 +202,8 @@ bool CLayerDlg::OnEndEditListItemString(int row, int column, const std::wstring&
         OnEditedListItemGone();
         return true;
     }
+    // A text can come without an editor that asked before.
+    if (!OnEditingListItemString(row, column)) return false;
     return column == kDescriptionCell ? describe(layer, text) : rename(layer, trimmed(text));
 }
 

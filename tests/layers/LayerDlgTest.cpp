@@ -248,6 +248,13 @@ TEST_F(LayerDlg, ProtectedNamesDoNotOpen) {
             open.column = static_cast<int>(LayerColumn::name);
             (void)h.list.perform(open);
             EXPECT_EQ(h.list.editor(), nullptr);
+
+            // The same for a text that comes without an editor.
+            user.expectBox(L"선택한 도면층은 이름을 바꿀 수 없습니다.", "IDOK");
+            open.cell = UserAction::Cell::edit;
+            open.text = L"Other";
+            EXPECT_FALSE(h.list.perform(open));
+            EXPECT_FALSE(layerId(name).isNull());
         }
     });
 }
