@@ -1,5 +1,4 @@
 // The layer manager: what is done with filters, and with all layers of one.
-#include "kxgui/frame/Messages.h"
 #include "kxgui/layers/LayerBoxes.h"
 #include "kxgui/layers/LayerDlg.h"
 #include "kxgui/layers/LayerFilterDlg.h"
@@ -17,7 +16,7 @@ using Kind = LayerFilterTree::Kind;
 
 bool CLayerDlg::answered(const FilterAnswer& answer, bool show) {
     if (!answer) {
-        MessageDlg(this, answer.refusal.c_str(), GetWindowText().c_str(), 0x30);
+        warn(this, {GetWindowText(), answer.refusal});
         return false;
     }
     m_watcher.deliver();

@@ -1,8 +1,8 @@
 #include "kxgui/layers/LayerFilterDlg.h"
 
 #include "kxgui/frame/ColorDlg.h"
-#include "kxgui/frame/Messages.h"
 #include "kxgui/frame/Templates.h"
+#include "kxgui/layers/LayerBoxes.h"
 #include "platform/host/TavoInterfaces.h"
 #include "platform/text/Format.h"
 #include "platform/text/ResourceString.h"
@@ -199,7 +199,7 @@ int CLayerFilterDlg::Dlg2Data() {
         field = &m_text;
     }
     if (!refusal.empty()) {
-        MessageDlg(this, refusal.c_str(), GetWindowText().c_str(), 0x30);
+        warn(this, {GetWindowText(), refusal});
         field->SetFocus();
         field->SelectAll();
         return 0;

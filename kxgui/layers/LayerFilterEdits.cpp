@@ -160,7 +160,8 @@ std::wstring ValidateFilterChange(const OdDbDatabase& database, const LayerFilte
     if (std::ranges::any_of(
             name, [](wchar_t c) { return c < L' ' || kNotInNames.find(c) != std::wstring_view::npos; }))
         return tv::text::format(VORD_ResourceString("IDS_TAVO_LAYERFILTER_BAD_NAME",
-                                                    L"도면층 필터의 이름에 다음 문자를 쓸 수 없습니다: %s"),
+                                                    L"필터 이름에 유효하지 않은 문자가 있습니다.\n\n다음 "
+                                                    L"문자는 도면층 필터의 이름에 쓸 수 없습니다.\n\t%s"),
                                 std::wstring(kNotInNames));
     // The names of the fixed ones, as they are shown and as files and scripts say them.
     for (const Node& fixed : tree.nodes())

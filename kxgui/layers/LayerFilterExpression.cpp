@@ -226,6 +226,11 @@ class Reader {
         if (known == std::end(kKeywords)) {
             m_at = begin;
             skipBlanks();
+            if (m_at == m_text.size()) {
+                fail(VORD_ResourceString("IDS_TAVO_LAYERFILTER_UNFINISHED", L"필터 식이 끝나지 않았습니다.")
+                         .c_str());
+                return {};
+            }
             fail(tv::text::format(VORD_ResourceString("IDS_TAVO_LAYERFILTER_NO_PROPERTY",
                                                       L"\"%s\"은(는) 필터가 아는 도면층 특성이 아닙니다."),
                                   std::wstring(keyword.empty() ? m_text.substr(m_at, 20) : keyword)));
