@@ -66,6 +66,24 @@ def change_length_type(program):
     return types["items"][index]
 
 
+def freeze_layers(program):
+    """Freezes every layer but the current one in the layer manager, as one step."""
+    print("LAYER: the layer manager")
+    program.ask("command", name="LAYER")
+    layers = program.control("IDC_LAYER_LIST")
+    current = (layers["selection"] or [0])[0]
+    others = [row for row in range(layers["rowCount"]) if row != current]
+    if others:
+        ranges = [[0, current - 1], [current + 1, layers["rowCount"] - 1]]
+        program.ask("selectRows", control="IDC_LAYER_LIST", ranges=[r for r in ranges if r[0] <= r[1]])
+        program.ask("cell", control="IDC_LAYER_LIST", row=others[0], column=3)
+        print(f"    {len(others)} frozen or thawed")
+    program.ask("screenshot", path="4-layers.png")
+    program.ask("click", control="IDOK")
+    program.ask("screenshot", path="5-drawing-frozen.png")
+    return bool(others)
+
+
 def main():
     if len(sys.argv) != 4:
         sys.exit(__doc__)
@@ -82,7 +100,10 @@ def main():
     program.ask("screenshot", path="1-units.png")
     print(f"    length type: {change_length_type(program)}")
     program.ask("save", path=str(changed), force=True)
+    frozen = freeze_layers(program)
     print("Undo")
+    if frozen:
+        program.ask("undo")
     program.ask("undo")
     program.ask("save", path=str(undone), force=True)
     code = program.end()

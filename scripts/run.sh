@@ -1,7 +1,7 @@
 #!/bin/sh
 # Installs what is missing, builds TavoCAD and opens a drawing in it: scripts/run.sh [drawing.dxf]
-# Without a display it shows the same on Qt's offscreen platform: units are changed, undone and saved in copies, and the
-# pictures and drawings of it are put into out/.
+# Without a display it shows the same on Qt's offscreen platform: units are changed, layers frozen, both undone, the drawing
+# saved in copies, and the pictures and drawings of it are put into out/.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
 drawing=${1:-$root/samples/workshop.dxf}

@@ -9,6 +9,8 @@
 
 namespace fs = std::filesystem;
 using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
 
 namespace {
 
@@ -21,12 +23,12 @@ class Tour : public testing::Test {
     }
     ~Tour() override { fs::remove_all(folder); }
 
-    // Runs the real program on the scripted tour and answers what it wrote.
-    std::string transcript(const std::string& face) {
+    // Runs the real program on a scripted tour and answers what it wrote.
+    std::string transcript(const std::string& face, const std::string& tour = "tour") {
         const std::string command =
             "cd '" + folder.string() +
             "' && QT_QPA_PLATFORM=offscreen '" TAVOCAD_PROGRAM "' --automation --language kr --face " + face +
-            " < '" KX_SOURCE_DIR "/samples/tour.jsonl' > transcript." + face + " 2> errors." + face;
+            " < '" KX_SOURCE_DIR "/samples/" + tour + ".jsonl' > transcript." + face + " 2> errors." + face;
         EXPECT_EQ(std::system(command.c_str()), 0) << bytes("errors." + face);
         return bytes("transcript." + face);
     }
@@ -52,10 +54,23 @@ TEST_F(Tour, ChangesOnlyWhatItSays) {
     EXPECT_EQ(bytes("workshop.dxf"), bytes("tour-undone.dxf"));
 }
 
+// Every sentence the program was made to say, and every write, goes without a request refused.
+TEST_F(Tour, LayersAreWorkedThroughAndUndone) {
+    const std::string said = transcript("headless", "layers");
+    EXPECT_THAT(said, Not(HasSubstr("\"ok\":false")));
+    EXPECT_EQ(bytes("workshop.dxf"), bytes("layers-undone.dxf"));
+    const std::string changed = bytes("layers-changed.dxf");
+    for (const char* there : {"ROOF", "Open ones", "Inside", "AcLyLayerGroup"})
+        EXPECT_THAT(changed, HasSubstr(there));
+}
+
 #ifdef TAVOCAD_WINDOW
 TEST_F(Tour, BothFacesGiveTheSameTranscript) {
     const std::string headless = transcript("headless");
     EXPECT_GT(headless.size(), 10000U);
     EXPECT_EQ(transcript("qt"), headless);
+    const std::string layers = transcript("headless", "layers");
+    EXPECT_GT(layers.size(), 10000U);
+    EXPECT_EQ(transcript("qt", "layers"), layers);
 }
 #endif
