@@ -78,6 +78,7 @@ void CLayerDlg::OnBtnNewLayer() {
 void CLayerDlg::editCell(LayerColumn column) {
     const int row = m_list.GetCurSel();
     if (row < 0) return;
+    m_list.ShowColumn(static_cast<int>(column), true); // should it be hidden
     m_list.SetFocusCell(row, static_cast<int>(column));
     m_list.EnsureVisible(row);
     m_list.openEditor(row, static_cast<int>(column));
