@@ -57,8 +57,12 @@ bool CLayerDlg::editFilter(CLayerFilterDlg& dialog, int parent, int node) {
 void CLayerDlg::OnBtnNewFilter() {
     if (!writable()) return;
     const int parent = parentForNew(m_filters, Kind::property, m_tree.selectedNode());
+    const std::wstring name = newPropertyFilterName(m_filters);
+    // A drawing that can't keep filters says so before one is thought out.
+    const std::wstring refusal = ValidateFilterChange(*m_database, m_filters, Kind::property, parent, -1, name);
+    if (!refusal.empty()) return warn(this, {GetWindowText(), refusal});
     CLayerFilterDlg dialog(m_database.get(), this, m_rows->viewport());
-    dialog.SetName(newPropertyFilterName(m_filters));
+    dialog.SetName(name);
     if (!editFilter(dialog, parent, -1)) return;
     answered(addPropertyFilter(*m_database, m_filters, parent, dialog.GetName(), dialog.GetExpression()));
 }

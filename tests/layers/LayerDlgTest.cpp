@@ -547,3 +547,23 @@ TEST_F(LayerDlg, TheColumnsOfAViewportGoWithItsDrawing) {
     EXPECT_EQ(list.GetItemCount(), 4);
     EXPECT_FALSE(shown());
 }
+
+TEST_F(LayerDlg, DrawingsThatKeepNoFiltersSaySoAtOnce) {
+    database =
+        layerDrawing::fromTags("0|SECTION|2|TABLES|0|TABLE|2|LAYER|70|1|0|LAYER|2|0|70|0|62|7|6|CONTINUOUS|0|"
+                               "ENDTAB|0|ENDSEC|0|SECTION|2|ENTITIES|0|ENDSEC|0|EOF|");
+    const auto before = database->bytes();
+    run([&](Hands& h) {
+        for (const char* button : {"IDC_LAYER_NEW_FILTER", "IDC_LAYER_NEW_GROUP"}) {
+            user.expectBox(L"이 도면의 버전은 도면층 필터를 담을 수 없습니다.", "IDOK");
+            h.window.click(button);
+        }
+        h.window.click("IDC_LAYER_NEW");
+        h.window.key(L"Enter");
+        EXPECT_THAT(h.shown(), ElementsAre(L"0", L"도면층1"));
+        user.expectBox(L"이 도면의 버전에는 저장할 수 없는 값이므로", "IDOK");
+        h.cell(L"도면층1", LayerColumn::plot);
+        h.window.key(L"Ctrl+Z");
+    });
+    EXPECT_EQ(database->bytes(), before);
+}
