@@ -51,13 +51,13 @@ void setFlags(LayerState::Layer& layer, int flags) {
     layer.off = (flags & kLayerOn) != 0;
     layer.frozen = (flags & kLayerFrozen) != 0;
     layer.locked = (flags & kLayerLocked) != 0;
-    layer.noPlot = (flags & kLayerPlot) != 0;
+    layer.noPlot = (flags & kLayerPlot) == 0; // unlike the others, this one says what is
     layer.frozenInNew = (flags & kLayerNewViewport) != 0;
 }
 
 int flagsOf(const LayerState::Layer& layer) {
     return (layer.off ? kLayerOn : 0) | (layer.frozen ? kLayerFrozen : 0) | (layer.locked ? kLayerLocked : 0) |
-           (layer.noPlot ? kLayerPlot : 0) | (layer.frozenInNew ? kLayerNewViewport : 0);
+           (layer.noPlot ? 0 : kLayerPlot) | (layer.frozenInNew ? kLayerNewViewport : 0);
 }
 
 // False for a value of nobody's.

@@ -78,6 +78,7 @@ TEST(LayerStates, RestoreWhatWasSaved) {
     wall->setColor(OdCmColor::byRgb(10, 20, 30));
     wall->setIsOff(true);
     wall->setIsLocked(true);
+    wall->setIsPlottable(false);
     wall->setLineWeight(OdDb::kLnWt050);
     wall->setTransparency(OdCmTransparency::byPercent(30));
     db->setHeaderVar(L"CLAYER", HeaderValue::text(L"Door"));
@@ -87,6 +88,15 @@ TEST(LayerStates, RestoreWhatWasSaved) {
     state.others.emplace_back(303, OdString(L"somebody's"));
     ASSERT_EQ(writeLayerState(*db, state), Tavo::eOk);
     const std::string saved = db->bytes();
+    // The bits of off and locked are set for what is so, that of plotting for what is plotted.
+    std::vector<std::int64_t> flags;
+    const auto names = db->layers()->extensionDictionary().open<OdDbDictionary>();
+    const auto record =
+        names->getAt(L"ACAD_LAYERSTATES").open<OdDbDictionary>()->getAt(L"As built").open<OdDbXrecord>();
+    const OdResBufPtr chain = record->rbChain();
+    for (const OdResBuf* value = chain.get(); value; value = value->next().get())
+        if (value->restype() == 90) flags.push_back(value->getInt32());
+    EXPECT_THAT(flags, testing::ElementsAre(8, 1 + 4, 8));
     // What comes back from the file is what went in.
     const auto again = openText(saved);
     const auto read = readLayerState(*again, L"as BUILT");
