@@ -40,6 +40,7 @@ void LayerRows::setDatabase(OdDbDatabase* database) {
     m_database = database;
     if (m_database) m_database->addReactor(this);
     m_viewport = {};
+    m_order = {}; // of other layers
     refresh();
 }
 
@@ -71,13 +72,16 @@ void LayerRows::refresh() {
     m_currentKnown = false;
     forgetRead();
     readFrozen();
+    const std::vector<RecordId> known = std::move(m_table);
     readTable();
     applyFilter();
     applySearch(false);
-    const SortedBy before = m_sortedBefore, now = m_sortedBy;
-    m_order.clear();
-    if (before.column >= 0) applySort(before);
-    if (now.column >= 0) applySort(now);
+    if (m_order.empty() || m_table != known) {
+        const SortedBy before = m_sortedBefore, now = m_sortedBy;
+        m_order.clear();
+        if (before.column >= 0) applySort(before);
+        if (now.column >= 0) applySort(now);
+    }
     showRows();
 }
 

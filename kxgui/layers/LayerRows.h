@@ -45,7 +45,8 @@ class KXGUI_EXPORT LayerRows : public CInPlaceCtrlModel, private OdDbDatabaseRea
     void setSearch(std::wstring_view text);
     // Makes the names ready for searching, which else the first search does: for a moment when nobody waits.
     void prepareSearch() const { foldNames(); }
-    // Reads the table again: layers came, went or changed, or what the filter knows is another.
+    // Reads the table again: layers came, went or changed, or what the filter knows is another. Layers that only
+    // changed stay in their places; when others are there, all are sorted anew.
     void refresh();
     // Back to the order of the table.
     void resetSort();

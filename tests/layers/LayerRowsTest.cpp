@@ -78,6 +78,15 @@ TEST_F(LayerRowsTest, AreSortedByTypedValuesAndGoBackToTheTablesOrder) {
     write(layer(L"도면층2"))->setIsFrozen(true);
     rows.sort(column(LayerColumn::freeze), false);
     EXPECT_EQ(names().front(), L"도면층2");
+    write(layer(L"도면층2"))->setIsFrozen(false);
+    write(layer(L"도면층10"))->setIsFrozen(true);
+    rows.refresh();
+    EXPECT_EQ(names().front(), L"도면층2") << "what only changed stays where it is";
+    layerDrawing::add(*database, L"새것");
+    rows.refresh();
+    EXPECT_EQ(names().front(), L"도면층10") << "other layers are there";
+    write(layer(L"새것"))->erase();
+    rows.refresh();
     rows.resetSort();
     EXPECT_EQ(names(), loaded);
 }
