@@ -206,6 +206,14 @@ UserResult CListCtrl::acceptsCell(int row, int column) const {
     return UserResult::done();
 }
 
+// A cell a person can see, or scroll to.
+UserResult CListCtrl::acceptsShownCell(int row, int column) const {
+    if (auto r = acceptsCell(row, column); !r) return r;
+    if (!m_columns.at(column).visible)
+        return refuse(VORD_ResourceString("IDS_TAVO_UI_COLUMN_HIDDEN", L"그 열은 숨겨져 있습니다."));
+    return UserResult::done();
+}
+
 void CListCtrl::selectByUser(RowSet rows) {
     const RowSet before = m_selection;
     setSelection(std::move(rows));
@@ -270,6 +278,7 @@ void CListCtrl::OnDoubleClick(int row, int column) {
 }
 
 UserResult CListCtrl::userClick(int row, int column) {
+    if (auto r = acceptsShownCell(row, column); !r) return r;
     if (auto r = userPress(row, column, false, false); !r) return r;
     if (!acceptsCell(row, column)) return UserResult::done();
     m_clicked = {row, column, identityOf(row)};
@@ -278,7 +287,7 @@ UserResult CListCtrl::userClick(int row, int column) {
 }
 
 UserResult CListCtrl::userDoubleClick(int row, int column) {
-    if (auto r = acceptsCell(row, column); !r) return r;
+    if (auto r = acceptsShownCell(row, column); !r) return r;
     const auto clicked = m_clicked;
     const bool again = clicked.row == row && clicked.column == column;
     if (again && clicked.identity != identityOf(row)) return userPress(row, column, false, false);
@@ -304,7 +313,7 @@ UserResult CListCtrl::userHeader(int column) {
 }
 
 UserResult CListCtrl::userEdit(int row, int column, const std::wstring& text) {
-    if (auto r = acceptsCell(row, column); !r) return r;
+    if (auto r = acceptsShownCell(row, column); !r) return r;
     if (!cell(row, column).editable)
         return refuse(VORD_ResourceString("IDS_TAVO_UI_CELL_READ_ONLY", L"편집할 수 없는 칸입니다."));
     takeFocus();
@@ -314,7 +323,7 @@ UserResult CListCtrl::userEdit(int row, int column, const std::wstring& text) {
 }
 
 UserResult CListCtrl::userCheck(int row, int column, bool checked) {
-    if (auto r = acceptsCell(row, column); !r) return r;
+    if (auto r = acceptsShownCell(row, column); !r) return r;
     const int now = cell(row, column).checked;
     if (now < 0 || !onCheck)
         return refuse(VORD_ResourceString("IDS_TAVO_UI_CELL_READ_ONLY", L"편집할 수 없는 칸입니다."));

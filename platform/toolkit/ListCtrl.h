@@ -194,6 +194,7 @@ class KXPLATFORM_EXPORT CListCtrl : public CWnd {
   private:
     tv::ui::UserResult press(int row, int column, bool ctrl, bool shift, bool byKey);
     tv::ui::UserResult acceptsCell(int row, int column) const;
+    tv::ui::UserResult acceptsShownCell(int row, int column) const;
     tv::ui::UserResult acceptsColumn(int column) const;
     void rowsMoved(int at, int by);
     void setSelection(tv::ui::RowSet rows);

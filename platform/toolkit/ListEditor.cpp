@@ -158,7 +158,7 @@ KeyRoute CListCtrl::routeKey(const tv::ui::KeyEvent&) {
 }
 
 UserResult CListCtrl::userOpenEditor(int row, int column) {
-    if (auto r = acceptsCell(row, column); !r) return r;
+    if (auto r = acceptsShownCell(row, column); !r) return r;
     if (!hasEditor(row, column))
         return refuse(VORD_ResourceString("IDS_TAVO_UI_CELL_READ_ONLY", L"편집할 수 없는 칸입니다."));
     if (auto r = userPress(row, column, false, false); !r) return r;
