@@ -263,8 +263,8 @@ bool actOnTable(CListCtrl& control, QTableView& table, const UserAction& action)
         return true;
     case UserAction::Kind::cell:
         if (action.cell == UserAction::Cell::menu) return rightClickItem(table, at(action.row, action.column));
-        if (!at(action.row, action.column).isValid() || action.cell == UserAction::Cell::cancel ||
-            action.cell == UserAction::Cell::check)
+        if (!at(action.row, action.column).isValid() || table.isColumnHidden(action.column) ||
+            action.cell == UserAction::Cell::cancel || action.cell == UserAction::Cell::check)
             return false;
         if (action.cell == UserAction::Cell::doubleClick) {
             clickItem(table, at(action.row, action.column), true);
