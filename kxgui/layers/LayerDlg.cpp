@@ -266,8 +266,11 @@ void CLayerDlg::changed(const LayerWatcher::Changes& changes) {
     if (!created()) return;
     if (changes.drawing) {
         // A modal window keeps its drawing, and nobody can close that meanwhile.
-        const bool gone = m_database && !m_rows->database();
-        if (gone) m_database = nullptr;
+        const bool gone = m_database && !m_watcher.watching();
+        if (gone) {
+            m_database = nullptr;
+            OnReInit();
+        }
         if (modeless() || gone) OnDatabaseChanged();
     }
     if (!m_database) return;

@@ -36,7 +36,10 @@ std::vector<OdDbObjectId> CLayerDlg::chosenLayers() const {
     if (m_chosen.size() <= selected.size()) return selected;
     const std::unordered_set<OdDbObjectId> chosen(m_chosen.begin(), m_chosen.end());
     const bool same = std::ranges::all_of(selected, [&](OdDbObjectId layer) { return chosen.contains(layer); });
-    return same ? m_chosen : selected;
+    if (!same) return selected;
+    std::vector<OdDbObjectId> all = m_chosen;
+    std::erase_if(all, [](OdDbObjectId layer) { return layer.isErased(); });
+    return all;
 }
 
 bool CLayerDlg::OnTreeEndEdit(int node, const std::wstring& name) {

@@ -37,6 +37,8 @@ class LayerWatcher : private OdDbDatabaseReactor {
 
     // Null: none. What was not told yet of another one never is.
     void watch(OdDbDatabase* database);
+    // False also when the drawing went away.
+    bool watching() const { return m_watched != nullptr; }
     // Tells now.
     void deliver();
 

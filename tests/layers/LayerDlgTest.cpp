@@ -425,6 +425,37 @@ TEST_F(LayerDlg, FollowsEditsMadeElsewhereAndKeepsWhatWasSelected) {
     toolkit.advance(std::chrono::milliseconds(0));
     EXPECT_EQ(list.GetItemCount(), 0);
     EXPECT_FALSE(dialog.GetDlgItem("IDC_LAYER_NEW")->IsWindowEnabled());
+    auto& tree = static_cast<CLayerTreeCtrl&>(*dialog.GetDlgItem("IDC_LAYER_TREE"));
+    EXPECT_NE(tree.find({L"모두"}), 0);
+    EXPECT_EQ(tree.find({L"모두", L"사용된 모든 도면층"}), 0) << "nothing is in use where there is nothing";
+}
+
+TEST_F(LayerDlg, AnEditorStaysWithItsLayerWhateverHappensElsewhere) {
+    CLayerDlg dialog(database.get(), nullptr);
+    ASSERT_TRUE(dialog.Create());
+    auto& list = static_cast<CLayerListCtrl&>(*dialog.GetDlgItem("IDC_LAYER_LIST"));
+    UserAction open;
+    open.kind = UserAction::Kind::cell;
+    open.cell = UserAction::Cell::open;
+    open.row = 2;
+    open.column = static_cast<int>(LayerColumn::name);
+    const auto entered = [&](const wchar_t* text, const std::function<void()>& elsewhere) {
+        ASSERT_TRUE(list.perform(open));
+        static_cast<CEdit*>(list.editor())->SetWindowText(text);
+        elsewhere();
+        toolkit.advance(std::chrono::milliseconds(0));
+        ASSERT_NE(list.editor(), nullptr);
+        EXPECT_EQ(list.editor()->GetWindowText(), text);
+        list.EndLabelEditing();
+        EXPECT_FALSE(layerId(text).isNull());
+    };
+    entered(L"Gates", [&] { database->setHeaderVar(L"CLAYER", tv::dwg::HeaderValue::text(L"Used")); });
+    entered(L"Mine", [&] { layer(L"Gates", OdDb::kForWrite)->setName(L"Theirs"); });
+    entered(L"Among many", [&] {
+        for (int i = 0; i < 100; ++i)
+            add((L"L" + std::to_wstring(i)).c_str());
+        layer(L"Walls", OdDb::kForWrite)->erase();
+    });
 }
 
 TEST_F(LayerDlg, OneThatStaysOpenFollowsTheLanguage) {
@@ -566,4 +597,24 @@ TEST_F(LayerDlg, DrawingsThatKeepNoFiltersSaySoAtOnce) {
         h.window.key(L"Ctrl+Z");
     });
     EXPECT_EQ(database->bytes(), before);
+}
+
+TEST_F(LayerDlg, NothingIsLeftOfADrawingThatGoesAwayUnderneath) {
+    auto own = layerDrawing::withLayers({L"Walls"});
+    CLayerDlg dialog(own.get(), nullptr);
+    ASSERT_TRUE(dialog.Create());
+    auto& list = static_cast<CLayerListCtrl&>(*dialog.GetDlgItem("IDC_LAYER_LIST"));
+    EXPECT_EQ(list.GetItemCount(), 2);
+    host.documentManager()->closeDocument(host.documentManager()->currentDocument());
+    database = nullptr;
+    toolkit.advance(std::chrono::milliseconds(0));
+    own = nullptr;
+    toolkit.advance(std::chrono::milliseconds(0));
+    EXPECT_EQ(list.GetItemCount(), 0);
+    auto& tree = static_cast<CLayerTreeCtrl&>(*dialog.GetDlgItem("IDC_LAYER_TREE"));
+    EXPECT_EQ(tree.find({L"모두", L"사용된 모든 도면층"}), 0);
+    dialog.OnBtnNewLayer();
+    dialog.OnBtnLayerDelete();
+    dialog.OnClickTreeMenu_VISIBILITY(false);
+    dialog.OnTreeSelChanged();
 }
