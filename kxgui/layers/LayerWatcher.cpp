@@ -8,6 +8,7 @@
 #include "platform/host/TavoInterfaces.h"
 #include "platform/host/TavoSysvarManager.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace kx::layers {
@@ -92,6 +93,7 @@ void LayerWatcher::deliver() {
     const auto layers = std::exchange(m_layers, {});
     changes.table = layers.size() > kFewLayers;
     if (!changes.table) changes.layers.assign(layers.begin(), layers.end());
+    std::ranges::sort(changes.layers, {}, &OdDbObjectId::record); // new ones in the order they were made
     if (changes.any()) m_tell(changes);
 }
 

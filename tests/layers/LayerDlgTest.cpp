@@ -391,10 +391,19 @@ TEST_F(LayerDlg, FollowsEditsMadeElsewhereAndKeepsWhatWasSelected) {
 
     select(L"Used");
     layer(L"Walls", OdDb::kForWrite)->erase();
-    add(L"Roof");
+    for (const wchar_t* name : {L"Roof", L"One", L"Two", L"Three"})
+        add(name);
+    toolkit.advance(std::chrono::milliseconds(0));
+    ASSERT_EQ(list.GetItemCount(), 7);
+    EXPECT_THAT(selected(), ElementsAre(layerId(L"Used")));
+    std::vector<std::wstring> added;
+    for (int row = 3; row < 7; ++row)
+        added.push_back(list.cellText(row, static_cast<int>(LayerColumn::name)));
+    EXPECT_THAT(added, ElementsAre(L"Roof", L"One", L"Two", L"Three")) << "as the table has them";
+    for (const wchar_t* name : {L"One", L"Two", L"Three"})
+        layer(name, OdDb::kForWrite)->erase();
     toolkit.advance(std::chrono::milliseconds(0));
     EXPECT_EQ(list.GetItemCount(), 4);
-    EXPECT_THAT(selected(), ElementsAre(layerId(L"Used")));
 
     tv::ui::UserAction open;
     open.kind = UserAction::Kind::cell;
