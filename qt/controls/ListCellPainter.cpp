@@ -7,6 +7,8 @@
 #include <QApplication>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace tv::qt {
 
 namespace {
@@ -42,9 +44,34 @@ void ListCellPainter::initStyleOption(QStyleOptionViewItem* option, const QModel
     if (option->text.size() > most) option->text.truncate(most);
 }
 
-// A picture alone stands where the column's texts would; the style knows it only before a text.
+// Where cells are gone through by keyboard one must see on a selected row which it is at; the style's own frame
+// can hardly be told from the highlight.
+void ListCellPainter::paintFocus(QPainter& painter, const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const {
+    if (index.row() != m_list.focusRow() || index.column() != m_list.focusColumn()) return;
+    QStyleOptionViewItem own(option);
+    initStyleOption(&own, index);
+    const auto columns = m_list.layout().visible();
+    if (!own.state.testFlag(QStyle::State_HasFocus) ||
+        std::ranges::none_of(columns, [&](int column) { return m_list.hasEditor(index.row(), column); }))
+        return;
+    const bool selected = own.state.testFlag(QStyle::State_Selected);
+    painter.save();
+    painter.setPen(own.palette.color(selected ? QPalette::HighlightedText : QPalette::Highlight));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(own.rect.adjusted(0, 0, -1, -1));
+    painter.restore();
+}
+
 void ListCellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
                             const QModelIndex& index) const {
+    paintCell(painter, option, index);
+    paintFocus(*painter, option, index);
+}
+
+// A picture alone stands where the column's texts would; the style knows it only before a text.
+void ListCellPainter::paintCell(QPainter* painter, const QStyleOptionViewItem& option,
+                                const QModelIndex& index) const {
     const ui::ListCell& cell = m_rows.cell(index);
     if (!cell.pictureOnly || !cell.picture || cell.checked >= 0)
         return QStyledItemDelegate::paint(painter, option, index);

@@ -26,6 +26,8 @@ class ListCellPainter : public QStyledItemDelegate {
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
   private:
+    void paintCell(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
+    void paintFocus(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
     QStyleOptionViewItem optionFor(const QWidget& view, const QRect& cell, const QModelIndex& index) const;
     const CListCtrl& m_list;
     const ListRows& m_rows;
