@@ -1,5 +1,6 @@
 #include "kxgui/layers/LayerDlg.h"
 #include "kxgui/controls/InPlaceEdit.h"
+#include "kxgui/frame/ColorDlg.h"
 #include "kxgui/layers/LayerHistory.h"
 #include "kxgui/layers/LayerNameRules.h"
 #include "kxgui/layers/LayerTransparencyDlg.h"
@@ -357,6 +358,16 @@ TEST_F(LayerDlg, WhatAViewportShowsIsSetRemovedAndUndone) {
     EXPECT_FALSE(tv::dwg::hasOverrides(wall));
     for (int step = 0; step < 4; ++step)
         EXPECT_TRUE(database->undoName() == L"_LAYER" && database->undo());
+    EXPECT_EQ(database->bytes(), before);
+}
+
+TEST_F(LayerDlg, AColourLeftAsItWasKeepsItsBook) {
+    layer(L"Walls", OdDb::kForWrite)->setBookColor(OdCmColor::byRgb(30, 144, 255), L"BOOK$Sky");
+    const auto before = database->bytes();
+    run([&](Hands& h) {
+        user.expect<CColorDlg>([](auto& box) { box.click("IDOK"); });
+        h.cell(L"Walls", LayerColumn::color);
+    });
     EXPECT_EQ(database->bytes(), before);
 }
 

@@ -178,6 +178,29 @@ TEST_F(ListFace, SelectedRowsArePaintedAsTheListSays) {
     });
 }
 
+TEST_F(ListFace, TheCellTheKeyboardIsAtShowsOnASelectedRow) {
+    auto rows = std::make_shared<tv::ui::TextRows>();
+    rows->rows = {{{L"1"}, {L"2"}, {L"3"}}};
+    run([&] {
+        dlg.list.SetModel(rows);
+        dlg.list.SetSelection({0});
+        dlg.list.SetFocus();
+        dlg.list.SetFocusCell(0, 1);
+        const auto framed = [&](int column) {
+            const QRect cell = view->visualRect(view->model()->index(0, column));
+            const QImage picture = view->viewport()->grab().toImage();
+            return picture.pixelColor(cell.topLeft() * picture.devicePixelRatio()) ==
+                   view->palette().color(QPalette::HighlightedText);
+        };
+        EXPECT_FALSE(framed(0) || framed(1)) << "rows without editors are gone through as a whole";
+        dlg.list.onEdit = [](int, int, const std::wstring&) { return true; };
+        rows->rows[0][2].editable = true;
+        dlg.list.RowsChanged();
+        EXPECT_TRUE(framed(1));
+        EXPECT_FALSE(framed(0) || framed(2));
+    });
+}
+
 TEST_F(ListFace, PicturesAloneAreCentredAndSayWhatTheyShow) {
     auto rows = std::make_shared<tv::ui::TextRows>();
     tv::ui::ListCell lamp{L"On"}, both{L"Both"};
@@ -199,6 +222,7 @@ TEST_F(ListFace, PicturesAloneAreCentredAndSayWhatTheyShow) {
         const auto index = [&](int column) { return view->model()->index(0, column); };
         EXPECT_EQ(index(0).data(Qt::DisplayRole).toString(), QString());
         EXPECT_EQ(index(0).data(Qt::AccessibleTextRole).toString(), QLatin1String("On"));
+        EXPECT_EQ(index(1).data(Qt::AccessibleDescriptionRole).toString(), QLatin1String("a & <b>"));
         const auto green = [&](QPoint point) {
             const QImage picture = view->viewport()->grab().toImage();
             return picture.pixelColor(point * picture.devicePixelRatio()) == QColor(0, 255, 0);
