@@ -146,6 +146,13 @@ std::wstring ValidateFilterChange(const OdDbDatabase& database, const LayerFilte
         return VORD_ResourceString("IDS_TAVO_LAYERFILTER_OLD_DRAWING",
                                    L"이 도면의 버전은 도면층 필터를 담을 수 없습니다.")
             .c_str();
+    int above = 0;
+    for (int at = parent; tree.valid(at) && tree.node(at).own(); at = tree.node(at).parent)
+        ++above;
+    if (isNew && above > tv::dwg::kDeepestLayerFilter)
+        return VORD_ResourceString("IDS_TAVO_LAYERFILTER_TOO_DEEP",
+                                   L"이보다 더 깊은 단계에는 도면층 필터를 만들 수 없습니다.")
+            .c_str();
     if (!isNew && (!tree.valid(node) || !tree.node(node).own()))
         return tv::text::format(
             VORD_ResourceString("IDS_TAVO_LAYERFILTER_FIXED", L"도면층 필터 \"%s\"은(는) 바꿀 수 없습니다."),

@@ -24,7 +24,6 @@ constexpr int kExpression = 301;
 constexpr int kMember = 330;
 constexpr int kMark = 290;
 constexpr int kStates = 70;
-constexpr int kDeepest = 64;
 
 OdDbDictionaryPtr below(const OdDbObject& object, const wchar_t* name) {
     const auto extension = object.extensionDictionary().open<OdDbDictionary>();
@@ -88,7 +87,7 @@ void readAll(const OdDbDictionary& dictionary, int depth, std::unordered_set<OdD
         const auto record = walk->objectId().open<OdDbXrecord>();
         LayerFilter filter;
         if (!record || !seen.insert(walk->objectId()).second || !read(*record, filter)) continue;
-        const auto nested = depth < kDeepest ? below(*record, kNewer) : nullptr;
+        const auto nested = depth < kDeepestLayerFilter ? below(*record, kNewer) : nullptr;
         if (nested) readAll(*nested, depth + 1, seen, filter.nested);
         out.push_back(std::move(filter));
     }
@@ -127,7 +126,7 @@ Tavo::ErrorStatus require(OdDbDatabase& database, const LayerFilter& filter) {
 }
 
 bool good(const OdDbDatabase& database, const LayerFilter& filter, int depth) {
-    if (filter.name.isEmpty() || depth > kDeepest) return false;
+    if (filter.name.isEmpty() || depth > kDeepestLayerFilter) return false;
     if (depth > 0 && filter.kind == LayerFilter::kOld) return false;
     if (filter.kind == LayerFilter::kOld && !filter.nested.empty()) return false;
     for (const OdDbObjectId layer : filter.layers)

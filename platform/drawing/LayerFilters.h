@@ -35,6 +35,9 @@ struct LayerFilter {
     std::vector<LayerFilter> nested; // of the newer kinds only
 };
 
+// Filters below so many others are read; what lies deeper isn't.
+inline constexpr int kDeepestLayerFilter = 64;
+
 // The newer ones first; both in the order of their dictionaries.
 KXPLATFORM_EXPORT std::vector<LayerFilter> layerFilters(const OdDbDatabase& database);
 

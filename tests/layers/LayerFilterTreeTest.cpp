@@ -118,6 +118,17 @@ TEST_F(LayerFilters, NamesAreCheckedAndNothingIsWrittenWhenTheyAreRefused) {
     EXPECT_EQ(db->bytes(), before);
     EXPECT_TRUE(renameFilter(*db, tree, own, L"OWN")) << "its own name, in other letters";
 
+    // What would lie too deep to be read is refused rather than made and never seen.
+    int deepest = own, made = 1;
+    for (;; ++made) {
+        const auto answer = addPropertyFilter(*db, tree, deepest, L"Own", L"");
+        tree.read(*db);
+        if (!answer) break;
+        deepest = tree.find(answer.record);
+        ASSERT_GT(deepest, 0);
+    }
+    EXPECT_EQ(made, tv::dwg::kDeepestLayerFilter + 1);
+
     const auto old = OdDbDatabase::create(OdDb::DxfVersion::kR2000);
     tree.read(*old);
     EXPECT_FALSE(addPropertyFilter(*old, tree, 0, L"New", L"").refusal.empty());
