@@ -50,6 +50,9 @@ std::optional<OdCmColor> indexedColorOf(std::wstring_view text, bool special) {
     const auto is = [text](std::wstring_view name) { return tv::text::equalNoCase(text, name); };
 
     std::optional<std::int64_t> index = tv::text::parseInt(text);
+    constexpr std::wstring_view numbered = L"Color_";
+    if (tv::text::equalNoCase(text.substr(0, numbered.size()), numbered))
+        index = tv::text::parseInt(text.substr(numbered.size()));
     if (is(byLayerText()) || is(L"ByLayer")) index = OdCmColor::kACIbyLayer;
     if (is(byBlockText()) || is(L"ByBlock")) index = OdCmColor::kACIbyBlock;
     for (int i = 1; i <= kNamed; ++i)

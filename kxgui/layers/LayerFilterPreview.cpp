@@ -2,6 +2,7 @@
 
 #include "kxgui/frame/ColorNames.h"
 #include "kxgui/frame/LineWeightNames.h"
+#include "kxgui/layers/LayerCellItems.h"
 #include "kxgui/layers/LayerFilterRows.h"
 #include "kxgui/layers/LayerRecord.h"
 #include "platform/drawing/OdDbDatabase.h"
@@ -107,7 +108,7 @@ tv::ui::ListCell LayerFilterPreview::cell(int row, int column) const {
         cell.text = filterStateText(layer.locked);
         break;
     case kColor:
-        cell.text = kx::frame::colorText(layer.color);
+        cell.text = CLayerColorItem::nameOf(layer.color, layer.bookColor.view());
         cell.picture = tv::ui::colorPicture(kx::frame::swatchRgb(layer.color.rgb()));
         break;
     case kLinetype:

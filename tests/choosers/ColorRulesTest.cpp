@@ -42,6 +42,7 @@ TEST(ColorRules, TextsInAndOut) {
 
     EXPECT_EQ(indexedColorOf(L" magenta ", false), OdCmColor::byIndex(6));
     EXPECT_EQ(indexedColorOf(L"255", false), OdCmColor::byIndex(255));
+    EXPECT_EQ(indexedColorOf(L"color_40", false), OdCmColor::byIndex(40));
     EXPECT_EQ(indexedColorOf(L"BYLAYER", true), OdCmColor::byIndex(256));
     EXPECT_EQ(indexedColorOf(L"0", true), OdCmColor::byIndex(0));
     for (const wchar_t* bad :
