@@ -371,10 +371,10 @@ void CLayerStateCompareDlg::SetText() {
     m_label.SetWindowText(format(
         VORD_ResourceString("IDS_TAVO_LAYSTATE_COMPARE_LABEL", L"\"%s\" 상태와 현재 도면의 차이 %d개(&D):"),
         m_state, static_cast<int>(m_differences.size())));
-    m_list.SetColumns({{layerColumnText(LayerColumn::name), 150},
-                       {VORD_ResourceString("IDS_TAVO_LAYSTATE_COL_PROPERTY", L"특성").c_str(), 140},
-                       {VORD_ResourceString("IDS_TAVO_LAYSTATE_COL_SAVED", L"저장된 값").c_str(), 120},
-                       {VORD_ResourceString("IDS_TAVO_LAYSTATE_COL_NOW", L"현재 값").c_str(), 120}});
+    m_list.SetColumns({{layerColumnText(LayerColumn::name), 140},
+                       {VORD_ResourceString("IDS_TAVO_LAYSTATE_COL_PROPERTY", L"특성").c_str(), 180},
+                       {VORD_ResourceString("IDS_TAVO_LAYSTATE_COL_SAVED", L"저장된 값").c_str(), 105},
+                       {VORD_ResourceString("IDS_TAVO_LAYSTATE_COL_NOW", L"현재 값").c_str(), 105}});
     m_close.SetWindowText(closeText());
 }
 
