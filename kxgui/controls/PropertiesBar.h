@@ -39,8 +39,8 @@ class KXGUI_EXPORT CPropertiesBar : public CControlBar {
   private:
     void startRequests();
 
-    CButton m_layers{*this, "IDC_PROPBAR_LAYERS"};
     CCobxLayer m_layer{*this, "IDC_PROPBAR_LAYER"};
+    CButton m_layers{*this, "IDC_PROPBAR_LAYERS"};
     CCobxColor m_color{*this, "IDC_PROPBAR_COLOR"};
     CCobxLineType m_linetype{*this, "IDC_PROPBAR_LINETYPE"};
     CCobxLineWeight m_lineWeight{*this, "IDC_PROPBAR_LINEWEIGHT"};

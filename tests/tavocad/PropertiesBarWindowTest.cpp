@@ -50,6 +50,7 @@ TEST_F(PropertiesBarWindow, IsUsedByMouseAndKeyboard) {
         EXPECT_EQ(toolkit.active(), &bar());
         EXPECT_TRUE(widget(Property::layer).hasFocus());
     });
+    key(Qt::Key_Tab); // the button of the layer manager
     key(Qt::Key_Tab);
     then([&] { EXPECT_TRUE(widget(Property::color).hasFocus()); });
     key(Qt::Key_Escape);
