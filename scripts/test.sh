@@ -29,12 +29,15 @@ done
 echo "== libfuzzer: configure and build"
 cmake --preset libfuzzer "${launcher[@]}"
 cmake --build --preset libfuzzer
-for driver in drawing tables objects mtext scene; do
+for driver in drawing tables objects mtext scene layercsv layerfilters; do
     echo "== libfuzzer: $driver"
     found=build/libfuzzer/found/$driver # working folder and what breaks the driver
     mkdir -p "$found/corpus"
-    words=fuzz/dxf.dict
-    if [ "$driver" = mtext ]; then words=fuzz/mtext.dict; fi
+    case $driver in
+        mtext) words=fuzz/mtext.dict ;;
+        layercsv | layerfilters) words=fuzz/layers.dict ;;
+        *) words=fuzz/dxf.dict ;;
+    esac
     build/libfuzzer/bin/fuzz_$driver -dict=$words -max_len=16384 -timeout=20 -rss_limit_mb=3072 \
         -max_total_time="${FUZZ_SECONDS:-15}" -print_final_stats=1 -verbosity=0 -artifact_prefix="$found/" \
         "$found/corpus" "fuzz/$driver" || failed=1
