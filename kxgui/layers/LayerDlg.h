@@ -154,8 +154,8 @@ class KXGUI_EXPORT CLayerDlg : public VORDRunDlg, private ILayerGridOwner {
     void choosePlotStyle(const Rows& rows, int clicked, LayerColumn column);
 
     void makeCurrent(const T_LAYER_DATA& row);
-    bool rename(const T_LAYER_DATA& row, std::wstring_view name);
-    bool describe(const T_LAYER_DATA& row, std::wstring_view text);
+    bool renameLayer(const T_LAYER_DATA& row, std::wstring_view name);
+    bool describeLayer(const T_LAYER_DATA& row, std::wstring_view text);
     void deleteRows(const Rows& rows);
     void editCell(LayerColumn column);
 

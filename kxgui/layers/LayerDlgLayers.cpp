@@ -205,10 +205,10 @@ bool CLayerDlg::OnEndEditListItemString(int row, int column, const std::wstring&
     }
     // A text can come without an editor that asked before.
     if (!OnEditingListItemString(row, column)) return false;
-    return column == kDescriptionCell ? describe(layer, text) : rename(layer, trimmed(text));
+    return column == kDescriptionCell ? describeLayer(layer, text) : renameLayer(layer, trimmed(text));
 }
 
-bool CLayerDlg::rename(const T_LAYER_DATA& layer, std::wstring_view name) {
+bool CLayerDlg::renameLayer(const T_LAYER_DATA& layer, std::wstring_view name) {
     if (layer.name.view() == name) return true;
     if (const LayerTextFault fault = checkLayerName(*m_database, name, layer.id);
         fault != LayerTextFault::none) {
@@ -220,7 +220,7 @@ bool CLayerDlg::rename(const T_LAYER_DATA& layer, std::wstring_view name) {
     return UpdateLayer(row, kLayerRename);
 }
 
-bool CLayerDlg::describe(const T_LAYER_DATA& layer, std::wstring_view text) {
+bool CLayerDlg::describeLayer(const T_LAYER_DATA& layer, std::wstring_view text) {
     if (layer.description.view() == text) return true;
     if (const LayerTextFault fault = checkLayerDescription(text); fault != LayerTextFault::none) {
         warn(this, descriptionBox(fault));

@@ -1,6 +1,7 @@
 #include "tavocad/commands/Commands.h"
 
 #include "kxgui/layers/LayerDlg.h"
+#include "platform/host/TavoCommandLine.h"
 #include "platform/host/TavoInterfaces.h"
 #include "platform/host/TavoSelection.h"
 #include "platform/text/ResourceString.h"
@@ -19,6 +20,11 @@ void showSelected(CLayerDlg& dialog, TavoSession& session) {
 }
 
 int runManager(TavoSession& session, TavoEdCommandContext& context) {
+    if (!context.database()) {
+        session.host().commandLine()->print(
+            VORD_ResourceString("IDS_TAVO_NO_DRAWING", L"열려 있는 도면이 없습니다.").c_str());
+        return RTERROR;
+    }
     CLayerDlg dialog(context.database().get(), nullptr);
     showSelected(dialog, session);
     return dialog.DoModal() == IDOK ? RTNORM : RTCAN;
