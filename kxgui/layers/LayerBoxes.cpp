@@ -1,10 +1,7 @@
 #include "kxgui/layers/LayerBoxes.h"
 
-#include "kxgui/frame/MessageStyle.h"
 #include "kxgui/frame/Messages.h"
 #include "platform/drawing/OdDbDatabase.h"
-#include "platform/frx/TaskDialog.h"
-#include "platform/host/TavoComEvents.h"
 #include "platform/text/Format.h"
 #include "platform/text/ResourceString.h"
 #include "platform/toolkit/Dialog.h"
@@ -32,39 +29,7 @@ std::wstring mergeCaption() {
     return VORD_ResourceString("IDS_ZEL_MANAGED_UI_LAYER_56", L"도면층 - 병합").c_str();
 }
 
-unsigned show(CWnd* parent, const LayerBox& box, unsigned style) {
-    const frame::MessageText parts = partsOf(box.text);
-    CTaskDialogVE dialog(parent, box.caption, parts.instruction, parts.content, frame::taskButtonsOf(style),
-                         frame::taskIconOf(style), frame::defaultButtonOf(style));
-    const tv::host::ModalBracket bracket;
-    return static_cast<unsigned>(dialog.DoModal());
-}
-
 } // namespace
-
-frame::MessageText partsOf(std::wstring_view text) {
-    std::wstring plain(text);
-    constexpr std::wstring_view opening = L"\u201C\u00AB\u300C", closing = L"\u201D\u00BB\u300D";
-    bool quoted = false;
-    for (wchar_t& c : plain) {
-        if (c == L'"')
-            quoted = !quoted;
-        else if (opening.find(c) != opening.npos)
-            quoted = true;
-        else if (closing.find(c) != closing.npos)
-            quoted = false;
-        else if (quoted)
-            c = L'_';
-    }
-    const frame::MessageText parts = frame::splitMessage(plain);
-    const auto trimmed = [](std::wstring_view part) {
-        const auto first = part.find_first_not_of(L"\r\n");
-        if (first == std::wstring_view::npos) return std::wstring();
-        return std::wstring(part.substr(first, part.find_last_not_of(L"\r\n") + 1 - first));
-    };
-    return {trimmed(text.substr(0, parts.instruction.size())),
-            trimmed(text.substr(text.size() - parts.content.size()))};
-}
 
 LayerBox notDeletedBox(int selected, int refused) {
     std::wstring text =
@@ -218,9 +183,13 @@ LayerBox notWrittenBox(const OdDbDatabase& database, Tavo::ErrorStatus status) {
                          .c_str()};
 }
 
-void warn(CWnd* parent, const LayerBox& box) { show(parent, box, 0x30); }
+void warn(CWnd* parent, const LayerBox& box) {
+    MessageDlg(parent, box.text.c_str(), box.caption.c_str(), 0x30);
+}
 
-bool confirm(CWnd* parent, const LayerBox& box) { return show(parent, box, 0x121) == IDOK; }
+bool confirm(CWnd* parent, const LayerBox& box) {
+    return MessageDlg(parent, box.text.c_str(), box.caption.c_str(), 0x121) == IDOK;
+}
 
 bool askCurrentOff(CWnd* parent) {
     const int answer = QuestionDlg(

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "kxgui/Export.h"
-#include "kxgui/frame/MessageStyle.h"
 #include "kxgui/layers/LayerNameRules.h"
 
 #include <string>
@@ -31,10 +30,6 @@ KXGUI_EXPORT LayerBox plotStylesByColorBox();
 KXGUI_EXPORT LayerBox editedLayerGoneBox();
 // The drawing refused a write; nothing was changed.
 KXGUI_EXPORT LayerBox notWrittenBox(const OdDbDatabase& database, Tavo::ErrorStatus status);
-
-// A box's first sentence and the rest, without empty lines around them. The dots and question marks of a quoted
-// name end no sentence.
-KXGUI_EXPORT frame::MessageText partsOf(std::wstring_view text);
 
 void warn(CWnd* parent, const LayerBox& box);
 // False when the person thought better of it.

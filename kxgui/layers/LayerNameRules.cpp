@@ -53,9 +53,10 @@ bool isRegionView(std::wstring_view name) { return tv::text::equalNoCase(name, k
 OdString newLayerName(const OdDbDatabase& database) {
     const OdString base = VORD_ResourceString("IDS_ZEL_MANAGED_UI_LAYER_12", L"도면층").c_str();
     const auto table = database.layers();
+    if (!table) return base;
     for (int n = 1;; ++n) {
         const std::wstring name = tv::text::format(L"%ls%d", base, n);
-        if (!table || !table->has(name)) return OdString(name);
+        if (!table->has(name)) return OdString(name);
     }
 }
 

@@ -1,5 +1,6 @@
 #include "kxgui/layers/LayerWriter.h"
 
+#include "kxgui/layers/LayerNameRules.h"
 #include "platform/drawing/LayerFilters.h"
 #include "platform/drawing/LayerOverrides.h"
 #include "platform/drawing/OdDbDatabase.h"
@@ -135,6 +136,8 @@ ErrorStatus forgetLayers(OdDbDatabase& database, const std::vector<OdDbObjectId>
 ErrorStatus makeLayer(OdDbDatabase& database, T_LAYER_DATA& row) {
     const auto table = database.getTableId(L"LAYER", true).open<OdDbLayerTable>(OdDb::kForWrite);
     if (!table) return database.isReadOnly() ? Tavo::eReadOnly : Tavo::eInvalidInput;
+    // Every table of layers has this one; a table that was missing gets it first.
+    if (table->size() == 0 && !isLayerZero(row.name.view())) table->add(L"0");
     const OdDbObjectId made = table->add(row.name.view());
     const auto layer = made.open<OdDbLayerTableRecord>(OdDb::kForWrite);
     if (!layer) {

@@ -1,4 +1,5 @@
 #include "kxgui/layers/LayerWriter.h"
+#include "kxgui/layers/LayerNameRules.h"
 #include "kxgui/layers/LayerRecord.h"
 #include "platform/drawing/LayerFilters.h"
 #include "platform/drawing/OdDbViewport.h"
@@ -99,6 +100,20 @@ TEST(LayerWriter, DeletedLayersLeaveViewportsAndGroups) {
     EXPECT_THAT(filters.at(0).layers, ElementsAre(door));
     EXPECT_EQ(filters.at(0).missingLayers, 0);
     EXPECT_THAT(filters.at(0).nested.at(0).layers, ElementsAre(door));
+    EXPECT_TRUE(database->undo());
+    EXPECT_EQ(database->bytes(), before);
+}
+
+TEST(LayerWriter, ADrawingWithoutATableGetsOneWithLayerZero) {
+    const auto database = layerDrawing::fromTags("0|SECTION|2|ENTITIES|0|ENDSEC|0|EOF|");
+    const std::string before = database->bytes();
+    EXPECT_EQ(newLayerName(*database), L"도면층") << "no table, no number";
+    std::vector<LayerUpdate> updates(1);
+    updates[0].kind = kLayerNew;
+    updates[0].row.name = newLayerName(*database);
+    ASSERT_EQ(writeLayers(*database, updates), Tavo::eOk);
+    EXPECT_TRUE(database->layers()->has(L"0") && database->layers()->has(L"도면층"));
+    EXPECT_EQ(newLayerName(*database), L"도면층1");
     EXPECT_TRUE(database->undo());
     EXPECT_EQ(database->bytes(), before);
 }
