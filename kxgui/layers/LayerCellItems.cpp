@@ -4,6 +4,7 @@
 #include "kxgui/frame/LineWeightNames.h"
 #include "kxgui/layers/LayerIcons.h"
 #include "kxgui/layers/LayerNameRules.h"
+#include "kxgui/layers/LayerRecord.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbDictionary.h"
 #include "platform/drawing/OdDbLinetypeTable.h"
@@ -21,20 +22,6 @@ using kx::layers::LayerVariant;
 using tv::ui::ListCell;
 
 namespace {
-
-OdString linetypeName(OdDbObjectId linetype) {
-    const auto record = linetype.open<OdDbSymbolTableRecord>();
-    return record ? record->getName() : OdString();
-}
-
-OdString plotStyleName(OdDbObjectId style) {
-    if (style.isNull()) return {};
-    const auto names = style.database()->getPlotStyleNameDictionaryId().open<OdDbDictionary>();
-    if (names)
-        for (const OdDbDictionary::Entry& entry : names->entries())
-            if (entry.handle == style.handle()) return entry.name;
-    return {};
-}
 
 // Says of a value that only the active viewport has, so that it is more than bold.
 void markOverride(ListCell& cell, const std::wstring& ofLayer) {
@@ -68,7 +55,7 @@ std::wstring CLayerStringItem::text(const T_LAYER_DATA& layer) const {
     case LayerColumn::plotStyle:
         return layer.plotStyle.wstr();
     case LayerColumn::vpPlotStyle:
-        return (layer.vp.plotStyle ? plotStyleName(*layer.vp.plotStyle) : layer.plotStyle).wstr();
+        return (layer.vp.plotStyle ? kx::layers::plotStyleName(*layer.vp.plotStyle) : layer.plotStyle).wstr();
     default:
         return {};
     }
@@ -297,7 +284,7 @@ ListCell CLayerColorBtnItem::cell(const T_LAYER_DATA& layer) const {
 
 std::wstring CLayerLineTypeItem::text(const T_LAYER_DATA& layer) const {
     const bool own = column() == LayerColumn::vpLinetype && layer.vp.linetype;
-    return (own ? linetypeName(*layer.vp.linetype) : layer.linetype).wstr();
+    return (own ? kx::layers::linetypeName(*layer.vp.linetype) : layer.linetype).wstr();
 }
 
 ListCell CLayerLineTypeItem::cell(const T_LAYER_DATA& layer) const {

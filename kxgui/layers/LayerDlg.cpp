@@ -245,6 +245,7 @@ void CLayerDlg::SetActiveDlg(bool active) {
 
 void CLayerDlg::OnCLayerChanged() {
     m_list.UpdateRows([](LayerRows& rows) { rows.currentChanged(); });
+    if (m_filters.asksForCurrent(m_tree.selectedNode())) showFilter();
     if (IsWindow() && IsWindowVisible()) selectCurrent();
     showCurrentLine();
     showState();

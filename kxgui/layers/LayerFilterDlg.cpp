@@ -64,7 +64,7 @@ void CLayerFilterDlg::SetText() {
         columns.push_back({LayerFilterRows::title(property), 80});
         if (property == FilterProperty::name || property == FilterProperty::description)
             columns.back().width = 130;
-        if (property == FilterProperty::linetype || property == FilterProperty::color)
+        if (filterKind(property) == FilterProperty::linetype || filterKind(property) == FilterProperty::color)
             columns.back().width = 110;
         if (isFilterState(property)) columns.back().width = 70;
     }

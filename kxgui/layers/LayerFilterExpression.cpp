@@ -2,6 +2,7 @@
 
 #include "kxgui/frame/ColorNames.h"
 #include "kxgui/frame/LineWeightNames.h"
+#include "kxgui/layers/LayerRecord.h"
 #include "platform/text/Format.h"
 #include "platform/text/Numbers.h"
 #include "platform/text/ResourceString.h"
@@ -28,6 +29,7 @@ using enum FilterProperty;
 // The first one of a property is the one that is written.
 constexpr Keyword kKeywords[] = {
     {L"NAME", name},
+    {L"CURRENT", current},
     {L"USED", used},
     {L"OFF", on, true},
     {L"FROZEN", frozen},
@@ -41,6 +43,11 @@ constexpr Keyword kKeywords[] = {
     {L"NEWVPFROZEN", newVpFrozen},
     {L"VPFROZEN", vpFrozen},
     {L"VPOVERRIDES", vpOverrides},
+    {L"VPCOLOR", vpColor},
+    {L"VPLINETYPE", vpLinetype},
+    {L"VPLINEWEIGHT", vpLineWeight},
+    {L"VPTRANSPARENCY", vpTransparency},
+    {L"VPPLOTSTYLE", vpPlotStyle},
     {L"XREF", xref},
     {L"DESCRIPTION", description},
     {L"LAYER", name},
@@ -65,6 +72,9 @@ constexpr Keyword kKeywords[] = {
     {L"CURRVPFROZEN", vpFrozen},
     {L"CURRENTVPFROZEN", vpFrozen},
     {L"VPOVERRIDE", vpOverrides},
+    {L"VPCOLOUR", vpColor},
+    {L"VPLTYPE", vpLinetype},
+    {L"VPLWEIGHT", vpLineWeight},
     {L"XREFDEPENDENT", xref},
     {L"DEPENDENT", xref},
     {L"DESC", description},
@@ -360,6 +370,7 @@ std::optional<bool> filterStateOf(std::wstring_view text) {
 
 bool isFilterState(FilterProperty property) {
     switch (property) {
+    case current:
     case used:
     case on:
     case frozen:
@@ -410,12 +421,13 @@ void LayerFilterExpression::prepare() {
         for (const FilterCondition& condition : row) {
             Test test{condition.property, condition.equal, {}, {}, {}, tv::text::Wildcards(condition.value)};
             test.state = stateFor(condition.property, condition.value);
-            if (condition.property == color) {
+            const FilterProperty kind = filterKind(condition.property);
+            if (kind == color) {
                 test.color = rgbOf(condition.value);
                 if (!test.color) test.color = kx::frame::indexedColorOf(condition.value, false);
             }
-            if (condition.property == lineWeight) test.number = weightOf(condition.value);
-            if (condition.property == transparency) {
+            if (kind == lineWeight) test.number = weightOf(condition.value);
+            if (kind == transparency) {
                 std::wstring_view text = trimmed(condition.value);
                 if (text.ends_with(L'%')) text.remove_suffix(1);
                 test.number = tv::text::parseReal(text);
@@ -432,10 +444,18 @@ bool LayerFilterExpression::asksFor(FilterProperty property) const {
 }
 
 bool LayerFilterExpression::Test::holds(const T_LAYER_DATA& layer, bool inUse) const {
+    const FilterProperty kind = filterKind(property);
+    return kind == property || !layer.vp.any() ? holdsFor(kind, layer, inUse)
+                                               : holdsFor(kind, asInViewport(layer), inUse);
+}
+
+bool LayerFilterExpression::Test::holdsFor(FilterProperty kind, const T_LAYER_DATA& layer, bool inUse) const {
     const auto is = [this](bool value) { return state == value; };
-    switch (property) {
+    switch (kind) {
     case FilterProperty::name:
         return pattern.fits(layer.name.view());
+    case FilterProperty::current:
+        return is(layer.current);
     case FilterProperty::used:
         return is(inUse);
     case FilterProperty::on:
@@ -471,8 +491,9 @@ bool LayerFilterExpression::Test::holds(const T_LAYER_DATA& layer, bool inUse) c
         return layer.xref && pattern.fits(referenceOf(layer.name.view()));
     case FilterProperty::description:
         return pattern.fits(layer.description.view());
+    default: // a viewport's, which filterKind never gives
+        return false;
     }
-    return false;
 }
 
 bool LayerFilterExpression::fits(const T_LAYER_DATA& layer, bool inUse) const {

@@ -16,6 +16,7 @@ namespace kx::layers {
 // In the order the editor has its columns.
 enum class FilterProperty : std::uint8_t {
     name,
+    current,
     used,
     on,
     frozen,
@@ -28,11 +29,35 @@ enum class FilterProperty : std::uint8_t {
     plottable,
     newVpFrozen,
     vpFrozen,
-    vpOverrides,
+    vpOverrides, // any of those that follow
+    vpColor,     // these as the active viewport shows them
+    vpLinetype,
+    vpLineWeight,
+    vpTransparency,
+    vpPlotStyle,
     xref, // yes, no, or a pattern for the reference's name
     description,
 };
-inline constexpr int kFilterProperties = 16;
+inline constexpr int kFilterProperties = 22;
+
+// What the values of a property are like: those of a viewport are like the layer's own.
+constexpr FilterProperty filterKind(FilterProperty property) {
+    using enum FilterProperty;
+    switch (property) {
+    case vpColor:
+        return color;
+    case vpLinetype:
+        return linetype;
+    case vpLineWeight:
+        return lineWeight;
+    case vpTransparency:
+        return transparency;
+    case vpPlotStyle:
+        return plotStyle;
+    default:
+        return property;
+    }
+}
 
 // One comparison. `value` is a pattern (tv::text::Wildcards), of a state "True" or "False".
 struct FilterCondition {
@@ -74,8 +99,12 @@ class KXGUI_EXPORT LayerFilterExpression {
     // It asks whether layers are in use (`used` below), or what they look like in the active viewport.
     bool asksForUsage() const { return asksFor(FilterProperty::used); }
     bool asksForViewport() const {
-        return asksFor(FilterProperty::vpFrozen) || asksFor(FilterProperty::vpOverrides);
+        for (int i = static_cast<int>(FilterProperty::vpFrozen);
+             i <= static_cast<int>(FilterProperty::vpPlotStyle); ++i)
+            if (asksFor(static_cast<FilterProperty>(i))) return true;
+        return false;
     }
+    bool asksForCurrent() const { return asksFor(FilterProperty::current); }
     bool fits(const T_LAYER_DATA& layer, bool used) const;
 
   private:
@@ -88,6 +117,7 @@ class KXGUI_EXPORT LayerFilterExpression {
         std::optional<double> number;
         tv::text::Wildcards pattern;
         bool holds(const T_LAYER_DATA& layer, bool used) const;
+        bool holdsFor(FilterProperty kind, const T_LAYER_DATA& layer, bool used) const;
     };
     bool asksFor(FilterProperty property) const;
     void prepare();

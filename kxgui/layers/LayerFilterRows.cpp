@@ -53,6 +53,7 @@ std::wstring colorValue(const OdCmColor& color) {
 
 // As a person reads and enters it, out of what the filter says.
 std::wstring shown(FilterProperty property, const std::wstring& cell) {
+    property = filterKind(property);
     std::wstring_view sign;
     const std::wstring_view value = withoutNot(sign, cell);
     if (!isSimple(value)) return cell;
@@ -68,6 +69,7 @@ std::wstring shown(FilterProperty property, const std::wstring& cell) {
 
 // And back.
 std::wstring meant(FilterProperty property, const std::wstring& text) {
+    property = filterKind(property);
     std::wstring_view sign;
     const std::wstring_view value = withoutNot(sign, text);
     if (isFilterState(property) || property == FilterProperty::xref)
@@ -115,14 +117,28 @@ std::wstring filterStateText(bool state) {
 
 std::wstring LayerFilterRows::title(FilterProperty property) {
     static constexpr tv::text::TableText kTitles[] = {
-        {"IDS_ZEL_MANAGED_UI_LAYER_41", L"이름"},     {"IDS_TAVO_LAYERFILTER_USED", L"사용 중"},
-        {"IDS_ZEL_MANAGED_UI_LAYER_45", L"켜기"},     {"IDS_ZEL_MANAGED_UI_LAYER_22", L"동결"},
-        {"IDS_ZEL_MANAGED_UI_LAYER_43", L"잠금"},     {"IDS_MGD_COMMON_COLOR", L"색상"},
-        {"IDS_MGD_COMMON_LTYPE", L"선종류"},          {"IDS_ZEL_MANAGED_UI_LAYER_29", L"선가중치"},
-        {"IDS_ZEL_MANAGED_UI_LAYER_46", L"투명도"},   {"IDS_ZEL_MANAGED_UI_LAYER_49", L"플롯 스타일"},
-        {"IDS_ZEL_MANAGED_UI_LAYER_48", L"플롯"},     {"IDS_ZEL_MANAGED_UI_LAYER_27", L"새 VP 동결"},
-        {"IDS_CAD_GUI_LAYER_VP_FROZEN", L"VP 동결"},  {"IDS_TAVO_LAYERFILTER_OVERRIDES", L"VP 재지정"},
-        {"IDS_TAVO_LAYERFILTER_XREFS", L"외부 참조"}, {"IDS_CAD_GUI_LAYER_COMMON_DESC", L"설명"},
+        {"IDS_ZEL_MANAGED_UI_LAYER_41", L"이름"},
+        {"IDS_TAVO_LAYERFILTER_CURRENT", L"현재"},
+        {"IDS_TAVO_LAYERFILTER_USED", L"사용 중"},
+        {"IDS_ZEL_MANAGED_UI_LAYER_45", L"켜기"},
+        {"IDS_ZEL_MANAGED_UI_LAYER_22", L"동결"},
+        {"IDS_ZEL_MANAGED_UI_LAYER_43", L"잠금"},
+        {"IDS_MGD_COMMON_COLOR", L"색상"},
+        {"IDS_MGD_COMMON_LTYPE", L"선종류"},
+        {"IDS_ZEL_MANAGED_UI_LAYER_29", L"선가중치"},
+        {"IDS_ZEL_MANAGED_UI_LAYER_46", L"투명도"},
+        {"IDS_ZEL_MANAGED_UI_LAYER_49", L"플롯 스타일"},
+        {"IDS_ZEL_MANAGED_UI_LAYER_48", L"플롯"},
+        {"IDS_ZEL_MANAGED_UI_LAYER_27", L"새 VP 동결"},
+        {"IDS_CAD_GUI_LAYER_VP_FROZEN", L"VP 동결"},
+        {"IDS_TAVO_LAYERFILTER_OVERRIDES", L"VP 재지정"},
+        {"IDS_CAD_GUI_LAYER_VP_COLOR", L"VP 색상"},
+        {"IDS_CAD_GUI_LAYER_VP_LINETYPE", L"VP 선종류"},
+        {"IDS_CAD_GUI_LAYER_VP_LINEWEIGHT", L"VP 선가중치"},
+        {"IDS_CAD_GUI_LAYER_VP_TRANSPARENT", L"VP 투명도"},
+        {"IDS_CAD_GUI_LAYER_VP_PLOTSTYLE", L"VP 플롯 스타일"},
+        {"IDS_TAVO_LAYERFILTER_XREFS", L"외부 참조"},
+        {"IDS_CAD_GUI_LAYER_COMMON_DESC", L"설명"},
     };
     return kTitles[static_cast<std::size_t>(property)].text();
 }
@@ -168,16 +184,16 @@ tv::ui::ListCell LayerFilterRows::cell(int row, int column) const {
     if (!valid(row, column)) return cell;
     cell.text = text(row, column);
     cell.editable = true;
-    if (propertyOf(column) == FilterProperty::color)
-        if (const auto color = colorOf(
-                filterCellText(m_rows[static_cast<std::size_t>(row)].conditions, FilterProperty::color)))
+    if (filterKind(propertyOf(column)) == FilterProperty::color)
+        if (const auto color =
+                colorOf(filterCellText(m_rows[static_cast<std::size_t>(row)].conditions, propertyOf(column))))
             cell.picture = tv::ui::colorPicture(kx::frame::swatchRgb(color->rgb()));
     return cell;
 }
 
 CInPlaceCtrlModel::Editor LayerFilterRows::editor(int row, int column) const {
     if (!valid(row, column)) return Editor::none;
-    const FilterProperty property = propertyOf(column);
+    const FilterProperty property = filterKind(propertyOf(column));
     if (isFilterState(property)) return Editor::list;
     switch (property) {
     case FilterProperty::color:
@@ -194,7 +210,7 @@ CInPlaceCtrlModel::Editor LayerFilterRows::editor(int row, int column) const {
 
 std::vector<tv::ui::ListItem> LayerFilterRows::choices(int row, int column) const {
     if (!valid(row, column)) return {};
-    const FilterProperty property = propertyOf(column);
+    const FilterProperty property = filterKind(propertyOf(column));
     std::vector<std::wstring> texts{L""};
     const auto everything = [](OdDbObjectId) { return true; };
     const auto reference = [](OdDbObjectId id) {
@@ -253,11 +269,12 @@ InPlaceAnswer LayerFilterRows::setValue(int row, int column, const std::wstring&
 }
 
 InPlaceAnswer LayerFilterRows::runCommand(int row, int column) {
-    if (!valid(row, column) || !chooseColor || propertyOf(column) != FilterProperty::color) return {};
+    if (!valid(row, column) || !chooseColor || filterKind(propertyOf(column)) != FilterProperty::color)
+        return {};
     FilterRow& conditions = m_rows[static_cast<std::size_t>(row)].conditions;
-    const auto present = colorOf(filterCellText(conditions, FilterProperty::color));
+    const auto present = colorOf(filterCellText(conditions, propertyOf(column)));
     if (const auto chosen = chooseColor(present.value_or(OdCmColor::byIndex(7))))
-        setFilterCell(conditions, FilterProperty::color, colorValue(*chosen));
+        setFilterCell(conditions, propertyOf(column), colorValue(*chosen));
     return {};
 }
 

@@ -261,6 +261,11 @@ bool LayerFilterTree::asksForViewport(int number) const {
                                [this](int at) { return node(at).expression.asksForViewport(); });
 }
 
+bool LayerFilterTree::asksForCurrent(int number) const {
+    return std::ranges::any_of(chainOf(number),
+                               [this](int at) { return node(at).expression.asksForCurrent(); });
+}
+
 LayerFilterTree::Matcher LayerFilterTree::make(int number) const {
     std::vector<Test> tests;
     for (const int at : chainOf(number)) {

@@ -73,6 +73,7 @@ class KXGUI_EXPORT LayerFilterTree {
     bool accepts(int node, const T_LAYER_DATA& layer) const;
     bool asksForUsage(int node) const;
     bool asksForViewport(int node) const;
+    bool asksForCurrent(int node) const;
     // The drawing's layers the node shows, in file order.
     std::vector<OdDbObjectId> layersOf(int node, OdDbObjectId viewport = {}) const;
     // Those it does not show and which would have to be frozen for it to stand alone: without the current layer

@@ -78,18 +78,38 @@ TEST(LayerFilterExpression, EveryPropertyIsAskedOfTheRow) {
     row.transparency = 30;
     row.plotStyle = L"Style 1";
     row.description = L"outer walls";
+    row.current = true;
     row.vp.color = OdCmColor::byIndex(1);
-    for (const wchar_t* text : {L"NAME==\"*|w*\"",         L"USED==\"TRUE\"",
-                                L"ON==\"False\"",          L"OFF==\"1\"",
-                                L"FROZEN==\"False\"",      L"LOCKED==\"True\"",
-                                L"COLOR==\"30\"",          L"COLOR==\"3#\"",
-                                L"COLOR!=\"1\"",           L"LINETYPE==\"dash*\"",
-                                L"LINEWEIGHT==\"0.18\"",   L"LINEWEIGHT==\"0.18 mm\"",
-                                L"LINEWEIGHT==\"0.1*\"",   L"TRANSPARENCY==\"30\"",
-                                L"TRANSPARENCY==\"~9#\"",  L"PLOTSTYLE==\"Style*\"",
-                                L"PLOTTABLE==\"False\"",   L"NEWVPFROZEN==\"False\"",
-                                L"VPFROZEN==\"True\"",     L"VPOVERRIDES==\"TRUE\"",
-                                L"XREF==\"True\"",         L"XREF==\"pl*\"",
+    row.vp.transparency = OdCmTransparency::byPercent(60);
+    for (const wchar_t* text : {L"NAME==\"*|w*\"",
+                                L"USED==\"TRUE\"",
+                                L"ON==\"False\"",
+                                L"OFF==\"1\"",
+                                L"FROZEN==\"False\"",
+                                L"LOCKED==\"True\"",
+                                L"COLOR==\"30\"",
+                                L"COLOR==\"3#\"",
+                                L"COLOR!=\"1\"",
+                                L"LINETYPE==\"dash*\"",
+                                L"LINEWEIGHT==\"0.18\"",
+                                L"LINEWEIGHT==\"0.18 mm\"",
+                                L"LINEWEIGHT==\"0.1*\"",
+                                L"TRANSPARENCY==\"30\"",
+                                L"TRANSPARENCY==\"~9#\"",
+                                L"PLOTSTYLE==\"Style*\"",
+                                L"PLOTTABLE==\"False\"",
+                                L"NEWVPFROZEN==\"False\"",
+                                L"VPFROZEN==\"True\"",
+                                L"VPOVERRIDES==\"TRUE\"",
+                                L"XREF==\"True\"",
+                                L"XREF==\"pl*\"",
+                                L"CURRENT==\"True\"",
+                                L"VPCOLOR==\"1\"",
+                                L"VPCOLOR!=\"30\"",
+                                L"VPTRANSPARENCY==\"60%\"",
+                                L"VPLINETYPE==\"DASH*\"",
+                                L"VPLINEWEIGHT==\"0.18\"",
+                                L"VPPLOTSTYLE==\"Style*\"",
                                 L"DESCRIPTION==\"*wall*\""}) {
         EXPECT_TRUE(LayerFilterExpression(text).fits(row, true))
             << "row of length " << std::wstring(text).size();
