@@ -207,6 +207,15 @@ void CLayerDlg::OnReInit() {
     m_watcher.watch(m_database.get());
     m_chosen.clear();
     readFilters();
+    SetListCtrl();
+    prepareSearchSoon();
+    showFilterLine();
+    selectCurrent();
+    showCurrentLine();
+    showState();
+}
+
+void CLayerDlg::SetListCtrl() {
     m_list.UpdateRows([this](LayerRows& rows) {
         rows.setDatabase(nullptr); // so that one pass is enough for all
         rows.setFilter(chosenFilter());
@@ -214,11 +223,6 @@ void CLayerDlg::OnReInit() {
     });
     m_list.SetViewport(m_database ? activeLayerViewport(m_database) : OdDbObjectId());
     if (m_filters.asksForViewport(m_tree.selectedNode())) showFilter();
-    prepareSearchSoon();
-    showFilterLine();
-    selectCurrent();
-    showCurrentLine();
-    showState();
 }
 
 // The first letter typed into the search box shall take no longer than the next ones.

@@ -27,7 +27,7 @@ struct FilterAnswer;
 // changes is written at once, each change one undo step named "_LAYER"; the buttons at the bottom only close
 // it. Run with DoModal, or with Create to stay while the program goes on; then it follows the drawing that is
 // current. Closing the drawing leaves it empty.
-class KXGUI_EXPORT CLayerDlg : public VORDRunDlg, private ILayerGridOwner {
+class KXGUI_EXPORT CLayerDlg : public VORDRunDlg, public ILayerGridOwner {
   public:
     CLayerDlg(OdDbDatabase* database, CWnd* parent);
     ~CLayerDlg() override;
@@ -84,6 +84,26 @@ class KXGUI_EXPORT CLayerDlg : public VORDRunDlg, private ILayerGridOwner {
     void OnClickListMenu_EXPORT();
     void OnClickListMenu_IMPORT();
 
+    // --- cells of the grid ---
+    void OnClickListItemIcon(int row, int icon) override;
+    void OnClickListItemIcons(int row, int icon) override;
+    void OnClickListItemColor(int row, LayerColumn column) override;
+    void OnClickListItemColors(int row, LayerColumn column) override;
+    void OnClickListItemLineType(int row, LayerColumn column) override;
+    void OnClickListItemLineTypes(int row, LayerColumn column) override;
+    void OnClickListItemLineWeight(int row, LayerColumn column) override;
+    void OnClickListItemLineWeights(int row, LayerColumn column) override;
+    void OnClickListItemTransparency(int row, LayerColumn column) override;
+    void OnClickListItemTransparencys(int row, LayerColumn column) override;
+    void OnClickListItemPlotStyle(int row, LayerColumn column) override;
+    void OnClickListItemPlotStyles(int row, LayerColumn column) override;
+    bool CheckNameChangeEnable(int row) override;
+    bool OnEditingListItemString(int row, int column) override;
+    bool OnEndEditListItemString(int row, int column, const std::wstring& text) override;
+    void OnTakeBackListItem() override;
+    void OnEditedListItemGone() override;
+    void OnDoubleClickListItem(int row) override;
+
     // --- filters ---
 
     void OnBtnNewFilter();
@@ -119,26 +139,6 @@ class KXGUI_EXPORT CLayerDlg : public VORDRunDlg, private ILayerGridOwner {
     void keyboardCame() override;
 
   private:
-    // --- cells (ILayerGridOwner) ---
-    void OnClickListItemIcon(int row, int icon) override;
-    void OnClickListItemIcons(int row, int icon) override;
-    void OnClickListItemColor(int row, LayerColumn column) override;
-    void OnClickListItemColors(int row, LayerColumn column) override;
-    void OnClickListItemLineType(int row, LayerColumn column) override;
-    void OnClickListItemLineTypes(int row, LayerColumn column) override;
-    void OnClickListItemLineWeight(int row, LayerColumn column) override;
-    void OnClickListItemLineWeights(int row, LayerColumn column) override;
-    void OnClickListItemTransparency(int row, LayerColumn column) override;
-    void OnClickListItemTransparencys(int row, LayerColumn column) override;
-    void OnClickListItemPlotStyle(int row, LayerColumn column) override;
-    void OnClickListItemPlotStyles(int row, LayerColumn column) override;
-    bool CheckNameChangeEnable(int row) override;
-    bool OnEditingListItemString(int row, int column) override;
-    bool OnEndEditListItemString(int row, int column, const std::wstring& text) override;
-    void OnTakeBackListItem() override;
-    void OnEditedListItemGone() override;
-    void OnDoubleClickListItem(int row) override;
-
     using Rows = std::vector<int>;
     Rows selectedRows() const;
     void toggle(const Rows& rows, int clicked, int icon);
@@ -161,6 +161,8 @@ class KXGUI_EXPORT CLayerDlg : public VORDRunDlg, private ILayerGridOwner {
 
     std::vector<tv::ui::MenuItem> listMenu(int column = -1);
     std::vector<tv::ui::MenuItem> treeMenu();
+    // Fills the grid with what the chosen filter shows of the drawing.
+    void SetListCtrl();
     kx::layers::LayerRows::Filter chosenFilter() const; // empty: everything
     void showFilter();
     void readFilters();
