@@ -164,7 +164,7 @@ inline std::vector<SampleDialog> allDialogs() {
     });
     add("IDD_LAYER_EXPORT", [] {
         CLayerExportDlg dialog(drawingWithLayers(), nullptr);
-        dialog.SetPath(L"/tmp/layers.csv");
+        dialog.SetPath(L"layers.csv");
         dialog.DoModal();
     });
     add("IDD_LAYER_STATES", [] {
