@@ -283,6 +283,7 @@ void CLayerDlg::changed(const LayerWatcher::Changes& changes) {
     if (changes.viewport) {
         SetActiveDlg(true);
         m_list.UpdateRows([](LayerRows& rows) { rows.viewportChanged(); });
+        if (m_filters.asksForViewport(m_tree.selectedNode())) showFilter();
     }
     if (changes.filters) OnLayerFilterModifed();
     if (changes.table)

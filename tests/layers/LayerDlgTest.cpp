@@ -328,12 +328,26 @@ TEST_F(LayerDlg, WhatAViewportShowsIsSetRemovedAndUndone) {
         "EOF|");
     ASSERT_TRUE(database);
     const OdDbObjectId viewport = database->getOdDbObjectId(0x20), wall = layerId(L"Wall");
+    tv::dwg::LayerFilter thawed;
+    thawed.name = L"thawed";
+    thawed.expression = L"VPFROZEN==\"False\"";
+    ASSERT_FALSE(tv::dwg::addLayerFilter(*database, thawed).isNull());
     const auto before = database->bytes();
     run([&](Hands& h) {
         const auto shows = [&](LayerColumn column) {
             return h.list.cellText(h.row(L"Wall"), static_cast<int>(column));
         };
         EXPECT_TRUE(h.list.layout().at(static_cast<int>(LayerColumn::vpColor)).visible);
+        UserAction choose;
+        choose.kind = UserAction::Kind::treeSelect;
+        choose.path = {L"모두", L"thawed"};
+        h.window.act("IDC_LAYER_TREE", choose);
+        EXPECT_THAT(h.shown(), ElementsAre(L"0", L"Wall"));
+        h.cell(L"Wall", LayerColumn::vpFreeze);
+        EXPECT_THAT(h.shown(), ElementsAre(L"0")) << "the filter is asked again";
+        h.window.key(L"Ctrl+Z");
+        choose.path = {L"모두"};
+        h.window.act("IDC_LAYER_TREE", choose);
         h.cell(L"Wall", LayerColumn::vpFreeze);
         h.cell(L"Wall", LayerColumn::newVpFreeze);
         user.expect<CLayerTransparencyDlg>([](auto& box) {
