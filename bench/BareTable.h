@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QApplication>
+#include <QTableView>
 
 namespace bench {
 
@@ -14,5 +16,13 @@ struct BareTable : QAbstractTableModel {
     }
     int rows, columns;
 };
+
+// Fills the view with so many rows and paints it.
+inline void showBareTable(QTableView& view, int rows, int columns) {
+    BareTable model(rows, columns);
+    view.setModel(&model);
+    QApplication::processEvents();
+    view.grab();
+}
 
 } // namespace bench

@@ -147,12 +147,7 @@ void measureWindow(bench::Report& report, const QtToolkit& toolkit, OdDbDatabase
     view.show();
     for (int i = 0; i < rounds; ++i) {
         QApplication::processEvents();
-        best(bare, [&] {
-            bench::BareTable model(layers, columnsShown);
-            view.setModel(&model);
-            QApplication::processEvents();
-            g_result = static_cast<std::size_t>(view.grab().width());
-        });
+        best(bare, [&] { bench::showBareTable(view, layers, columnsShown); });
         QApplication::processEvents();
         best(ours, [&] {
             dialog.OnReInit();

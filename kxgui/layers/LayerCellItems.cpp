@@ -5,6 +5,7 @@
 #include "kxgui/layers/LayerIcons.h"
 #include "kxgui/layers/LayerNameRules.h"
 #include "kxgui/layers/LayerRecord.h"
+#include "kxgui/layers/LayerTexts.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbDictionary.h"
 #include "platform/drawing/OdDbLinetypeTable.h"
@@ -348,29 +349,6 @@ namespace {
 
 using Align = tv::ui::ListColumn::Align;
 
-constexpr tv::text::TableText kHeadings[] = {
-    {"IDS_ZEL_MANAGED_UI_LAYER_26", L"상태"},
-    {"IDS_ZEL_MANAGED_UI_LAYER_41", L"이름"},
-    {"IDS_ZEL_MANAGED_UI_LAYER_45", L"켜기"},
-    {"IDS_ZEL_MANAGED_UI_LAYER_22", L"동결"},
-    {"IDS_ZEL_MANAGED_UI_LAYER_43", L"잠금"},
-    {"IDS_MGD_COMMON_COLOR", L"색상"},
-    {"IDS_MGD_COMMON_LTYPE", L"선종류"},
-    {"IDS_ZEL_MANAGED_UI_LAYER_29", L"선가중치"},
-    {"IDS_ZEL_MANAGED_UI_LAYER_46", L"투명도"},
-    {"IDS_ZEL_MANAGED_UI_LAYER_49", L"플롯 스타일"},
-    {"IDS_ZEL_MANAGED_UI_LAYER_48", L"플롯"},
-    {"IDS_ZEL_MANAGED_UI_LAYER_27", L"새 VP 동결"},
-    {"IDS_CAD_GUI_LAYER_VP_FROZEN", L"VP 동결"},
-    {"IDS_CAD_GUI_LAYER_VP_COLOR", L"VP 색상"},
-    {"IDS_CAD_GUI_LAYER_VP_LINETYPE", L"VP 선종류"},
-    {"IDS_CAD_GUI_LAYER_VP_LINEWEIGHT", L"VP 선가중치"},
-    {"IDS_CAD_GUI_LAYER_VP_TRANSPARENT", L"VP 투명도"},
-    {"IDS_CAD_GUI_LAYER_VP_PLOTSTYLE", L"VP 플롯 스타일"},
-    {"IDS_CAD_GUI_LAYER_COMMON_DESC", L"설명"},
-};
-static_assert(std::size(kHeadings) == kLayerColumns);
-
 struct Look {
     int width;
     Align align;
@@ -414,7 +392,8 @@ std::unique_ptr<CLayerCellItem> makeItem(LayerColumn column) {
 std::vector<tv::ui::ListColumn> layerColumns() {
     std::vector<tv::ui::ListColumn> columns;
     for (std::size_t i = 0; i < std::size(kLooks); ++i)
-        columns.push_back({kHeadings[i].text(), kLooks[i].width, kLooks[i].align, true, {}});
+        columns.push_back(
+            {layerColumnText(static_cast<LayerColumn>(i)), kLooks[i].width, kLooks[i].align, true, {}});
     // Headings of narrow columns may be cut off.
     for (tv::ui::ListColumn& column : columns)
         column.hint = column.title;

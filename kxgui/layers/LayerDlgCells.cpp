@@ -78,10 +78,6 @@ unsigned overrideField(LayerColumn column) {
     }
 }
 
-bool ofViewport(LayerColumn column) {
-    return column >= LayerColumn::vpFreeze && column <= LayerColumn::vpPlotStyle;
-}
-
 } // namespace
 
 // --- icons ---------------------------------------------------------------------------------------------------
@@ -173,7 +169,7 @@ void CLayerDlg::chooseColor(const Rows& rows, int clicked, LayerColumn column) {
     if (!mayWrite()) return;
     const std::vector<OdDbObjectId> layers = layersOf(rows);
     const T_LAYER_DATA layer = m_rows->row(clicked);
-    const bool vp = ofViewport(column);
+    const bool vp = isViewportColumn(column);
     CColorDlg dialog(vp ? layer.vp.color.value_or(layer.color) : layer.color, 0, this);
     if (dialog.DoModal() != IDOK) return;
     const OdCmColor color = dialog.GetColor();
@@ -190,7 +186,7 @@ void CLayerDlg::chooseLinetype(const Rows& rows, int clicked, LayerColumn column
     if (!mayWrite()) return;
     const std::vector<OdDbObjectId> layers = layersOf(rows);
     const T_LAYER_DATA layer = m_rows->row(clicked);
-    const bool vp = ofViewport(column);
+    const bool vp = isViewportColumn(column);
     CLinetypeDlg dialog(m_database, false, this);
     if (vp && layer.vp.linetype)
         dialog.SetLinetype(*layer.vp.linetype);
@@ -208,7 +204,7 @@ void CLayerDlg::chooseLineWeight(const Rows& rows, int clicked, LayerColumn colu
     if (!mayWrite()) return;
     const std::vector<OdDbObjectId> layers = layersOf(rows);
     const T_LAYER_DATA layer = m_rows->row(clicked);
-    const bool vp = ofViewport(column);
+    const bool vp = isViewportColumn(column);
     CLineWeightDlg dialog(m_database, this, kx::frame::LineWeightOffer::withDefault);
     dialog.SetLineWeight(vp ? layer.vp.lineWeight.value_or(layer.lineWeight) : layer.lineWeight);
     if (dialog.DoModal() != IDOK) return;
@@ -223,7 +219,7 @@ void CLayerDlg::chooseTransparency(const Rows& rows, int clicked, LayerColumn co
     if (!mayWrite()) return;
     const std::vector<OdDbObjectId> layers = layersOf(rows);
     const T_LAYER_DATA layer = m_rows->row(clicked);
-    const bool vp = ofViewport(column);
+    const bool vp = isViewportColumn(column);
     const int present = vp && layer.vp.transparency ? layer.vp.transparency->percent() : layer.transparency;
     CLayerTransparencyDlg dialog(present, this);
     if (dialog.DoModal() != IDOK) return;
@@ -236,7 +232,7 @@ void CLayerDlg::chooseTransparency(const Rows& rows, int clicked, LayerColumn co
 
 void CLayerDlg::choosePlotStyle(const Rows& rows, int clicked, LayerColumn column) {
     if (!mayWrite()) return;
-    const bool vp = ofViewport(column);
+    const bool vp = isViewportColumn(column);
     const auto names = m_database->getPlotStyleNameDictionaryId().open<OdDbDictionary>();
     const auto byColor = m_database->headerVar(L"PSTYLEMODE");
     if (!names || (byColor && byColor->asInteger() == 1)) return warn(this, plotStylesByColorBox());

@@ -82,7 +82,7 @@ std::vector<MenuItem> CLayerDlg::listMenu(int column) {
     if (clicked >= LayerColumn::vpColor && clicked <= LayerColumn::vpPlotStyle && column >= 0)
         menu.push_back(entry(
             tv::text::format(VORD_ResourceString("IDS_TAVO_LAYER_MENU_REMOVEOVERRIDE", L"재지정 제거(&H): %s"),
-                             m_list.columns()[static_cast<std::size_t>(column)].title)
+                             layerColumnText(clicked))
                 .c_str(),
             edit && any, [this, clicked] { OnClickListMenu_REMOVEOVERRIDE(clicked); }));
     if (!m_rows->viewport().isNull())

@@ -1,5 +1,6 @@
 #include "kxgui/layers/LayerFilterEdits.h"
 
+#include "kxgui/layers/LayerNameRules.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/text/Format.h"
 #include "platform/text/ResourceString.h"
@@ -17,7 +18,6 @@ namespace kx::layers {
 namespace {
 
 constexpr const wchar_t* kStep = L"_LAYER";
-constexpr std::wstring_view kNotInNames = L"<>/\\\":;?*|,`=";
 constexpr std::size_t kLongestName = 255;
 
 std::wstring_view trimmed(std::wstring_view text) {
@@ -165,11 +165,11 @@ std::wstring ValidateFilterChange(const OdDbDatabase& database, const LayerFilte
             VORD_ResourceString("IDS_TAVO_LAYERFILTER_LONG_NAME", L"도면층 필터의 이름은 %d자까지입니다."),
             static_cast<int>(kLongestName));
     if (std::ranges::any_of(
-            name, [](wchar_t c) { return c < L' ' || kNotInNames.find(c) != std::wstring_view::npos; }))
+            name, [](wchar_t c) { return c < L' ' || kNotInLayerTexts.find(c) != std::wstring_view::npos; }))
         return tv::text::format(VORD_ResourceString("IDS_TAVO_LAYERFILTER_BAD_NAME",
                                                     L"필터 이름에 유효하지 않은 문자가 있습니다.\n\n다음 "
                                                     L"문자는 도면층 필터의 이름에 쓸 수 없습니다.\n\t%s"),
-                                std::wstring(kNotInNames));
+                                std::wstring(kNotInLayerTexts));
     // The names of the fixed ones, as they are shown and as files and scripts say them.
     for (const Node& fixed : tree.nodes())
         if (fixed.kind <= Kind::xrefs && (tv::text::equalNoCase(fixed.name, trimmed(name)) ||

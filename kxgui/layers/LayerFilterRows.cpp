@@ -2,6 +2,7 @@
 
 #include "kxgui/frame/ColorNames.h"
 #include "kxgui/frame/LineWeightNames.h"
+#include "kxgui/layers/LayerTexts.h"
 #include "platform/drawing/OdDbBlockTable.h"
 #include "platform/drawing/OdDbDatabase.h"
 #include "platform/drawing/OdDbDictionary.h"
@@ -116,31 +117,54 @@ std::wstring filterStateText(bool state) {
 }
 
 std::wstring LayerFilterRows::title(FilterProperty property) {
-    static constexpr tv::text::TableText kTitles[] = {
-        {"IDS_ZEL_MANAGED_UI_LAYER_41", L"이름"},
-        {"IDS_TAVO_LAYERFILTER_CURRENT", L"현재"},
-        {"IDS_TAVO_LAYERFILTER_USED", L"사용 중"},
-        {"IDS_ZEL_MANAGED_UI_LAYER_45", L"켜기"},
-        {"IDS_ZEL_MANAGED_UI_LAYER_22", L"동결"},
-        {"IDS_ZEL_MANAGED_UI_LAYER_43", L"잠금"},
-        {"IDS_MGD_COMMON_COLOR", L"색상"},
-        {"IDS_MGD_COMMON_LTYPE", L"선종류"},
-        {"IDS_ZEL_MANAGED_UI_LAYER_29", L"선가중치"},
-        {"IDS_ZEL_MANAGED_UI_LAYER_46", L"투명도"},
-        {"IDS_ZEL_MANAGED_UI_LAYER_49", L"플롯 스타일"},
-        {"IDS_ZEL_MANAGED_UI_LAYER_48", L"플롯"},
-        {"IDS_ZEL_MANAGED_UI_LAYER_27", L"새 VP 동결"},
-        {"IDS_CAD_GUI_LAYER_VP_FROZEN", L"VP 동결"},
-        {"IDS_TAVO_LAYERFILTER_OVERRIDES", L"VP 재지정"},
-        {"IDS_CAD_GUI_LAYER_VP_COLOR", L"VP 색상"},
-        {"IDS_CAD_GUI_LAYER_VP_LINETYPE", L"VP 선종류"},
-        {"IDS_CAD_GUI_LAYER_VP_LINEWEIGHT", L"VP 선가중치"},
-        {"IDS_CAD_GUI_LAYER_VP_TRANSPARENT", L"VP 투명도"},
-        {"IDS_CAD_GUI_LAYER_VP_PLOTSTYLE", L"VP 플롯 스타일"},
-        {"IDS_TAVO_LAYERFILTER_XREFS", L"외부 참조"},
-        {"IDS_CAD_GUI_LAYER_COMMON_DESC", L"설명"},
-    };
-    return kTitles[static_cast<std::size_t>(property)].text();
+    using enum FilterProperty;
+    switch (property) {
+    case current:
+        return VORD_ResourceString("IDS_TAVO_LAYERFILTER_CURRENT", L"현재").c_str();
+    case used:
+        return VORD_ResourceString("IDS_TAVO_LAYERFILTER_USED", L"사용 중").c_str();
+    case vpOverrides:
+        return VORD_ResourceString("IDS_TAVO_LAYERFILTER_OVERRIDES", L"VP 재지정").c_str();
+    case xref:
+        return VORD_ResourceString("IDS_TAVO_LAYERFILTER_XREFS", L"외부 참조").c_str();
+    case name:
+        return layerColumnText(LayerColumn::name);
+    case on:
+        return layerColumnText(LayerColumn::on);
+    case frozen:
+        return layerColumnText(LayerColumn::freeze);
+    case locked:
+        return layerColumnText(LayerColumn::lock);
+    case color:
+        return layerColumnText(LayerColumn::color);
+    case linetype:
+        return layerColumnText(LayerColumn::linetype);
+    case lineWeight:
+        return layerColumnText(LayerColumn::lineweight);
+    case transparency:
+        return layerColumnText(LayerColumn::transparency);
+    case plotStyle:
+        return layerColumnText(LayerColumn::plotStyle);
+    case plottable:
+        return layerColumnText(LayerColumn::plot);
+    case newVpFrozen:
+        return layerColumnText(LayerColumn::newVpFreeze);
+    case vpFrozen:
+        return layerColumnText(LayerColumn::vpFreeze);
+    case vpColor:
+        return layerColumnText(LayerColumn::vpColor);
+    case vpLinetype:
+        return layerColumnText(LayerColumn::vpLinetype);
+    case vpLineWeight:
+        return layerColumnText(LayerColumn::vpLineweight);
+    case vpTransparency:
+        return layerColumnText(LayerColumn::vpTransparency);
+    case vpPlotStyle:
+        return layerColumnText(LayerColumn::vpPlotStyle);
+    case description:
+        return layerColumnText(LayerColumn::description);
+    }
+    return {};
 }
 
 void LayerFilterRows::setRows(std::vector<FilterRow> rows) {

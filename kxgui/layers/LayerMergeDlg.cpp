@@ -4,6 +4,7 @@
 #include "kxgui/frame/Templates.h"
 #include "kxgui/layers/LayerBoxes.h"
 #include "kxgui/layers/LayerHistory.h"
+#include "kxgui/layers/LayerTexts.h"
 #include "platform/drawing/NameReferences.h"
 #include "platform/drawing/OdDbLayerTable.h"
 #include "platform/text/Format.h"
@@ -54,7 +55,7 @@ void CLayerMergeDlg::SetText() {
         tv::text::format(VORD_ResourceString("IDS_TAVO_LAYMRG_LABEL", L"병합할 도면층 %d개(&M):"),
                          static_cast<int>(m_layers.size())));
     m_targetsLabel.SetWindowText(VORD_ResourceString("IDS_TAVO_LAYMRG_TARGETS", L"대상 도면층(&T):"));
-    const std::wstring name = VORD_ResourceString("IDS_ZEL_MANAGED_UI_LAYER_41", L"이름").c_str();
+    const std::wstring name = kx::layers::layerColumnText(LayerColumn::name);
     m_names.SetColumns({{name, 260}});
     m_targetList.SetColumns({{name, 260}});
     m_ok.SetWindowText(VORD_ResourceString("IDS_MGD_COMMON_OK", L"확인"));

@@ -23,7 +23,29 @@ std::wstring layerWeightText(OdDb::LineWeight weight) {
 }
 
 std::wstring layerColumnText(LayerColumn column) {
-    return layerColumns()[static_cast<std::size_t>(column)].title;
+    static constexpr tv::text::TableText kHeadings[] = {
+        {"IDS_ZEL_MANAGED_UI_LAYER_26", L"상태"},
+        {"IDS_ZEL_MANAGED_UI_LAYER_41", L"이름"},
+        {"IDS_ZEL_MANAGED_UI_LAYER_45", L"켜기"},
+        {"IDS_ZEL_MANAGED_UI_LAYER_22", L"동결"},
+        {"IDS_ZEL_MANAGED_UI_LAYER_43", L"잠금"},
+        {"IDS_MGD_COMMON_COLOR", L"색상"},
+        {"IDS_MGD_COMMON_LTYPE", L"선종류"},
+        {"IDS_ZEL_MANAGED_UI_LAYER_29", L"선가중치"},
+        {"IDS_ZEL_MANAGED_UI_LAYER_46", L"투명도"},
+        {"IDS_ZEL_MANAGED_UI_LAYER_49", L"플롯 스타일"},
+        {"IDS_ZEL_MANAGED_UI_LAYER_48", L"플롯"},
+        {"IDS_ZEL_MANAGED_UI_LAYER_27", L"새 VP 동결"},
+        {"IDS_CAD_GUI_LAYER_VP_FROZEN", L"VP 동결"},
+        {"IDS_CAD_GUI_LAYER_VP_COLOR", L"VP 색상"},
+        {"IDS_CAD_GUI_LAYER_VP_LINETYPE", L"VP 선종류"},
+        {"IDS_CAD_GUI_LAYER_VP_LINEWEIGHT", L"VP 선가중치"},
+        {"IDS_CAD_GUI_LAYER_VP_TRANSPARENT", L"VP 투명도"},
+        {"IDS_CAD_GUI_LAYER_VP_PLOTSTYLE", L"VP 플롯 스타일"},
+        {"IDS_CAD_GUI_LAYER_COMMON_DESC", L"설명"},
+    };
+    static_assert(std::size(kHeadings) == kLayerColumns);
+    return kHeadings[static_cast<std::size_t>(column)].text();
 }
 
 std::wstring literalMenuText(std::wstring_view name) {
